@@ -1,0 +1,12 @@
+# Compiler options shared by every target of the project.
+add_library(telvaro_options INTERFACE)
+target_compile_options(telvaro_options INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor)
+if(TELVARO_WERROR)
+  target_compile_options(telvaro_options INTERFACE -Werror)
+endif()
+if(TELVARO_SANITIZE)
+  target_compile_options(telvaro_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                   -fno-omit-frame-pointer)
+  target_link_options(telvaro_options INTERFACE -fsanitize=address,undefined)
+endif()
+target_include_directories(telvaro_options INTERFACE ${PROJECT_SOURCE_DIR}/src)

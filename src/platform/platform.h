@@ -1,0 +1,16 @@
+// The services the methods need from the operating system, behind one
+// interface per concern. A Fun object holds a Platform; the POSIX and
+// Win32 implementations supply the real services, tests supply fakes.
+#pragma once
+
+#include "platform/message_box.h"
+
+namespace telvaro {
+
+class Platform {
+public:
+    virtual ~Platform() = default;
+    virtual MessageBoxService& messageBoxes() = 0;
+};
+
+}  // namespace telvaro

@@ -1,0 +1,20 @@
+// The platform services on Linux and other POSIX systems.
+#pragma once
+
+#include <memory>
+
+#include "platform/platform.h"
+
+namespace telvaro::posix {
+
+class PosixPlatform : public Platform {
+public:
+    PosixPlatform();
+    ~PosixPlatform() override;
+    MessageBoxService& messageBoxes() override;
+
+private:
+    std::unique_ptr<MessageBoxService> messageBoxes_;
+};
+
+}  // namespace telvaro::posix

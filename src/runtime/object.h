@@ -1,0 +1,44 @@
+// The late-bound object: a caller's form, control, connection or recordset,
+// reached only through its members' names at call time, as an automation
+// client reaches an IDispatch. Names are compared case-insensitively. An
+// object without the member raises error 438.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "runtime/variant.h"
+
+namespace telvaro {
+
+enum class InvokeKind { Method, PropertyGet, PropertyPut, PropertyPutRef };
+
+class Object : public std::enable_shared_from_this<Object> {
+public:
+    virtual ~Object() = default;
+
+    // The one entry point. `member` empty means the default member. `args`
+    // are the call's arguments in order (for a put, the indices followed by
+    // the value); a method may write back into them (by-reference arguments).
+    virtual Variant invoke(StringView member, InvokeKind kind, std::span<Variant> args) = 0;
+
+    // The runtime's TypeName of the object ("TextBox", "Recordset", ...).
+    virtual String typeName() const { return u"Object"; }
+
+    // Conveniences that read like the member access they perform.
+    Variant get(StringView member);
+    Variant get(StringView member, std::vector<Variant> indices);
+    void put(StringView member, const Variant& value);
+    void put(StringView member, std::vector<Variant> indices, const Variant& value);
+    Variant call(StringView member, std::vector<Variant> args = {});
+    Variant call(StringView member, std::span<Variant> args);
+};
+
+// The object held by a Variant; error 91 for Nothing, 424 for a non-object.
+Object& objectOf(const Variant& v);
+
+// The error for a member an object does not have.
+[[noreturn]] void raiseNoSuchMember();
+
+}  // namespace telvaro
