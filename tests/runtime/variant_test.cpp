@@ -1,0 +1,154 @@
+// The value model: distinct types, arrays with any lower bounds and value
+// semantics, checked 16- and 32-bit arithmetic, UTF-16 text.
+#include <gtest/gtest.h>
+
+#include "runtime/checked.h"
+#include "runtime/object.h"
+#include "runtime/variant.h"
+#include "support/support.h"
+
+namespace telvaro {
+namespace {
+
+TEST(Variant, EachAlternativeHasItsOwnType) {
+    struct Case {
+        Variant value;
+        VarType type;
+        const char* name;
+    };
+    const Case cases[] = {
+        {Variant(), VarType::Empty, "Empty"},
+        {Variant(Null{}), VarType::Null, "Null"},
+        {Variant::missing(), VarType::Error, "Error"},
+        {Variant(True), VarType::Boolean, "Boolean"},
+        {Variant(std::uint8_t(7)), VarType::Byte, "Byte"},
+        {Variant(std::int16_t(7)), VarType::Integer, "Integer"},
+        {Variant(std::int32_t(7)), VarType::Long, "Long"},
+        {Variant(Currency{70000}), VarType::Currency, "Currency"},
+        {Variant(Decimal::fromInt64(7)), VarType::Decimal, "Decimal"},
+        {Variant(7.0), VarType::Double, "Double"},
+        {Variant(Date{7.0}), VarType::Date, "Date"},
+        {Variant(u"7"), VarType::String, "String"},
+        {Variant(ObjectRef()), VarType::Object, "Object"},
+        {Variant(Array::vector(0, 1)), VarType::Array, "Array"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(c.value.type(), c.type) << c.name;
+        EXPECT_STREQ(varTypeName(c.value.type()), c.name);
+    }
+    EXPECT_FALSE(identical(Variant(std::int16_t(7)), Variant(std::int32_t(7)))) << "Integer is not Long";
+    EXPECT_FALSE(identical(Variant(7.0), Variant(Date{7.0}))) << "Double is not Date";
+    EXPECT_TRUE(Variant::missing().isMissing());
+    EXPECT_FALSE(Variant(ErrorCode{5}).isMissing());
+}
+
+TEST(Variant, BooleanKeepsTheCallersBits) {
+    EXPECT_EQ(True.bits, -1);
+    EXPECT_EQ(False.bits, 0);
+    EXPECT_EQ(Boolean::fromBits(1).bits, 1) << "a non-standard True is not normalised";
+    EXPECT_TRUE(Boolean::fromBits(1).isTrue());
+}
+
+TEST(Array, BoundsAndSubscripts) {
+    Array v = Array::vector(1, 3);
+    EXPECT_EQ(v.lbound(), 1);
+    EXPECT_EQ(v.ubound(), 3);
+    v.at(3) = Variant(u"c");
+    EXPECT_TRUE(identical(v.at(3), Variant(u"c")));
+    EXPECT_EQ(errorNumberOf([&] { v.at(0); }), err::SubscriptOutOfRange);
+    EXPECT_EQ(errorNumberOf([&] { v.at(4); }), err::SubscriptOutOfRange);
+    EXPECT_EQ(errorNumberOf([&] { v.ubound(2); }), err::SubscriptOutOfRange);
+    EXPECT_EQ(errorNumberOf([&] { v.at(1, 1); }), err::SubscriptOutOfRange);
+
+    Array m = Array::matrix(0, 1, 5, 7);
+    EXPECT_EQ(m.dimensions(), 2);
+    EXPECT_EQ(m.size(), 6u);
+    EXPECT_EQ(m.lbound(2), 5);
+    EXPECT_EQ(m.ubound(2), 7);
+    m.at(1, 6) = Variant(std::int32_t(16));
+    // Column-major storage, the first subscript varying fastest.
+    EXPECT_TRUE(identical(m.elements()[1 + (6 - 5) * 2], Variant(std::int32_t(16))));
+    EXPECT_EQ(errorNumberOf([&] { m.at(2, 5); }), err::SubscriptOutOfRange);
+
+    Array empty = Array::vector(0, -1);
+    EXPECT_EQ(empty.size(), 0u);
+    EXPECT_EQ(errorNumberOf([] { Array::vector(0, -2); }), err::SubscriptOutOfRange);
+}
+
+TEST(Array, CopiesDoNotShareElements) {
+    Variant a(Array::vector(0, 0));
+    Variant b = a;
+    b.mutableArray().at(0) = Variant(u"changed");
+    EXPECT_TRUE(a.array().at(0).isEmpty());
+    EXPECT_TRUE(identical(b.array().at(0), Variant(u"changed")));
+    EXPECT_EQ(errorNumberOf([] { Variant(u"x").array(); }), err::TypeMismatch);
+}
+
+TEST(Checked, SixteenAndThirtyTwoBitArithmeticOverflowsWithError6) {
+    Int16 i = 32766;
+    ++i;
+    EXPECT_EQ(i.value(), 32767);
+    EXPECT_EQ(errorNumberOf([&] { ++i; }), err::Overflow);
+    EXPECT_EQ(errorNumberOf([] { Int16 a = -32768; -a; }), err::Overflow);
+    EXPECT_EQ(errorNumberOf([] { Int16(200) * Int16(200); }), err::Overflow);
+    EXPECT_EQ(errorNumberOf([] { Int32(2147483647) + Int32(1); }), err::Overflow);
+    EXPECT_EQ((Int32(-2147483647) - Int32(1)).value(), -2147483647 - 1);
+    EXPECT_EQ(errorNumberOf([] { toByte(256); }), err::Overflow);
+    EXPECT_EQ(errorNumberOf([] { toByte(-1); }), err::Overflow);
+}
+
+TEST(Checked, DoublesRoundHalfToEvenBeforeTheRangeCheck) {
+    struct Case {
+        double in;
+        int out;
+    };
+    for (auto c : {Case{0.5, 0}, Case{1.5, 2}, Case{2.5, 2}, Case{-1.5, -2}, Case{-2.5, -2}, Case{2.4999, 2},
+                   Case{32767.4, 32767}, Case{-32768.5, -32768}}) {
+        EXPECT_EQ(Int16::ofDouble(c.in).value(), c.out) << c.in;
+    }
+    EXPECT_EQ(errorNumberOf([] { Int16::ofDouble(32767.5); }), err::Overflow);
+    EXPECT_EQ(errorNumberOf([] { Int32::ofDouble(2147483647.5); }), err::Overflow);
+    EXPECT_EQ(errorNumberOf([] { Int32::ofDouble(std::nan("")); }), err::Overflow);
+}
+
+TEST(Text, Utf8RoundTripsAndCountsUtf16Units) {
+    String s = fromUtf8("año €𝄞");
+    EXPECT_EQ(s.size(), 7u) << "the clef is a surrogate pair";
+    EXPECT_EQ(toUtf8(s), "año €𝄞");
+    EXPECT_EQ(fromUtf8("a\xff" "b"), u"a\uFFFDb");
+    EXPECT_EQ(fromUtf8("\xe2\x82"), u"\uFFFD");
+    EXPECT_EQ(toUtf8(String(1, char16_t(0xD800))), "\xEF\xBF\xBD");
+}
+
+TEST(RuntimeError, CarriesTheStandardDescriptions) {
+    EXPECT_EQ(RuntimeError(13).description(), u"Type mismatch");
+    EXPECT_EQ(RuntimeError(6).description(), u"Overflow");
+    EXPECT_EQ(RuntimeError(438).description(), u"Object doesn't support this property or method");
+    EXPECT_EQ(RuntimeError(449).description(), u"Argument not optional");
+    EXPECT_STREQ(RuntimeError(9).what(), "Error 9: Subscript out of range");
+}
+
+class Recorder : public Object {
+public:
+    Variant invoke(StringView member, InvokeKind kind, std::span<Variant> args) override {
+        log.push_back(String(member) + (kind == InvokeKind::PropertyPut ? u"=" : u""));
+        if (member == u"Name") return Variant(u"txtCodigo");
+        if (kind == InvokeKind::PropertyPut) return Variant(static_cast<std::int32_t>(args.size()));
+        raiseNoSuchMember();
+    }
+    std::vector<String> log;
+};
+
+TEST(Object, LateBoundAccessByName) {
+    auto r = std::make_shared<Recorder>();
+    Variant v{ObjectRef(r)};
+    EXPECT_TRUE(identical(objectOf(v).get(u"Name"), Variant(u"txtCodigo")));
+    objectOf(v).put(u"Text", Variant(u"12"));
+    EXPECT_EQ(errorNumberOf([&] { objectOf(v).call(u"Refresh"); }), err::ObjectDoesNotSupport);
+    EXPECT_EQ(r->log, (std::vector<String>{u"Name", u"Text=", u"Refresh"}));
+    EXPECT_EQ(errorNumberOf([] { objectOf(Variant(ObjectRef())); }), err::ObjectVariableNotSet);
+    EXPECT_EQ(errorNumberOf([] { objectOf(Variant(u"x")); }), err::ObjectRequired);
+}
+
+}  // namespace
+}  // namespace telvaro

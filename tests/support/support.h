@@ -1,0 +1,39 @@
+// Helpers shared by the test programs: readable printing of Variants and
+// texts in failure messages, and the error number a call raises.
+#pragma once
+
+#include <functional>
+#include <ostream>
+#include <string>
+
+#include "runtime/convert.h"
+#include "runtime/error.h"
+#include "runtime/variant.h"
+
+namespace telvaro {
+
+// "Integer 3", "String \"abc\"", "Null", "Error 13 while printing" ...
+inline std::string describe(const Variant& v) {
+    std::string type = toUtf8(typeName(v));
+    if (v.isEmpty() || v.isNull() || v.isArray() || v.isObject() || v.type() == VarType::Error) return type;
+    try {
+        std::string text = toUtf8(toString(v));
+        return type + (v.isString() ? " \"" + text + "\"" : " " + text);
+    } catch (const RuntimeError& e) {
+        return type + " (unprintable: " + e.what() + ")";
+    }
+}
+
+inline void PrintTo(const Variant& v, std::ostream* os) { *os << describe(v); }
+
+// The number of the RuntimeError `f` raises; 0 when it raises none.
+inline int errorNumberOf(const std::function<void()>& f) {
+    try {
+        f();
+    } catch (const RuntimeError& e) {
+        return e.number();
+    }
+    return 0;
+}
+
+}  // namespace telvaro
