@@ -5,8 +5,10 @@
 #pragma once
 
 #include <cmath>
+#include <concepts>
 #include <cstdint>
 #include <limits>
+#include <type_traits>
 
 #include "runtime/error.h"
 
@@ -55,12 +57,43 @@ public:
     friend Checked operator*(Checked a, Checked b) { return of(std::int64_t(a.v_) * b.v_); }
     friend Checked operator-(Checked a) { return of(-std::int64_t(a.v_)); }
 
+    // Mixed with plain integers (literals): still checked, result in this type.
+    template <std::integral U>
+    friend Checked operator+(Checked a, U b) { return of(std::int64_t(a.v_) + std::int64_t(b)); }
+    template <std::integral U>
+    friend Checked operator+(U a, Checked b) { return of(std::int64_t(a) + b.v_); }
+    template <std::integral U>
+    friend Checked operator-(Checked a, U b) { return of(std::int64_t(a.v_) - std::int64_t(b)); }
+    template <std::integral U>
+    friend Checked operator-(U a, Checked b) { return of(std::int64_t(a) - b.v_); }
+    template <std::integral U>
+    friend Checked operator*(Checked a, U b) { return of(std::int64_t(a.v_) * std::int64_t(b)); }
+    template <std::integral U>
+    friend Checked operator*(U a, Checked b) { return of(std::int64_t(a) * b.v_); }
+
 private:
     T v_ = 0;
 };
 
 using Int16 = Checked<std::int16_t>;
 using Int32 = Checked<std::int32_t>;
+
+// The runtime's For loop over a checked counter: the end bound is first
+// converted to the counter's type (error 6 when it does not fit), and after
+// the last round the counter still steps past the end, which overflows when
+// the end is the type's maximum. The body may return false to leave the loop
+// early (Exit For).
+template <typename T, typename Body>
+void forLoop(Checked<T> from, std::int64_t to, Body&& body) {
+    const Checked<T> end = Checked<T>::of(to);
+    for (Checked<T> i = from; i.value() <= end.value(); ++i) {
+        if constexpr (std::is_same_v<decltype(body(i)), bool>) {
+            if (!body(i)) return;
+        } else {
+            body(i);
+        }
+    }
+}
 
 // Range-checked narrowing helpers for code that computes in a wider type.
 inline std::int16_t toInt16(std::int64_t v) { return Int16::of(v).value(); }

@@ -26,22 +26,17 @@ String fromUtf8(std::string_view in) {
             ++i;
             continue;
         }
-        bool valid = true;
-        for (std::size_t k = 1; k <= extra; ++k) {
-            if (i + k >= in.size()) {
-                valid = false;
-                break;
-            }
+        // A broken sequence becomes one U+FFFD covering its valid prefix.
+        std::size_t k = 1;
+        for (; k <= extra; ++k) {
+            if (i + k >= in.size()) break;
             unsigned char cc = static_cast<unsigned char>(in[i + k]);
-            if ((cc & 0xC0) != 0x80) {
-                valid = false;
-                break;
-            }
+            if ((cc & 0xC0) != 0x80) break;
             cp = (cp << 6) | (cc & 0x3F);
         }
-        if (!valid) {
+        if (k <= extra) {
             out.push_back(u'\uFFFD');
-            ++i;
+            i += k;
             continue;
         }
         i += extra + 1;
