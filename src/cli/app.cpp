@@ -1,11 +1,51 @@
 #include "cli/app.h"
 
-#include <cstdio>
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+#include "cli/batch.h"
+#include "cli/commands.h"
 
 namespace telvaro::cli {
 
-int run(int, char**) {
-    std::fputs("telvaro: the command line is being built\n", stderr);
+int run(int argc, char** argv) {
+    CLI::App app{"telvaro: the Fun library's methods from the command line"};
+    app.require_subcommand(1);
+
+    bool missingOnly = false;
+    auto* methods = app.add_subcommand("methods", "List the methods: order, DISPID, name, parameters, result");
+    methods->add_flag("--missing", missingOnly, "Only the names of the methods not built yet");
+
+    std::string method;
+    std::vector<std::string> args;
+    auto* call = app.add_subcommand("call", "Call one method with text arguments and print its result");
+    call->add_option("method", method, "Method name")->required();
+    call->add_option("args", args, "Arguments, coerced to the declared parameter types");
+    call->positionals_at_end();
+
+    auto* batch = app.add_subcommand("batch", "Answer JSON Lines requests from stdin on stdout");
+    auto* demo = app.add_subcommand("demo", "A guided tour of what the library can do");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& e) {
+        return app.exit(e) == 0 ? 0 : 2;
+    }
+
+    if (methods->parsed()) {
+        listMethods(std::cout, missingOnly);
+        return 0;
+    }
+    if (call->parsed()) return callMethod(method, args, std::cout, std::cerr);
+    if (batch->parsed()) {
+        std::ios::sync_with_stdio(false);
+        runBatch(std::cin, std::cout);
+        return 0;
+    }
+    if (demo->parsed()) {
+        runDemo(std::cout);
+        return 0;
+    }
     return 2;
 }
 

@@ -1,0 +1,47 @@
+#include <ostream>
+
+#include "cli/commands.h"
+#include "cli/json_values.h"
+#include "frame/fun.h"
+#include "runtime/convert.h"
+#include "runtime/error.h"
+
+namespace telvaro::cli {
+
+namespace {
+
+// The display form of a result: its text; an array as its elements, one
+// per line.
+void printValue(std::ostream& out, const Variant& v) {
+    if (v.isArray()) {
+        for (const auto& item : v.array().elements()) printValue(out, item);
+        return;
+    }
+    if (v.isNull()) {
+        out << "Null\n";
+        return;
+    }
+    if (v.isObject()) {
+        out << (v.get<ObjectRef>() ? "(Object)" : "Nothing") << '\n';
+        return;
+    }
+    out << toUtf8(toString(v)) << '\n';
+}
+
+}  // namespace
+
+int callMethod(const std::string& method, const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    std::vector<Variant> values;
+    for (const auto& a : args) values.push_back(Variant(fromUtf8(a)));
+    try {
+        Fun fun;
+        Variant result = fun.invoke(method, values);
+        printValue(out, result);
+        return 0;
+    } catch (const RuntimeError& e) {
+        err << "Error " << e.number() << ": " << toUtf8(e.description()) << '\n';
+        return 1;
+    }
+}
+
+}  // namespace telvaro::cli

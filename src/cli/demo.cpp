@@ -1,0 +1,96 @@
+// The guided tour of `telvaro demo`: a few calls of each family built so
+// far, made the way an application makes them (late-bound, by name), with
+// their results. Each family adds one section to the list below.
+#include <functional>
+#include <iomanip>
+#include <ostream>
+
+#include "cli/batch.h"
+#include "cli/commands.h"
+#include "frame/bind.h"
+#include "frame/catalogue.h"
+#include "frame/fun.h"
+#include "runtime/convert.h"
+#include "runtime/error.h"
+
+namespace telvaro::cli {
+
+namespace {
+
+std::string shown(const Variant& v) {
+    if (v.isArray()) {
+        std::string items;
+        for (const auto& item : v.array().elements())
+            items += (items.empty() ? "" : ", ") + toUtf8(typeName(item)) + " " + toUtf8(toString(item));
+        return "Array(" + items + ")";
+    }
+    return toUtf8(typeName(v)) + " " + toUtf8(toString(v));
+}
+
+// Shows one call: the call as an application writes it, then its result.
+void show(std::ostream& out, Fun& fun, const std::string& method, std::vector<Variant> args, const std::string& text) {
+    out << "  " << std::left << std::setw(50) << (method + "(" + text + ")");
+    try {
+        std::string result = shown(fun.invoke(method, args));
+        out << " = " << result << '\n';
+    } catch (const RuntimeError& e) {
+        out << " raises error " << e.number() << ": " << toUtf8(e.description()) << '\n';
+    }
+}
+
+void textSection(std::ostream& out, Fun& fun) {
+    out << "Text and vectors\n";
+    show(out, fun, "strCuentaCaracteres", {Variant(u"aaaa"), Variant(u"aa")}, "\"aaaa\", \"aa\"");
+    show(out, fun, "strCuentaCaracteres", {Variant(u"Abcabc"), Variant(u"B")}, "\"Abcabc\", \"B\"");
+    show(out, fun, "strCadenaEntrePosicion", {Variant(u"abcdef"), Variant(std::int16_t(2)), Variant(std::int16_t(4))},
+         "\"abcdef\", 2, 4");
+    show(out, fun, "strPosicion_XAvo_Caracter", {Variant(u"a,b,c"), Variant(u","), Variant(std::int16_t(2))},
+         "\"a,b,c\", \",\", 2");
+    show(out, fun, "strPosicion_XAvo_Caracter", {Variant(u"a,b"), Variant(u","), Variant(std::int16_t(3))},
+         "\"a,b\", \",\", 3");
+    show(out, fun, "fn_LlenaVector", {Variant(u"1,2,3"), Variant(std::int32_t(1))}, "\"1,2,3\", Numero_");
+    Variant list = fun.call("fn_LlenaVector", {Variant(u"Uno,Dos,Tres"), Variant(std::int32_t(0))});
+    show(out, fun, "fn_BuscaEnVector", {list, Variant(u"dos")}, "Array(\"Uno\",\"Dos\",\"Tres\"), \"dos\"");
+    show(out, fun, "strCuentaCaracteres", {Variant(String(40000, u'x')), Variant(u"")}, "<40000 characters>, \"\"");
+}
+
+void dispatchSection(std::ostream& out, Fun& fun) {
+    out << "Late-bound calls\n";
+    std::vector<Variant> args{Variant(u"banana"), Variant(u"A")};
+    Variant r = fun.invoke(std::int32_t(0x60030000), args);
+    out << "  by DISPID 0x60030000 (strCuentaCaracteres \"banana\", \"A\") = " << shown(r) << '\n';
+    show(out, fun, "strCadenaEntrePosicion", {Variant(u"abc"), Variant(u"uno"), Variant(u"2")},
+         "\"abc\", \"uno\", \"2\"");
+    show(out, fun, "strCadenaEntrePosicion", {Variant(u"abc")}, "\"abc\"");
+    show(out, fun, "NoExiste", {}, "");
+}
+
+void batchSection(std::ostream& out) {
+    out << "Batch protocol (telvaro batch)\n";
+    const std::string request = R"({"id":1,"method":"strPosicion_XAvo_Caracter","args":["a,b",",",3]})";
+    out << "  > " << request << '\n';
+    out << "  < " << answerRequest(request) << '\n';
+}
+
+}  // namespace
+
+void runDemo(std::ostream& out) {
+    out << "Telvaro: the Fun library of the data-entry applications\n\n";
+    Fun fun;
+    const std::vector<std::function<void()>> sections = {
+        [&] { textSection(out, fun); },
+        [&] { dispatchSection(out, fun); },
+        [&] { batchSection(out); },
+    };
+    for (const auto& section : sections) {
+        section();
+        out << '\n';
+    }
+    std::size_t built = 0;
+    for (const auto& m : catalogue())
+        if (findBinding(m.name)) ++built;
+    out << "Methods built: " << built << " of " << catalogue().size()
+        << " (telvaro methods --missing lists the others)\n";
+}
+
+}  // namespace telvaro::cli

@@ -1,0 +1,159 @@
+#include "cli/json_values.h"
+
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+#include "runtime/checked.h"
+#include "runtime/convert.h"
+#include "runtime/datetime.h"
+#include "runtime/error.h"
+
+namespace telvaro::cli {
+
+using json = nlohmann::ordered_json;
+
+namespace {
+
+Decimal decimalFrom(const json& value) {
+    std::string text = value.is_string() ? value.get<std::string>() : value.dump();
+    auto d = Decimal::parse(fromUtf8(text), u'.', u'\0');
+    if (!d) throw MalformedRequest("not a decimal number: " + text);
+    return *d;
+}
+
+double numberFrom(const json& value) {
+    if (value.is_number()) return value.get<double>();
+    if (value.is_string()) {
+        auto n = parseNumber(fromUtf8(value.get<std::string>()));
+        if (n) return *n;
+    }
+    throw MalformedRequest("not a number: " + value.dump());
+}
+
+std::int64_t integerFrom(const json& value) {
+    double d = numberFrom(value);
+    if (d != std::floor(d) || std::fabs(d) > 9.0e15) throw MalformedRequest("not an integer: " + value.dump());
+    return static_cast<std::int64_t>(d);
+}
+
+// {"type": T, "value": V}: exactly that Variant type.
+Variant typedValue(const json& request) {
+    const std::string type = request.at("type").get<std::string>();
+    const json value = request.contains("value") ? request.at("value") : json();
+    try {
+        if (type == "Empty") return Variant();
+        if (type == "Null") return Variant(Null{});
+        if (type == "Integer") return Variant(toInt16(integerFrom(value)));
+        if (type == "Long") return Variant(toInt32(integerFrom(value)));
+        if (type == "Byte") return Variant(toByte(integerFrom(value)));
+        if (type == "Double") return Variant(numberFrom(value));
+        if (type == "Currency") return Variant(Currency{decimalFrom(value).toCurrency()});
+        if (type == "Decimal") return Variant(decimalFrom(value));
+        if (type == "Date") return Variant(Date{parseIsoDate(value.get<std::string>())});
+        if (type == "String") return Variant(fromUtf8(value.is_string() ? value.get<std::string>() : value.dump()));
+        if (type == "Boolean") {
+            if (value.is_boolean()) return Variant(Boolean(value.get<bool>()));
+            return Variant(Boolean::fromBits(toInt16(integerFrom(value))));
+        }
+    } catch (const RuntimeError&) {
+        throw MalformedRequest(type + " value out of range: " + value.dump());
+    }
+    throw MalformedRequest("unknown type: " + type);
+}
+
+}  // namespace
+
+Variant decodeValue(const json& value) {
+    switch (value.type()) {
+        case json::value_t::string: return Variant(fromUtf8(value.get<std::string>()));
+        case json::value_t::boolean: return Variant(Boolean(value.get<bool>()));
+        case json::value_t::null: return Variant(Null{});
+        case json::value_t::number_integer:
+        case json::value_t::number_unsigned: {
+            // An integer literal is a Long when it fits, else a Double; the
+            // dispatcher then coerces it to the declared type.
+            if (value.is_number_unsigned() && value.get<std::uint64_t>() > 2147483647ull) return Variant(value.get<double>());
+            std::int64_t n = value.get<std::int64_t>();
+            if (n >= INT32_MIN && n <= INT32_MAX) return Variant(static_cast<std::int32_t>(n));
+            return Variant(static_cast<double>(n));
+        }
+        case json::value_t::number_float: return Variant(value.get<double>());
+        case json::value_t::array: {
+            std::vector<Variant> items;
+            for (const auto& item : value) items.push_back(decodeValue(item));
+            return Variant(Array::ofValues(std::move(items), 0));
+        }
+        case json::value_t::object: {
+            if (value.contains("missing")) return Variant::missing();
+            if (value.contains("empty")) return Variant();
+            if (value.contains("date")) return Variant(Date{parseIsoDate(value.at("date").get<std::string>())});
+            if (value.contains("type")) return typedValue(value);
+            if (value.contains("object")) {
+                throw RuntimeError(err::ObjectDoesNotSupportAction,
+                                   u"Object kind not supported yet: " + fromUtf8(value.at("object").dump()));
+            }
+            throw MalformedRequest("unknown typed value: " + value.dump());
+        }
+        default: throw MalformedRequest("unsupported value: " + value.dump());
+    }
+}
+
+std::string formatIsoDate(double serial) {
+    CivilDate d = civilDate(serial);
+    TimeOfDay t = timeOfDay(serial);
+    char buf[40];
+    std::snprintf(buf, sizeof buf, "%04d-%02d-%02dT%02d:%02d:%02d", d.year, d.month, d.day, t.hour, t.minute, t.second);
+    return buf;
+}
+
+double parseIsoDate(const std::string& text) {
+    int y = 0, mo = 0, d = 0, h = 0, mi = 0, s = 0;
+    int n = std::sscanf(text.c_str(), "%d-%d-%dT%d:%d:%d", &y, &mo, &d, &h, &mi, &s);
+    if (n != 3 && n != 6) throw MalformedRequest("not a date (YYYY-MM-DDTHH:MM:SS): " + text);
+    if (mo < 1 || mo > 12 || d < 1 || d > daysInMonth(y, mo) || y < 100 || y > 9999 || h > 23 || mi > 59 || s > 59 ||
+        h < 0 || mi < 0 || s < 0)
+        throw MalformedRequest("not a valid date: " + text);
+    double day = dateSerial(y, mo, d);
+    double time = timeSerial(h, mi, s);
+    return day < 0 ? day - time : day + time;
+}
+
+json encodeValue(const Variant& v) {
+    json out;
+    out["type"] = varTypeName(v.type());
+    switch (v.type()) {
+        case VarType::Empty:
+        case VarType::Null: break;
+        case VarType::Error: out["value"] = v.get<ErrorCode>().scode; break;
+        case VarType::Boolean: out["value"] = v.get<Boolean>().bits; break;
+        case VarType::Byte: out["value"] = v.get<std::uint8_t>(); break;
+        case VarType::Integer: out["value"] = v.get<std::int16_t>(); break;
+        case VarType::Long: out["value"] = v.get<std::int32_t>(); break;
+        case VarType::Double: out["value"] = v.get<double>(); break;
+        case VarType::Currency: out["value"] = toUtf8(Decimal::fromCurrency(v.get<Currency>().scaled).toString(u'.')); break;
+        case VarType::Decimal: out["value"] = toUtf8(v.get<Decimal>().toString(u'.')); break;
+        case VarType::Date: out["value"] = formatIsoDate(v.get<Date>().serial); break;
+        case VarType::String: out["value"] = toUtf8(v.get<String>()); break;
+        case VarType::Object: out["value"] = nullptr; break;
+        case VarType::Array: {
+            const Array& a = v.array();
+            json items = json::array();
+            if (a.dimensions() == 2) {
+                for (std::int32_t i = a.lbound(1); i <= a.ubound(1); ++i) {
+                    json row = json::array();
+                    for (std::int32_t j = a.lbound(2); j <= a.ubound(2); ++j) row.push_back(encodeValue(a.at(i, j)));
+                    items.push_back(row);
+                }
+            } else {
+                for (const auto& item : a.elements()) items.push_back(encodeValue(item));
+            }
+            out["value"] = items;
+            break;
+        }
+        default: break;
+    }
+    return out;
+}
+
+}  // namespace telvaro::cli
