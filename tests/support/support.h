@@ -15,6 +15,11 @@ namespace telvaro {
 // "Integer 3", "String \"abc\"", "Null", "Error 13 while printing" ...
 inline std::string describe(const Variant& v) {
     std::string type = toUtf8(typeName(v));
+    if (v.isArray()) {
+        std::string items;
+        for (const auto& item : v.array().elements()) items += (items.empty() ? "" : ", ") + describe(item);
+        return type + "{" + items + "}";
+    }
     if (v.isEmpty() || v.isNull() || v.isArray() || v.isObject() || v.type() == VarType::Error) return type;
     try {
         std::string text = toUtf8(toString(v));

@@ -1,0 +1,187 @@
+// The command line as outside callers drive it: the typed-value codec of the
+// batch protocol, scripted message boxes, and the program run end to end.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <memory>
+
+#include "cli/batch.h"
+#include "cli/json_values.h"
+#include "cli/scripted_message_box.h"
+#include "support/support.h"
+
+namespace telvaro::cli {
+namespace {
+
+using json = nlohmann::ordered_json;
+
+TEST(JsonValues, RequestValuesDecodeToTheirVariantTypes) {
+    struct Case {
+        const char* json;
+        VarType type;
+        const char* text;  // the value's text, "" to skip
+    };
+    const Case cases[] = {
+        {R"("abc")", VarType::String, "abc"},
+        {R"(5)", VarType::Long, "5"},
+        {R"(3000000000)", VarType::Double, "3000000000"},
+        {R"(2.5)", VarType::Double, "2.5"},
+        {R"(true)", VarType::Boolean, "True"},
+        {R"(null)", VarType::Null, ""},
+        {R"({"empty": true})", VarType::Empty, ""},
+        {R"({"missing": true})", VarType::Error, ""},
+        {R"({"date": "1998-12-31T10:30:00"})", VarType::Date, "31/12/1998 10:30:00"},
+        {R"({"date": "1998-12-31"})", VarType::Date, "31/12/1998"},
+        {R"({"type": "Integer", "value": 5})", VarType::Integer, "5"},
+        {R"({"type": "Byte", "value": 255})", VarType::Byte, "255"},
+        {R"({"type": "Currency", "value": "12.3456"})", VarType::Currency, "12.3456"},
+        {R"({"type": "Decimal", "value": "0.10"})", VarType::Decimal, "0.10"},
+        {R"({"type": "Boolean", "value": 0})", VarType::Boolean, "False"},
+        {R"({"type": "String", "value": "ñandú"})", VarType::String, "ñandú"},
+        {R"(["a", 1])", VarType::Array, ""},
+    };
+    for (const auto& c : cases) {
+        Variant v = decodeValue(json::parse(c.json));
+        EXPECT_EQ(v.type(), c.type) << c.json;
+        if (*c.text) {
+            EXPECT_EQ(toUtf8(toString(v)), c.text) << c.json;
+        }
+    }
+}
+
+TEST(JsonValues, UndecodableValuesAreMalformed) {
+    for (const char* bad : {R"({"type": "Integer", "value": 40000})", R"({"type": "Integer", "value": 1.5})",
+                            R"({"type": "Quaternion", "value": 1})", R"({"date": "1998-02-30"})",
+                            R"({"date": "ayer"})", R"({"color": 1})"}) {
+        EXPECT_THROW(decodeValue(json::parse(bad)), MalformedRequest) << bad;
+    }
+    EXPECT_EQ(errorNumberOf([] { decodeValue(json::parse(R"({"object": "grid"})")); }),
+              err::ObjectDoesNotSupportAction);
+}
+
+TEST(JsonValues, AnswersCarryTypeAndValue) {
+    EXPECT_EQ(encodeValue(Variant(std::int16_t(2))).dump(), R"({"type":"Integer","value":2})");
+    EXPECT_EQ(encodeValue(Variant(std::int32_t(2))).dump(), R"({"type":"Long","value":2})");
+    EXPECT_EQ(encodeValue(Variant(2.0)).dump(), R"({"type":"Double","value":2.0})");
+    EXPECT_EQ(encodeValue(Variant(0.1)).dump(), R"({"type":"Double","value":0.1})");
+    EXPECT_EQ(encodeValue(Variant(True)).dump(), R"({"type":"Boolean","value":-1})");
+    EXPECT_EQ(encodeValue(Variant(Null{})).dump(), R"({"type":"Null"})");
+    EXPECT_EQ(encodeValue(Variant()).dump(), R"({"type":"Empty"})");
+    EXPECT_EQ(encodeValue(Variant(Currency{25000})).dump(), R"({"type":"Currency","value":"2.5000"})");
+    EXPECT_EQ(encodeValue(Variant(Date{36160.4375})).dump(), R"({"type":"Date","value":"1998-12-31T10:30:00"})");
+    EXPECT_EQ(encodeValue(Variant(Array::ofValues({Variant(u"a"), Variant(1.5)}))).dump(),
+              R"({"type":"Array","value":[{"type":"String","value":"a"},{"type":"Double","value":1.5}]})");
+    Array m = Array::matrix(0, 1, 0, 0);
+    m.at(1, 0) = Variant(u"x");
+    EXPECT_EQ(encodeValue(Variant(m)).dump(),
+              R"({"type":"Array","value":[[{"type":"Empty"}],[{"type":"String","value":"x"}]]})");
+}
+
+TEST(ScriptedMessageBox, AnswersInOrderThenTheDefaultButton) {
+    ScriptedMessageBox boxes({7});
+    EXPECT_EQ(boxes.show(u"¿Guardar?", 36, u"Confirme"), 7);
+    EXPECT_EQ(boxes.show(u"¿Seguro?", 52 + 256, u"Confirme"), 7) << "the second button is the default";
+    EXPECT_EQ(boxes.show(u"Listo", 64, u"LISTO"), 1);
+    ASSERT_EQ(boxes.shown().size(), 3u);
+    EXPECT_EQ(boxes.shown()[0].title, u"Confirme");
+    EXPECT_EQ(boxes.shown()[1].style, 52 + 256);
+}
+
+json answerOf(const std::string& request) { return json::parse(answerRequest(request)); }
+
+TEST(Batch, AnswersCallsWithTypedResultsAndByRefValues) {
+    json a = answerOf(R"({"id":1,"method":"strPosicion_XAvo_Caracter","args":["a,b",",",3]})");
+    EXPECT_EQ(a.dump().substr(0, 47), R"({"id":1,"result":{"type":"Integer","value":2},)");
+    EXPECT_EQ(a["byref"][2], json::parse(R"({"type":"Integer","value":3})")) << "coerced to the declared type";
+    EXPECT_EQ(a["messages"], json::array());
+
+    json rounded = answerOf(R"({"id":2,"method":"strCadenaEntrePosicion","args":["abcdef",2.5,4]})");
+    EXPECT_EQ(rounded["result"]["value"], "bc") << "2.5 becomes the Integer 2";
+    EXPECT_EQ(rounded["byref"][1], json::parse(R"({"type":"Integer","value":2})"));
+}
+
+TEST(Batch, ErrorsAnswerTheRuntimeNumbers) {
+    struct Case {
+        const char* request;
+        int number;
+    };
+    const Case cases[] = {
+        {R"({"id":1,"method":"strCuentaCaracteres","args":["abc","b","uno"]})", 13},
+        {R"({"id":2,"method":"strCuentaCaracteres","args":["abc"]})", 449},
+        {R"({"id":3,"method":"strCuentaCaracteres","args":["abc","b",1,2]})", 450},
+        {R"({"id":4,"method":"strCuentaCaracteres","args":["abc","b",{"missing":true}]})", 0},
+        {R"({"id":5,"method":"strCadenaEntrePosicion","args":["abc",40000,1]})", 6},
+        {R"({"id":6,"method":"NoExiste","args":[]})", 438},
+        {R"({"id":7,"method":"fn_ValidaCedula","args":["1710034065"]})", 445},
+        {R"(not json)", -1},
+        {R"([1,2])", -1},
+        {R"({"id":8})", -1},
+        {R"({"id":9,"method":"strCuentaCaracteres","args":"abc"})", -1},
+        {R"({"id":10,"method":"strCuentaCaracteres","args":[{"type":"Integer","value":99999}]})", -1},
+    };
+    for (const auto& c : cases) {
+        json a = answerOf(c.request);
+        if (c.number == 0) {
+            EXPECT_FALSE(a.contains("error")) << c.request << " -> " << a.dump();
+        } else {
+            ASSERT_TRUE(a.contains("error")) << c.request << " -> " << a.dump();
+            EXPECT_EQ(a["error"]["number"], c.number) << c.request;
+            EXPECT_FALSE(a["error"]["description"].get<std::string>().empty());
+        }
+    }
+    EXPECT_EQ(answerOf(R"({"id":"x7","method":1})")["id"], "x7") << "the id is echoed even when malformed";
+}
+
+// Runs the built program with `input` on stdin; returns its stdout.
+std::string run(const std::string& args, const std::string& input = "", int* status = nullptr) {
+    std::string inputFile = testing::TempDir() + "telvaro_input.txt";
+    std::ofstream(inputFile) << input;
+    std::string command = std::string(TELVARO_BINARY) + " " + args + " < " + inputFile + " 2>&1";
+    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+    std::string out;
+    std::array<char, 4096> buf{};
+    while (std::size_t n = std::fread(buf.data(), 1, buf.size(), pipe.get())) out.append(buf.data(), n);
+    int rc = pclose(pipe.release());
+    if (status) *status = WEXITSTATUS(rc);
+    return out;
+}
+
+TEST(Program, CallPrintsTheResultOrTheError) {
+    int status = -1;
+    EXPECT_EQ(run("call strCuentaCaracteres aaaa aa", "", &status), "3\n");
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(run("call strCuentaCaracteres aaaa aa 0", "", &status), "Error 5: Invalid procedure call or argument\n");
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(run("call fn_LlenaVector 1,2,3 1"), "1\n2\n3\n");
+}
+
+TEST(Program, BatchAnswersEveryLineAndGoesOnAfterAMalformedOne) {
+    std::string out = run("batch", "{\"id\":1,\"method\":\"strCuentaCaracteres\",\"args\":[\"aaaa\",\"aa\"]}\n"
+                                   "this is not json\n"
+                                   "\n"
+                                   "{\"id\":3,\"method\":\"strCuentaCaracteres\",\"args\":[\"abc\",\"\"]}\n");
+    std::vector<json> answers;
+    std::size_t start = 0;
+    for (std::size_t nl; (nl = out.find('\n', start)) != std::string::npos; start = nl + 1)
+        answers.push_back(json::parse(out.substr(start, nl - start)));
+    ASSERT_EQ(answers.size(), 3u) << out;
+    EXPECT_EQ(answers[0]["result"]["value"], 3);
+    EXPECT_EQ(answers[1]["error"]["number"], -1);
+    EXPECT_EQ(answers[2]["id"], 3);
+    EXPECT_EQ(answers[2]["result"]["value"], 3);
+}
+
+TEST(Program, MethodsListsTheCatalogue) {
+    std::string all = run("methods");
+    EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 119);
+    EXPECT_NE(all.find("116  0x60030087  fn_ValidaCedula2("), std::string::npos);
+    std::string missing = run("methods --missing");
+    EXPECT_EQ(missing.find("strCuentaCaracteres"), std::string::npos);
+    EXPECT_NE(missing.find("\nfn_ValidaRUC3\n"), std::string::npos);
+    EXPECT_EQ(missing.find(' '), std::string::npos) << "names only";
+}
+
+}  // namespace
+}  // namespace telvaro::cli
