@@ -93,7 +93,7 @@ json answerOf(const std::string& request) { return json::parse(answerRequest(req
 
 TEST(Batch, AnswersCallsWithTypedResultsAndByRefValues) {
     json a = answerOf(R"({"id":1,"method":"strPosicion_XAvo_Caracter","args":["a,b",",",3]})");
-    EXPECT_EQ(a.dump().substr(0, 47), R"({"id":1,"result":{"type":"Integer","value":2},)");
+    EXPECT_EQ(a.dump().substr(0, 46), R"({"id":1,"result":{"type":"Integer","value":2},)");
     EXPECT_EQ(a["byref"][2], json::parse(R"({"type":"Integer","value":3})")) << "coerced to the declared type";
     EXPECT_EQ(a["messages"], json::array());
 
