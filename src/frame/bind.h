@@ -220,5 +220,6 @@ Binding bind(std::string_view name) {
 // without a binding raise "not implemented".
 const std::vector<Binding>& bindings();
 const Binding* findBinding(std::string_view name);
+const Binding* findBinding(const MethodInfo& method);
 
 }  // namespace telvaro

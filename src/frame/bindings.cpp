@@ -30,4 +30,15 @@ const Binding* findBinding(std::string_view name) {
     return it == byName.end() ? nullptr : it->second;
 }
 
+const Binding* findBinding(const MethodInfo& method) {
+    // One slot per method of the catalogue, filled once.
+    static const std::vector<const Binding*> byOrder = [] {
+        std::vector<const Binding*> slots(catalogue().size() + 1, nullptr);
+        for (const auto& m : catalogue()) slots[static_cast<std::size_t>(m.order)] = findBinding(m.name);
+        return slots;
+    }();
+    auto order = static_cast<std::size_t>(method.order);
+    return order < byOrder.size() ? byOrder[order] : findBinding(method.name);
+}
+
 }  // namespace telvaro

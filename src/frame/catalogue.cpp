@@ -2,7 +2,6 @@
 
 #include <unordered_map>
 
-#include "runtime/text.h"
 
 namespace telvaro {
 
@@ -49,10 +48,16 @@ std::size_t MethodInfo::requiredCount() const {
 
 namespace {
 
-String foldedName(std::string_view name) { return upperCase(ascii(name)); }
+// Method names are ASCII: they are folded to upper case byte by byte.
+std::string foldedName(std::string_view name) {
+    std::string folded(name);
+    for (auto& c : folded)
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    return folded;
+}
 
 struct Index {
-    std::unordered_map<String, const MethodInfo*> byName;
+    std::unordered_map<std::string, const MethodInfo*> byName;
     std::unordered_map<std::int32_t, const MethodInfo*> byDispid;
 };
 
@@ -70,12 +75,16 @@ const Index& index() {
 
 }  // namespace
 
-const MethodInfo* findMethod(StringView name) {
-    auto it = index().byName.find(upperCase(name));
+const MethodInfo* findMethod(std::string_view name) {
+    auto it = index().byName.find(foldedName(name));
     return it == index().byName.end() ? nullptr : it->second;
 }
 
-const MethodInfo* findMethod(std::string_view name) { return findMethod(StringView(fromUtf8(name))); }
+const MethodInfo* findMethod(StringView name) {
+    for (char16_t c : name)
+        if (c >= 0x80) return nullptr;  // no method name has other characters
+    return findMethod(std::string_view(toUtf8(name)));
+}
 
 const MethodInfo* findMethod(std::int32_t dispid) {
     auto it = index().byDispid.find(dispid);

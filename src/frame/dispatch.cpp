@@ -42,7 +42,7 @@ std::vector<Variant> prepareArguments(const MethodInfo& method, const std::vecto
 }
 
 Variant dispatch(Fun& fun, const MethodInfo& method, std::vector<Variant>& args) {
-    const Binding* binding = findBinding(method.name);
+    const Binding* binding = findBinding(method);
     if (!binding) raiseNotImplemented(ascii(method.name));
 
     std::vector<Variant> prepared = prepareArguments(method, args);

@@ -26,7 +26,9 @@ Variant Fun::invoke(StringView method, std::vector<Variant>& args) {
 }
 
 Variant Fun::invoke(std::string_view method, std::vector<Variant>& args) {
-    return invoke(StringView(fromUtf8(method)), args);
+    const MethodInfo* m = findMethod(method);
+    if (!m) raise(err::ObjectDoesNotSupport);
+    return invoke(*m, args);
 }
 
 Variant Fun::invoke(std::int32_t dispid, std::vector<Variant>& args) {
