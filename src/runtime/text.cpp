@@ -25,25 +25,20 @@ static String folded(StringView s) {
     return out;
 }
 
-String upperCase(StringView s) {
+// Maps each UTF-16 unit through a simple case mapping; surrogates and
+// mappings outside the basic plane are left as they are.
+static String mapCase(StringView s, UChar32 (*mapping)(UChar32)) {
     String out(s);
     for (auto& c : out) {
         if (c >= 0xD800 && c <= 0xDFFF) continue;
-        UChar32 u = u_toupper(c);
+        UChar32 u = mapping(c);
         if (u <= 0xFFFF) c = static_cast<char16_t>(u);
     }
     return out;
 }
 
-String lowerCase(StringView s) {
-    String out(s);
-    for (auto& c : out) {
-        if (c >= 0xD800 && c <= 0xDFFF) continue;
-        UChar32 u = u_tolower(c);
-        if (u <= 0xFFFF) c = static_cast<char16_t>(u);
-    }
-    return out;
-}
+String upperCase(StringView s) { return mapCase(s, u_toupper); }
+String lowerCase(StringView s) { return mapCase(s, u_tolower); }
 
 bool textEquals(StringView a, StringView b) {
     if (a.size() != b.size()) return false;
