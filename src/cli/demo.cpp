@@ -54,6 +54,15 @@ void textSection(std::ostream& out, Fun& fun) {
     show(out, fun, "strCuentaCaracteres", {Variant(String(40000, u'x')), Variant(u"")}, "<40000 characters>, \"\"");
 }
 
+void identitySection(std::ostream& out, Fun& fun) {
+    out << "Cedula and RUC\n";
+    show(out, fun, "fn_ValidaCedula", {Variant(u"1710034065")}, "\"1710034065\"");
+    show(out, fun, "fn_ValidaCedula2", {Variant(u"1710034065"), Variant(True)}, "\"1710034065\", True");
+    show(out, fun, "fn_ValidaCedula3", {Variant(u"1710034064"), Variant(False)}, "\"1710034064\", False");
+    show(out, fun, "fn_ValidaRUC2", {Variant(u"1790011674001"), Variant(False)}, "\"1790011674001\", False");
+    show(out, fun, "fn_ValidaRUC", {Variant(u"1790011674004")}, "\"1790011674004\"");
+}
+
 void dispatchSection(std::ostream& out, Fun& fun) {
     out << "Late-bound calls\n";
     std::vector<Variant> args{Variant(u"banana"), Variant(u"A")};
@@ -79,6 +88,7 @@ void runDemo(std::ostream& out) {
     Fun fun;
     const std::vector<std::function<void()>> sections = {
         [&] { textSection(out, fun); },
+        [&] { identitySection(out, fun); },
         [&] { dispatchSection(out, fun); },
         [&] { batchSection(out); },
     };

@@ -4,6 +4,7 @@
 
 #include <unordered_map>
 
+#include "ident/cedula_ruc.h"
 #include "text/strings.h"
 
 namespace telvaro {
@@ -16,6 +17,13 @@ const std::vector<Binding>& bindings() {
         bind<&text::strPosicion_XAvo_Caracter>("strPosicion_XAvo_Caracter"),
         bind<&text::fn_LlenaVector>("fn_LlenaVector"),
         bind<&text::fn_BuscaEnVector>("fn_BuscaEnVector"),
+        // Identity numbers
+        bind<&ident::fn_ValidaCedula>("fn_ValidaCedula"),
+        bind<&ident::fn_ValidaCedula2>("fn_ValidaCedula2"),
+        bind<&ident::fn_ValidaCedula3>("fn_ValidaCedula3"),
+        bind<&ident::fn_ValidaRUC>("fn_ValidaRUC"),
+        bind<&ident::fn_ValidaRUC2>("fn_ValidaRUC2"),
+        bind<&ident::fn_ValidaRUC3>("fn_ValidaRUC3"),
     };
     return all;
 }

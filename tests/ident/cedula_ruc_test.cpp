@@ -1,0 +1,137 @@
+// Cédula and RUC checks as applications call them, with the warning
+// prompt answered by a script.
+#include <gtest/gtest.h>
+
+#include "cli/scripted_message_box.h"
+#include "frame/fun.h"
+#include "support/support.h"
+
+namespace telvaro {
+namespace {
+
+struct Outcome {
+    Variant result;
+    std::vector<cli::ShownMessage> shown;
+    int error = 0;
+};
+
+Outcome call(const char* method, std::vector<Variant> args, std::vector<int> answers = {}) {
+    cli::ScriptedPlatform platform(std::move(answers));
+    Fun fun(platform);
+    Outcome out;
+    try {
+        out.result = fun.invoke(method, args);
+    } catch (const RuntimeError& e) {
+        out.error = e.number();
+    }
+    out.shown = platform.boxes().shown();
+    return out;
+}
+
+Variant S(const char16_t* s) { return Variant(s); }
+
+TEST(FormatChecks, LengthDashAndEstablishment) {
+    struct Case {
+        const char* method;
+        const char16_t* number;
+        bool valid;
+    };
+    const Case cases[] = {
+        {"fn_ValidaCedula", u"1710034065", true},
+        {"fn_ValidaCedula", u"ABCDEFGHIJ", true},  // letters are not tested here
+        {"fn_ValidaCedula", u"9999999999", false},
+        {"fn_ValidaCedula", u"171003406-", false},
+        {"fn_ValidaCedula", u"171003406", false},
+        {"fn_ValidaCedula", u"17100340655", false},
+        {"fn_ValidaCedula", u"", false},
+        {"fn_ValidaRUC", u"1710034065001", true},
+        {"fn_ValidaRUC", u"1710034065003", true},
+        {"fn_ValidaRUC", u"1710034065004", false},
+        {"fn_ValidaRUC", u"171003406500", false},
+        {"fn_ValidaRUC", u"17100-4065001", false},
+    };
+    for (const auto& c : cases) {
+        Outcome o = call(c.method, {S(c.number)});
+        EXPECT_TRUE(identical(o.result, Variant(Boolean(c.valid)))) << c.method << " " << toUtf8(c.number);
+    }
+}
+
+TEST(Cedula, CheckDigitClassAndWarning) {
+    struct Case {
+        const char16_t* number;
+        bool advertir;
+        std::vector<int> answers;
+        std::int16_t code;  // fn_ValidaCedula3
+        std::size_t prompts;
+    };
+    const Case cases[] = {
+        {u"1710034065", true, {}, 1, 0},       // weighted sum 25: check digit 5
+        {u"1710034064", false, {}, 0, 0},      // wrong check digit, no warning asked
+        {u"1710034064", true, {6}, 2, 1},      // the user accepts it
+        {u"1710034064", true, {7}, 0, 1},      // the user refuses it
+        {u"1770034065", true, {7}, 0, 1},      // class digit 7 fails with a right check digit
+        {u"171003406", true, {6}, 0, 0},       // format fails: never a prompt
+    };
+    for (const auto& c : cases) {
+        Outcome three = call("fn_ValidaCedula3", {S(c.number), Variant(Boolean(c.advertir))}, c.answers);
+        EXPECT_TRUE(identical(three.result, Variant(c.code))) << toUtf8(c.number) << " " << describe(three.result);
+        EXPECT_EQ(three.shown.size(), c.prompts) << toUtf8(c.number);
+        Outcome two = call("fn_ValidaCedula2", {S(c.number), Variant(Boolean(c.advertir))}, c.answers);
+        EXPECT_TRUE(identical(two.result, Variant(Boolean(c.code != 0)))) << toUtf8(c.number);
+    }
+    Outcome warned = call("fn_ValidaCedula2", {S(u"1710034064"), Variant(True)}, {6});
+    ASSERT_EQ(warned.shown.size(), 1u);
+    EXPECT_EQ(warned.shown[0].style, 52);
+    EXPECT_EQ(warned.shown[0].title, u"Confirme");
+    EXPECT_EQ(warned.shown[0].prompt,
+              u"El número de cédula parece que está incorrecto, desea ignorar esto y continuar de todas formas?");
+}
+
+TEST(Cedula, CheckDigitZeroAndSeven) {
+    EXPECT_TRUE(identical(call("fn_ValidaCedula3", {S(u"0200000990"), Variant(False)}).result, Variant(std::int16_t(1))))
+        << "2*1 + 9*1 + 9*2(=9) = 20 gives check digit 0";
+    EXPECT_TRUE(identical(call("fn_ValidaCedula3", {S(u"0500000997"), Variant(False)}).result, Variant(std::int16_t(1))))
+        << "5*1 + 9*1 + 9*2(=9) = 23 gives check digit 7";
+}
+
+TEST(Cedula, LettersAmongTheFirstNineDigitsAreATypeMismatch) {
+    EXPECT_EQ(call("fn_ValidaCedula2", {S(u"17A0034065"), Variant(True)}).error, err::TypeMismatch);
+    EXPECT_EQ(call("fn_ValidaCedula3", {S(u"1 10034065"), Variant(False)}).error, err::TypeMismatch);
+}
+
+TEST(Ruc, ClassesCheckDigitsAndEstablishments) {
+    struct Case {
+        const char16_t* number;
+        bool valid;
+    };
+    const Case cases[] = {
+        {u"1710034065001", true},   // natural person: the cédula format and "001"
+        {u"1710034064001", true},   // natural person: the cédula check digit is not applied
+        {u"1790011674001", true},   // private company: 4,3,2,7,6,5,4,3,2 modulo 11
+        {u"1790011675001", false},  // private company, wrong check digit
+        {u"1790011674003", true},   // private company, establishment 003
+        {u"1760001550001", true},   // public entity: 3,2,7,6,5,4,3,2 modulo 11, check at 9
+        {u"1760001551001", false},  // public entity: establishment is the last four, "1001"
+        {u"1790000010001", false},  // private company whose remainder is 1 never passes
+    };
+    for (const auto& c : cases) {
+        Outcome o = call("fn_ValidaRUC2", {S(c.number), Variant(False)});
+        EXPECT_TRUE(identical(o.result, Variant(Boolean(c.valid)))) << toUtf8(c.number);
+        EXPECT_TRUE(o.shown.empty());
+    }
+    Outcome accepted = call("fn_ValidaRUC3", {S(u"1790011675001"), Variant(True)}, {6});
+    EXPECT_TRUE(identical(accepted.result, Variant(True))) << "an accepted number reads as valid";
+    ASSERT_EQ(accepted.shown.size(), 1u);
+    EXPECT_EQ(accepted.shown[0].prompt,
+              u"El número de RUC parece que está incorrecto, desea ignorar esto y continuar de todas formas?");
+    Outcome refused = call("fn_ValidaRUC3", {S(u"1790011675001"), Variant(True)}, {7});
+    EXPECT_TRUE(identical(refused.result, Variant(False)));
+    Outcome wrongFormat = call("fn_ValidaRUC2", {S(u"1790011675004"), Variant(True)}, {6});
+    EXPECT_TRUE(identical(wrongFormat.result, Variant(False)));
+    EXPECT_TRUE(wrongFormat.shown.empty());
+    Outcome letters = call("fn_ValidaRUC2", {S(u"17AB011674001"), Variant(False)});
+    EXPECT_EQ(letters.error, 0) << "letters count as 0 in the RUC checks";
+}
+
+}  // namespace
+}  // namespace telvaro
