@@ -54,6 +54,16 @@ void textSection(std::ostream& out, Fun& fun) {
     show(out, fun, "strCuentaCaracteres", {Variant(String(40000, u'x')), Variant(u"")}, "<40000 characters>, \"\"");
 }
 
+void fractionsSection(std::ostream& out, Fun& fun) {
+    out << "Packs and loose units (a pack of 12)\n";
+    const Variant twelve(std::int16_t(12));
+    show(out, fun, "numFraccion_a_Decimal", {Variant(u"5.06"), twelve}, "\"5.06\", 12");
+    show(out, fun, "numDecimal_a_Fraccion", {Variant(u"3.5"), twelve}, "\"3.5\", 12");
+    show(out, fun, "StockResta", {Variant(5.06), Variant(u"2.08"), twelve}, "5.06, \"2.08\", 12");
+    show(out, fun, "StockSuma", {Variant(5.06), Variant(u"0.08"), twelve}, "5.06, \"0.08\", 12");
+    show(out, fun, "numTruncar", {Variant(2.5679), Variant(std::int16_t(2))}, "2.5679, 2");
+}
+
 void identitySection(std::ostream& out, Fun& fun) {
     out << "Cedula and RUC\n";
     show(out, fun, "fn_ValidaCedula", {Variant(u"1710034065")}, "\"1710034065\"");
@@ -88,6 +98,7 @@ void runDemo(std::ostream& out) {
     Fun fun;
     const std::vector<std::function<void()>> sections = {
         [&] { textSection(out, fun); },
+        [&] { fractionsSection(out, fun); },
         [&] { identitySection(out, fun); },
         [&] { dispatchSection(out, fun); },
         [&] { batchSection(out); },

@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "ident/cedula_ruc.h"
+#include "text/fractions.h"
 #include "text/strings.h"
 
 namespace telvaro {
@@ -17,6 +18,15 @@ const std::vector<Binding>& bindings() {
         bind<&text::strPosicion_XAvo_Caracter>("strPosicion_XAvo_Caracter"),
         bind<&text::fn_LlenaVector>("fn_LlenaVector"),
         bind<&text::fn_BuscaEnVector>("fn_BuscaEnVector"),
+        // Fractions and stock quantities
+        bind<&text::numFraccion_a_Decimal>("numFraccion_a_Decimal"),
+        bind<&text::numDecimal_a_Fraccion>("numDecimal_a_Fraccion"),
+        bind<&text::StockResta>("StockResta"),
+        bind<&text::StockSuma>("StockSuma"),
+        bind<&text::numEsMultiplo>("numEsMultiplo"),
+        bind<&text::numParteEntera>("numParteEntera"),
+        bind<&text::numParteDecimal>("numParteDecimal"),
+        bind<&text::numTruncar>("numTruncar"),
         // Identity numbers
         bind<&ident::fn_ValidaCedula>("fn_ValidaCedula"),
         bind<&ident::fn_ValidaCedula2>("fn_ValidaCedula2"),
