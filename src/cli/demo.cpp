@@ -64,6 +64,14 @@ void fractionsSection(std::ostream& out, Fun& fun) {
     show(out, fun, "numTruncar", {Variant(2.5679), Variant(std::int16_t(2))}, "2.5679, 2");
 }
 
+void datesSection(std::ostream& out, Fun& fun) {
+    out << "Dates\n";
+    show(out, fun, "MyFecha", {Variant(u"15/03/2024")}, "\"15/03/2024\"");
+    show(out, fun, "fecEdadExacta", {Variant(u"14/07/2024"), Variant(u"02/05/2004")}, "\"14/07/2024\", \"02/05/2004\"");
+    show(out, fun, "fecUltimoDiaMes", {Variant(std::int32_t(2)), Variant(std::int32_t(2024))}, "2, 2024");
+    show(out, fun, "FechaPrimerDia", {Variant(u"15/03/2024")}, "\"15/03/2024\"");
+}
+
 void identitySection(std::ostream& out, Fun& fun) {
     out << "Cedula and RUC\n";
     show(out, fun, "fn_ValidaCedula", {Variant(u"1710034065")}, "\"1710034065\"");
@@ -99,6 +107,7 @@ void runDemo(std::ostream& out) {
     const std::vector<std::function<void()>> sections = {
         [&] { textSection(out, fun); },
         [&] { fractionsSection(out, fun); },
+        [&] { datesSection(out, fun); },
         [&] { identitySection(out, fun); },
         [&] { dispatchSection(out, fun); },
         [&] { batchSection(out); },

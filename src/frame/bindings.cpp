@@ -4,6 +4,7 @@
 
 #include <unordered_map>
 
+#include "dates/date_helpers.h"
 #include "ident/cedula_ruc.h"
 #include "text/fractions.h"
 #include "text/strings.h"
@@ -27,6 +28,11 @@ const std::vector<Binding>& bindings() {
         bind<&text::numParteEntera>("numParteEntera"),
         bind<&text::numParteDecimal>("numParteDecimal"),
         bind<&text::numTruncar>("numTruncar"),
+        // Dates
+        bind<&dates::MyFecha>("MyFecha"),
+        bind<&dates::fecEdadExacta>("fecEdadExacta"),
+        bind<&dates::fecUltimoDiaMes>("fecUltimoDiaMes"),
+        bind<&dates::FechaPrimerDia>("FechaPrimerDia"),
         // Identity numbers
         bind<&ident::fn_ValidaCedula>("fn_ValidaCedula"),
         bind<&ident::fn_ValidaCedula2>("fn_ValidaCedula2"),
