@@ -64,6 +64,18 @@ void fractionsSection(std::ostream& out, Fun& fun) {
     show(out, fun, "numTruncar", {Variant(2.5679), Variant(std::int16_t(2))}, "2.5679, 2");
 }
 
+void amountSection(std::ostream& out, Fun& fun) {
+    out << "Amounts in words\n";
+    const Variant masculine(std::int32_t(1)), omitted = Variant::missing();
+    show(out, fun, "Numero2Letra",
+         {Variant(u"1234.56"), omitted, omitted, Variant(u"dólares"), Variant(u"centavos"), masculine, masculine},
+         "\"1234.56\", , , \"dólares\", \"centavos\", Masculino, Masculino");
+    show(out, fun, "Numero2Letra", {Variant(u"21000000"), omitted, omitted, Variant(u"dólares"), Variant(u"centavos"), masculine},
+         "\"21000000\", , , \"dólares\", \"centavos\", Masculino");
+    show(out, fun, "Numero2Letra", {Variant(u"201.21"), omitted, omitted, Variant(u"pesetas"), Variant(u"céntimos")},
+         "\"201.21\", , , \"pesetas\", \"céntimos\"");
+}
+
 void datesSection(std::ostream& out, Fun& fun) {
     out << "Dates\n";
     show(out, fun, "MyFecha", {Variant(u"15/03/2024")}, "\"15/03/2024\"");
@@ -107,6 +119,7 @@ void runDemo(std::ostream& out) {
     const std::vector<std::function<void()>> sections = {
         [&] { textSection(out, fun); },
         [&] { fractionsSection(out, fun); },
+        [&] { amountSection(out, fun); },
         [&] { datesSection(out, fun); },
         [&] { identitySection(out, fun); },
         [&] { dispatchSection(out, fun); },

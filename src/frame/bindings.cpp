@@ -6,6 +6,7 @@
 
 #include "dates/date_helpers.h"
 #include "ident/cedula_ruc.h"
+#include "text/amount_in_words.h"
 #include "text/fractions.h"
 #include "text/strings.h"
 
@@ -28,6 +29,7 @@ const std::vector<Binding>& bindings() {
         bind<&text::numParteEntera>("numParteEntera"),
         bind<&text::numParteDecimal>("numParteDecimal"),
         bind<&text::numTruncar>("numTruncar"),
+        bind<&text::Numero2Letra>("Numero2Letra"),
         // Dates
         bind<&dates::MyFecha>("MyFecha"),
         bind<&dates::fecEdadExacta>("fecEdadExacta"),

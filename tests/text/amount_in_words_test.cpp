@@ -1,0 +1,108 @@
+// Amounts in words as invoices and cheques print them.
+#include <gtest/gtest.h>
+
+#include "frame/fun.h"
+#include "support/support.h"
+#include "text/amount_in_words.h"
+
+namespace telvaro {
+namespace {
+
+using enum eSexo;
+
+TEST(NumberInWords, SpanishNumeralsWithGenderAndApocope) {
+    struct Case {
+        std::int64_t n;
+        eSexo gender;
+        bool beforeNoun;
+        const char16_t* words;
+    };
+    const Case cases[] = {
+        {0, Masculino, true, u"cero"},
+        {1, Masculino, false, u"uno"},
+        {1, Masculino, true, u"un"},
+        {1, Femenino, true, u"una"},
+        {15, Masculino, true, u"quince"},
+        {16, Masculino, true, u"dieciséis"},
+        {21, Masculino, true, u"veintiún"},
+        {21, Masculino, false, u"veintiuno"},
+        {21, Femenino, true, u"veintiuna"},
+        {22, Masculino, true, u"veintidós"},
+        {31, Masculino, true, u"treinta y un"},
+        {31, Femenino, false, u"treinta y una"},
+        {99, Masculino, true, u"noventa y nueve"},
+        {100, Masculino, true, u"cien"},
+        {101, Masculino, true, u"ciento un"},
+        {200, Femenino, true, u"doscientas"},
+        {500, Masculino, true, u"quinientos"},
+        {555, Femenino, true, u"quinientas cincuenta y cinco"},
+        {1000, Masculino, true, u"mil"},
+        {1001, Masculino, true, u"mil un"},
+        {2000, Masculino, true, u"dos mil"},
+        {21000, Masculino, true, u"veintiún mil"},
+        {21000, Femenino, true, u"veintiuna mil"},
+        {100000, Masculino, true, u"cien mil"},
+        {200000, Femenino, true, u"doscientas mil"},
+        {1000000, Femenino, true, u"un millón"},
+        {2000000, Masculino, true, u"dos millones"},
+        {200000000, Femenino, true, u"doscientos millones"},
+        {21000000, Masculino, true, u"veintiún millones"},
+        {1000000000, Masculino, true, u"mil millones"},
+        {1234567, Masculino, true, u"un millón doscientos treinta y cuatro mil quinientos sesenta y siete"},
+        {999999999999, Masculino, false,
+         u"novecientos noventa y nueve mil novecientos noventa y nueve millones novecientos noventa y nueve mil "
+         u"novecientos noventa y nueve"},
+        {1000000000000, Masculino, true, u"un billón"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(toUtf8(text::numberInWords(c.n, c.gender, c.beforeNoun)), toUtf8(c.words)) << c.n;
+}
+
+Variant amount(std::vector<Variant> args) {
+    Fun fun;
+    return fun.invoke("Numero2Letra", args);
+}
+
+TEST(Numero2Letra, InvoicesAndCheques) {
+    const Variant M(std::int32_t(1)), F(std::int32_t(0)), none = Variant::missing();
+    struct Case {
+        std::vector<Variant> args;
+        const char16_t* text;
+    };
+    const std::vector<Case> cases = {
+        {{Variant(u"1234.56"), none, none, Variant(u"dólares"), Variant(u"centavos"), M, M},
+         u"mil doscientos treinta y cuatro dólares con cincuenta y seis centavos"},
+        {{Variant(u"1"), none, none, Variant(u"dólar"), Variant(u"centavos"), M, M}, u"un dólar con cero centavos"},
+        {{Variant(u"21.01"), none, none, Variant(u"pesetas"), Variant(u"céntimos")},
+         u"veintiuna pesetas con un céntimos"},
+        {{Variant(u"1000000"), none, none, Variant(u"dólares"), Variant(u"centavos"), M, M},
+         u"un millón de dólares con cero centavos"},
+        {{Variant(u"2500000.5"), none, none, Variant(u"dólares"), Variant(u"centavos"), M, M},
+         u"dos millones quinientos mil dólares con cincuenta centavos"},
+        {{Variant(u"0.999"), none, none, Variant(u"dólares"), Variant(u"centavos"), M, M},
+         u"un dólares con cero centavos"},
+        {{Variant(u"12.345"), none, Variant(std::int32_t(0)), Variant(u"dólares"), none, M}, u"doce dólares"},
+        {{Variant(u"12.5"), none, Variant(std::int32_t(0))}, u"trece"},
+        {{Variant(u"-5.25"), none, none, Variant(u"dólares"), Variant(u"centavos"), M, M},
+         u"menos cinco dólares con veinticinco centavos"},
+        {{Variant(u"100")}, u"cien con cero"},
+        {{Variant(u"7.005"), none, Variant(std::int32_t(3))}, u"siete con cinco"},
+        {{Variant(u"5"), Variant(std::int32_t(30)), Variant(std::int32_t(0)), Variant(u"dólares"), none, M},
+         u"cinco dólares*****************"},
+    };
+    for (const auto& c : cases) {
+        Variant got = amount(c.args);
+        EXPECT_TRUE(identical(got, Variant(String(c.text)))) << toUtf8(toString(c.args[0])) << " -> " << describe(got);
+    }
+}
+
+TEST(Numero2Letra, BadInput) {
+    EXPECT_EQ(errorNumberOf([] { amount({Variant(u"doce")}); }), err::TypeMismatch);
+    EXPECT_EQ(errorNumberOf([] { amount({Variant(u"")}); }), err::TypeMismatch);
+    EXPECT_EQ(errorNumberOf([] { amount({Variant(u"1e16")}); }), err::Overflow);
+    EXPECT_EQ(errorNumberOf([] { amount({Variant(u"5"), Variant(std::int32_t(0)), Variant(std::int32_t(-1))}); }),
+              err::InvalidProcedureCall);
+}
+
+}  // namespace
+}  // namespace telvaro
