@@ -64,6 +64,12 @@ void fractionsSection(std::ostream& out, Fun& fun) {
     show(out, fun, "numTruncar", {Variant(2.5679), Variant(std::int16_t(2))}, "2.5679, 2");
 }
 
+void formulaSection(std::ostream& out, Fun& fun) {
+    out << "Formulas typed in quantity fields\n";
+    for (const char16_t* f : {u"2*3+1", u"2^3^2", u"6/2*3", u"1+2*-3", u"150 % 12", u"(1+2", u"10/0"})
+        show(out, fun, "numCalculaFormula", {Variant(f)}, "\"" + toUtf8(f) + "\"");
+}
+
 void amountSection(std::ostream& out, Fun& fun) {
     out << "Amounts in words\n";
     const Variant masculine(std::int32_t(1)), omitted = Variant::missing();
@@ -119,6 +125,7 @@ void runDemo(std::ostream& out) {
     const std::vector<std::function<void()>> sections = {
         [&] { textSection(out, fun); },
         [&] { fractionsSection(out, fun); },
+        [&] { formulaSection(out, fun); },
         [&] { amountSection(out, fun); },
         [&] { datesSection(out, fun); },
         [&] { identitySection(out, fun); },

@@ -7,6 +7,7 @@
 #include "dates/date_helpers.h"
 #include "ident/cedula_ruc.h"
 #include "text/amount_in_words.h"
+#include "text/formula.h"
 #include "text/fractions.h"
 #include "text/strings.h"
 
@@ -30,6 +31,7 @@ const std::vector<Binding>& bindings() {
         bind<&text::numParteDecimal>("numParteDecimal"),
         bind<&text::numTruncar>("numTruncar"),
         bind<&text::Numero2Letra>("Numero2Letra"),
+        bind<&text::numCalculaFormula>("numCalculaFormula"),
         // Dates
         bind<&dates::MyFecha>("MyFecha"),
         bind<&dates::fecEdadExacta>("fecEdadExacta"),

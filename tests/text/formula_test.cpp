@@ -1,0 +1,61 @@
+// The formula evaluator: the rewriting rules and their deliberate quirks.
+#include <gtest/gtest.h>
+
+#include "frame/fun.h"
+#include "runtime/regional.h"
+#include "support/support.h"
+#include "text/formula.h"
+
+namespace telvaro {
+namespace {
+
+double calc(const char16_t* formula) {
+    Fun fun;
+    std::vector<Variant> args{Variant(formula)};
+    Variant r = fun.invoke("numCalculaFormula", args);
+    EXPECT_EQ(r.type(), VarType::Double);
+    return r.get<double>();
+}
+
+TEST(Formula, RewritingGivesTheseValues) {
+    struct Case {
+        const char16_t* formula;
+        double value;
+    };
+    const Case cases[] = {
+        {u"2*3+1", 7},       {u"1+2*3", 7},       {u"2^3^2", 512},   {u"8/4/2", 4},       {u"6/2*3", 1},
+        {u"1+2*3-4/2", 1.5}, {u"1+2*-3", -9},     {u"2*-3", -6},     {u"-5+3", -2},       {u"150 % 12", 18},
+        {u"10/0", 0},        {u"7\\2", 3},        {u"7\\0", 0},      {u"(1+2", 3},        {u"1 000 + 1", 1001},
+        {u"abc", 0},         {u"12abc", 12},      {u"", 0},          {u"   ", 0},         {u"1+2*(3+4)", 15},
+        {u"(2+3)*(4+5)", 45}, {u",5+1", 1.5},     {u"1,234,5+0", 1234.5}, {u"1,234,5", 1}, {u"1,5*2", 3},     {u"2x3+1", 6},
+        {u"$12.50", 12.5},   {u"1/3", 1.0 / 3}, {u"2 x 3", 23}, {u"2^0.5", 1.4142135623731},
+    };
+    for (const auto& c : cases) EXPECT_DOUBLE_EQ(calc(c.formula), c.value) << toUtf8(c.formula);
+}
+
+TEST(Formula, ErrorsOfTheArithmeticReachTheCaller) {
+    EXPECT_EQ(errorNumberOf([] { calc(u"(-8)^0.5"); }), err::InvalidProcedureCall);
+    EXPECT_EQ(errorNumberOf([] { calc(u"10^400"); }), err::Overflow);
+    EXPECT_EQ(errorNumberOf([] { calc(u"99999999999999*99999999999999*99999999999999"); }), err::Overflow);
+}
+
+TEST(Formula, RunawayRewritingIsOutOfStackSpace) {
+    for (const char16_t* f : {u"2*-1+3*4-5", u"2*-3+4*5-6"})
+        EXPECT_EQ(errorNumberOf([&] { calc(f); }), err::OutOfStackSpace) << toUtf8(f);
+    String deep(300, u'(');
+    deep += u"1+1";
+    EXPECT_DOUBLE_EQ(calc(deep.c_str()), 2) << "groups are replaced one after another, not nested";
+}
+
+TEST(Formula, CommaDecimalConfiguration) {
+    RegionalSettings comma;
+    comma.decimalSeparator = u",";
+    comma.thousandSeparator = u".";
+    RegionalScope scope(comma);
+    EXPECT_DOUBLE_EQ(calc(u"2,5*2"), 5);
+    EXPECT_DOUBLE_EQ(calc(u"5/2"), 2) << "the final reading accepts only a point";
+    EXPECT_DOUBLE_EQ(calc(u"1.000+1"), 2) << "a single foreign mark is taken as the decimal mark";
+}
+
+}  // namespace
+}  // namespace telvaro
