@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "dates/date_helpers.h"
+#include "frame/standard_messages.h"
 #include "ident/cedula_ruc.h"
 #include "text/amount_in_words.h"
 #include "text/formula.h"
@@ -15,6 +16,14 @@ namespace telvaro {
 
 const std::vector<Binding>& bindings() {
     static const std::vector<Binding> all = {
+        // Standard messages
+        bind<&messages::MsgGuardarRegistro>("MsgGuardarRegistro"),
+        bind<&messages::MsgEliminarRegistro>("MsgEliminarRegistro"),
+        bind<&messages::MsgRegistroNoGuardado>("MsgRegistroNoGuardado"),
+        bind<&messages::MsgDatosGuardados>("MsgDatosGuardados"),
+        bind<&messages::MsgDatosEliminados>("MsgDatosEliminados"),
+        bind<&messages::MsgHayCambios>("MsgHayCambios"),
+        bind<&messages::MsgRegistroSeleccionado>("MsgRegistroSeleccionado"),
         // Text and vectors
         bind<&text::strCuentaCaracteres>("strCuentaCaracteres"),
         bind<&text::strCadenaEntrePosicion>("strCadenaEntrePosicion"),
