@@ -5,6 +5,7 @@
 #include <functional>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "runtime/convert.h"
 #include "runtime/error.h"
@@ -40,5 +41,18 @@ inline int errorNumberOf(const std::function<void()>& f) {
     }
     return 0;
 }
+
+// One late-bound call and what it must give: a result of exactly that type
+// and value, or the run-time error `error` when it is not 0.
+struct MethodCase {
+    const char* method;
+    std::vector<Variant> args;
+    Variant expected;
+    int error = 0;
+};
+
+// Calls each case through a fresh Fun and checks it, naming the call in
+// every failure.
+void checkCalls(const std::vector<MethodCase>& cases);
 
 }  // namespace telvaro

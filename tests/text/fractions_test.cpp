@@ -9,32 +9,7 @@
 namespace telvaro {
 namespace {
 
-struct Call {
-    const char* method;
-    std::vector<Variant> args;
-    Variant expected;
-    int error = 0;
-};
-
-void check(const std::vector<Call>& calls) {
-    Fun fun;
-    for (const auto& c : calls) {
-        std::vector<Variant> args = c.args;
-        std::string label = std::string(c.method) + "(";
-        for (const auto& a : c.args) label += describe(a) + "; ";
-        label += ")";
-        try {
-            Variant got = fun.invoke(c.method, args);
-            EXPECT_EQ(c.error, 0) << label << " gave " << describe(got);
-            if (!c.error) {
-                EXPECT_TRUE(identical(got, c.expected)) << label << " gave " << describe(got) << ", not "
-                                                        << describe(c.expected);
-            }
-        } catch (const RuntimeError& e) {
-            EXPECT_EQ(e.number(), c.error) << label << " raised " << e.what();
-        }
-    }
-}
+void check(const std::vector<MethodCase>& calls) { checkCalls(calls); }
 
 Variant S(const char16_t* s) { return Variant(s); }
 Variant D(double d) { return Variant(d); }

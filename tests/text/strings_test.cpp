@@ -14,27 +14,7 @@ Variant I(std::int16_t v) { return Variant(v); }
 Variant L(std::int32_t v) { return Variant(v); }
 Variant S(const char16_t* v) { return Variant(v); }
 
-struct Call {
-    const char* method;
-    std::vector<Variant> args;
-    Variant expected;  // ignored when `error` is set
-    int error = 0;
-};
-
-void check(const Call& c) {
-    Fun fun;
-    std::vector<Variant> args = c.args;
-    try {
-        Variant got = fun.invoke(c.method, args);
-        EXPECT_EQ(c.error, 0) << c.method << " returned " << describe(got);
-        if (!c.error) {
-            EXPECT_TRUE(identical(got, c.expected))
-                << c.method << " gave " << describe(got) << ", not " << describe(c.expected);
-        }
-    } catch (const RuntimeError& e) {
-        EXPECT_EQ(e.number(), c.error) << c.method << " raised " << e.what();
-    }
-}
+using Call = MethodCase;
 
 TEST(StrCuentaCaracteres, CountsOverlappingOccurrencesCaseInsensitively) {
     const Call cases[] = {
@@ -53,13 +33,16 @@ TEST(StrCuentaCaracteres, CountsOverlappingOccurrencesCaseInsensitively) {
         {"strCuentaCaracteres", {S(u"abc"), S(u"a"), S(u"uno")}, Variant(), err::TypeMismatch},
         {"strCuentaCaracteres", {S(u"abc"), S(u"a"), L(40000)}, I(0), err::Overflow},
     };
-    for (const auto& c : cases) check(c);
+    checkCalls({std::begin(cases), std::end(cases)});
 }
 
 TEST(StrCuentaCaracteres, SixteenBitCounterOverflowsOnLongTexts) {
-    check({"strCuentaCaracteres", {Variant(String(40000, u'a')), S(u"")}, Variant(), err::Overflow});
-    check({"strCuentaCaracteres", {Variant(String(40000, u'a')), S(u"b")}, Variant(), err::Overflow});
-    check({"strCuentaCaracteres", {Variant(String(32766, u'a')), S(u"a")}, I(32766)});
+    checkCalls({
+        {"strCuentaCaracteres", {Variant(String(40000, u'a')), S(u"")}, Variant(), err::Overflow},
+        {"strCuentaCaracteres", {Variant(String(40000, u'a')), S(u"b")}, Variant(), err::Overflow},
+        {"strCuentaCaracteres", {Variant(String(32767, u'a')), S(u"b")}, Variant(), err::Overflow},
+        {"strCuentaCaracteres", {Variant(String(32766, u'a')), S(u"a")}, I(32766)},
+    });
 }
 
 TEST(StrCadenaEntrePosicion, CutsFromStartUpToButNotIncludingEnd) {
@@ -76,7 +59,7 @@ TEST(StrCadenaEntrePosicion, CutsFromStartUpToButNotIncludingEnd) {
         {"strCadenaEntrePosicion", {S(u"abcdef"), I(-32768), I(32767)}, S(u"")},
         {"strCadenaEntrePosicion", {S(u"abcdef"), I(1), L(32768)}, Variant(), err::Overflow},
     };
-    for (const auto& c : cases) check(c);
+    checkCalls({std::begin(cases), std::end(cases)});
 }
 
 TEST(StrPosicionXAvoCaracter, FindsTheNthOccurrenceAndWrapsAround) {
@@ -94,7 +77,7 @@ TEST(StrPosicionXAvoCaracter, FindsTheNthOccurrenceAndWrapsAround) {
         {"strPosicion_XAvo_Caracter", {S(u"a,b"), S(u","), I(-5)}, I(0)},
         {"strPosicion_XAvo_Caracter", {S(u"a,b"), S(u","), L(70000)}, Variant(), err::Overflow},
     };
-    for (const auto& c : cases) check(c);
+    checkCalls({std::begin(cases), std::end(cases)});
 }
 
 Variant vectorOf(std::vector<Variant> items, std::int32_t lower = 0) {
@@ -115,7 +98,7 @@ TEST(FnLlenaVector, SplitsAndConvertsAllButTheLastPiece) {
         {"fn_LlenaVector", {S(u"31/12/1998,x"), L(2)}, vectorOf({Variant(Date{36160.0}), S(u"x")})},
         {"fn_LlenaVector", {S(u"1,2,3"), L(7)}, vectorOf({S(u"1"), S(u"2"), S(u"3")})},
     };
-    for (const auto& c : cases) check(c);
+    checkCalls({std::begin(cases), std::end(cases)});
 }
 
 TEST(FnBuscaEnVector, ComparesAsTextFromIndexZero) {
@@ -131,7 +114,7 @@ TEST(FnBuscaEnVector, ComparesAsTextFromIndexZero) {
         {"fn_BuscaEnVector", {vectorOf({Variant(Null{})}), S(u"a")}, Variant(), err::InvalidUseOfNull},
         {"fn_BuscaEnVector", {S(u"no es vector"), S(u"a")}, Variant(), err::TypeMismatch},
     };
-    for (const auto& c : cases) check(c);
+    checkCalls({std::begin(cases), std::end(cases)});
 }
 
 TEST(PrivateRoutines, DesdePosicionDespuesDeUltimoRellena) {
