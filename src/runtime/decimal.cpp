@@ -1,7 +1,9 @@
 #include "runtime/decimal.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <string>
 
 #include "runtime/error.h"
@@ -12,81 +14,312 @@ namespace {
 
 __extension__ typedef unsigned __int128 u128;
 
-const u128 kMax96 = (u128(1) << 96) - 1;
+constexpr u128 kMax96 = (u128(1) << 96) - 1;
 
-u128 pow10(int n) {
+constexpr std::array<std::uint32_t, 10> kPow10 = {1,      10,      100,      1000,      10000,
+                                                  100000, 1000000, 10000000, 100000000, 1000000000};
+
+constexpr u128 pow10(int n) {
     u128 r = 1;
     for (int i = 0; i < n; ++i) r *= 10;
     return r;
 }
 
-// A working value: an unbounded-enough magnitude split into a 128-bit
-// mantissa (kept below 2^127 during arithmetic) and a scale.
-struct Wide {
-    u128 mantissa = 0;
-    int scale = 0;
-    bool negative = false;
+// An unsigned integer of 192 bits in 32-bit words, least significant first.
+// It holds the exact product of two 96-bit mantissas and a 96-bit mantissa
+// scaled up by 10^28 (below 2^190), so sums, products and comparisons are
+// exact before they are rounded to a Decimal. Callers keep values within
+// 192 bits.
+class Wide {
+public:
+    static constexpr int kWords = 6;
+
+    Wide() = default;
+    explicit Wide(u128 v) {
+        for (auto& w : words_) {
+            w = static_cast<std::uint32_t>(v);
+            v >>= 32;
+        }
+    }
+    static Wide mantissaOf(const Decimal& d) {
+        Wide m;
+        m.words_[0] = d.lo();
+        m.words_[1] = d.mid();
+        m.words_[2] = d.hi();
+        return m;
+    }
+
+    std::uint32_t word(int i) const { return words_[static_cast<std::size_t>(i)]; }
+    bool isZero() const {
+        return std::all_of(words_.begin(), words_.end(), [](std::uint32_t w) { return w == 0; });
+    }
+    bool isOdd() const { return (words_[0] & 1) != 0; }
+    bool fits96() const { return words_[3] == 0 && words_[4] == 0 && words_[5] == 0; }
+    bool fits128() const { return words_[4] == 0 && words_[5] == 0; }
+    u128 low128() const {
+        return (u128(words_[3]) << 96) | (u128(words_[2]) << 64) | (u128(words_[1]) << 32) | u128(words_[0]);
+    }
+
+    // *this = *this * factor + addend.
+    void multiplyAdd(std::uint32_t factor, std::uint32_t addend = 0) {
+        std::uint64_t carry = addend;
+        for (auto& w : words_) {
+            const std::uint64_t t = std::uint64_t(w) * factor + carry;
+            w = static_cast<std::uint32_t>(t);
+            carry = t >> 32;
+        }
+    }
+
+    // *this /= divisor, toward zero; returns the remainder.
+    std::uint32_t divide(std::uint32_t divisor) {
+        std::uint64_t remainder = 0;
+        for (auto w = words_.rbegin(); w != words_.rend(); ++w) {
+            const std::uint64_t t = (remainder << 32) | *w;
+            *w = static_cast<std::uint32_t>(t / divisor);
+            remainder = t % divisor;
+        }
+        return static_cast<std::uint32_t>(remainder);
+    }
+
+    // *this *= 10^digits.
+    void scaleUp(int digits) {
+        for (; digits > 0; digits -= 9) multiplyAdd(kPow10[static_cast<std::size_t>(std::min(digits, 9))]);
+    }
+
+    // *this /= 10^digits, toward zero; true when nonzero digits were cut off.
+    bool scaleDown(int digits) {
+        bool cut = false;
+        for (; digits > 0; digits -= 9) cut = divide(kPow10[static_cast<std::size_t>(std::min(digits, 9))]) != 0 || cut;
+        return cut;
+    }
+
+    void add(const Wide& other) {
+        std::uint64_t carry = 0;
+        for (std::size_t i = 0; i < kWords; ++i) {
+            const std::uint64_t t = std::uint64_t(words_[i]) + other.words_[i] + carry;
+            words_[i] = static_cast<std::uint32_t>(t);
+            carry = t >> 32;
+        }
+    }
+
+    // *this -= other; *this must not be smaller than other.
+    void subtract(const Wide& other) {
+        std::uint64_t borrow = 0;
+        for (std::size_t i = 0; i < kWords; ++i) {
+            const std::uint64_t t = std::uint64_t(words_[i]) - other.words_[i] - borrow;
+            words_[i] = static_cast<std::uint32_t>(t);
+            borrow = (t >> 32) != 0 ? 1 : 0;
+        }
+    }
+
+    // The product of two values below 2^96 (it fits 192 bits).
+    friend Wide operator*(const Wide& a, const Wide& b) {
+        Wide product;
+        for (std::size_t i = 0; i < 3; ++i) {
+            std::uint64_t carry = 0;
+            for (std::size_t j = 0; j < 3; ++j) {
+                const std::uint64_t t = std::uint64_t(a.words_[i]) * b.words_[j] + product.words_[i + j] + carry;
+                product.words_[i + j] = static_cast<std::uint32_t>(t);
+                carry = t >> 32;
+            }
+            product.words_[i + 3] = static_cast<std::uint32_t>(carry);
+        }
+        return product;
+    }
+
+    friend std::strong_ordering operator<=>(const Wide& a, const Wide& b) {
+        for (std::size_t i = kWords; i-- > 0;) {
+            if (a.words_[i] != b.words_[i]) return a.words_[i] <=> b.words_[i];
+        }
+        return std::strong_ordering::equal;
+    }
+
+private:
+    std::array<std::uint32_t, kWords> words_{};
 };
 
-// Divides by 10^n rounding half to even.
-u128 divRound(u128 m, int n) {
-    if (n <= 0) return m;
-    u128 q = m, rem = 0, last = 1;
-    for (int i = 0; i < n; ++i) {
-        u128 r = q % 10;
-        q /= 10;
-        // Track whether all dropped digits below the last one are zero.
-        if (i < n - 1) {
-            if (r != 0) rem = 1;
-        } else {
-            last = r;
-        }
-    }
-    if (last > 5 || (last == 5 && (rem != 0 || (q & 1) != 0))) ++q;
-    return q;
+u128 mantissa128(const Decimal& d) { return Wide::mantissaOf(d).low128(); }
+
+// The mantissa of d brought to `scale` places (scale >= d.scale()), exactly.
+Wide alignedMantissa(const Decimal& d, int scale) {
+    Wide m = Wide::mantissaOf(d);
+    m.scaleUp(scale - d.scale());
+    return m;
 }
 
-Decimal make(u128 mantissa, int scale, bool negative) {
-    // Scale down while the mantissa does not fit 96 bits or the scale is too big.
-    while ((mantissa > kMax96 || scale > Decimal::kMaxScale) && scale > 0) {
-        mantissa = divRound(mantissa, 1);
+// Drops the last `digits` decimal digits of m, rounding half to even.
+// `sticky` tells that nonzero digits were already cut off below m, so a
+// dropped 5 is more than half; it only matters when digits are dropped.
+Wide roundOff(Wide m, int digits, bool sticky) {
+    if (digits <= 0) return m;
+    sticky = m.scaleDown(digits - 1) || sticky;
+    const std::uint32_t dropped = m.divide(10);
+    if (dropped > 5 || (dropped == 5 && (sticky || m.isOdd()))) m.add(Wide(1));
+    return m;
+}
+
+// A Decimal from a mantissa that already fits: zero is never negative.
+Decimal fromMantissa(const Wide& m, int scale, bool negative) {
+    return Decimal::fromParts(m.word(0), m.word(1), m.word(2), scale, negative && !m.isZero());
+}
+
+// The Decimal nearest to m / 10^scale (scale >= 0): as many places as both
+// the 28-place limit and the 96-bit mantissa allow, rounded half to even.
+// `sticky` tells that nonzero digits were already cut off below m (callers
+// then keep at least one digit more than a Decimal holds). Error 6 when the
+// whole part does not fit 96 bits.
+Decimal nearest(Wide m, int scale, bool negative, bool sticky = false) {
+    int drop = std::max(0, scale - Decimal::kMaxScale);
+    Wide whole = m;
+    whole.scaleDown(drop);
+    while (!whole.fits96()) {
+        whole.divide(10);
+        ++drop;
+    }
+    if (drop > scale) raise(err::Overflow);
+    m = roundOff(m, drop, sticky);
+    scale -= drop;
+    if (!m.fits96()) {  // the rounding carried up to 2^96: one place less
+        if (scale == 0) raise(err::Overflow);
+        m = roundOff(m, 1, false);
         --scale;
     }
-    if (mantissa > kMax96) raise(err::Overflow);
-    return Decimal::fromParts(static_cast<std::uint32_t>(mantissa), static_cast<std::uint32_t>(mantissa >> 32),
-                              static_cast<std::uint32_t>(mantissa >> 64), scale, negative);
+    return fromMantissa(m, scale, negative);
 }
 
-u128 mantissaOf(const Decimal& d) {
-    return (u128(d.hi()) << 64) | (u128(d.mid()) << 32) | u128(d.lo());
+// d without the trailing zeros of its fraction, keeping at least minScale places.
+Decimal withoutTrailingZeros(const Decimal& d, int minScale) {
+    Wide m = Wide::mantissaOf(d);
+    int scale = d.scale();
+    while (scale > minScale) {
+        Wide shorter = m;
+        if (shorter.divide(10) != 0) break;
+        m = shorter;
+        --scale;
+    }
+    return fromMantissa(m, scale, d.isNegative());
 }
 
-// Brings both to the same scale without losing digits where possible.
-void align(u128& a, int& sa, u128& b, int& sb) {
-    while (sa < sb) {
-        if (a > (u128(1) << 123)) {  // cannot grow: round b down instead
-            b = divRound(b, 1);
-            --sb;
+// A magnitude below 2^128 as an int64 with its sign; error 6 outside int64.
+std::int64_t toSignedInt64(const Wide& magnitude, bool negative) {
+    const u128 limit = u128(1) << 63;
+    const u128 v = magnitude.fits128() ? magnitude.low128() : ~u128(0);
+    if (negative) {
+        if (v > limit) raise(err::Overflow);
+        return v == limit ? INT64_MIN : -static_cast<std::int64_t>(v);
+    }
+    if (v >= limit) raise(err::Overflow);
+    return static_cast<std::int64_t>(v);
+}
+
+// ---------------------------------------------------------------------------
+// Reading text.
+
+// A number as read from text: value = digits * 10^exponent. Only the first
+// kKept significant digits are kept exactly (10^38 < 2^127); of the rest,
+// only whether any is nonzero matters, for rounding.
+struct NumberText {
+    static constexpr int kKept = 38;
+    static constexpr std::int64_t kExponentLimit = 1000000;
+
+    bool negative = false;
+    u128 digits = 0;
+    int kept = 0;
+    bool cutNonzero = false;
+    std::int64_t exponent = 0;
+
+    void addDigit(int digit, bool inFraction) {
+        if (kept < kKept) {
+            digits = digits * 10 + static_cast<unsigned>(digit);
+            if (digits != 0) ++kept;  // leading zeros are not significant
+            if (inFraction) --exponent;
         } else {
-            a *= 10;
-            ++sa;
+            cutNonzero = cutNonzero || digit != 0;
+            if (!inFraction) ++exponent;
         }
     }
-    while (sb < sa) {
-        if (b > (u128(1) << 123)) {
-            a = divRound(a, 1);
-            --sa;
+};
+
+bool isBlank(char16_t c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n' || c == u'\v' || c == u'\f'; }
+bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+bool isExponentMark(char16_t c) { return c == u'E' || c == u'e' || c == u'D' || c == u'd'; }
+
+// The exponent after E or D: an optional sign and at least one digit, up to
+// the end of the text. Huge exponents saturate; they overflow or vanish anyway.
+std::optional<std::int64_t> readExponent(StringView text) {
+    std::size_t i = 0;
+    bool negative = false;
+    if (i < text.size() && (text[i] == u'+' || text[i] == u'-')) negative = text[i++] == u'-';
+    if (i == text.size()) return std::nullopt;
+    std::int64_t value = 0;
+    for (; i < text.size(); ++i) {
+        if (!isDigit(text[i])) return std::nullopt;
+        value = std::min(value * 10 + (text[i] - u'0'), NumberText::kExponentLimit);
+    }
+    return negative ? -value : value;
+}
+
+// Blanks, an optional sign, digits with thousands marks before the decimal
+// mark, the decimal mark and more digits, an optional exponent, blanks.
+std::optional<NumberText> readNumberText(StringView text, char16_t decimalMark, char16_t thousandsMark) {
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    NumberText number;
+    if (!text.empty() && (text.front() == u'+' || text.front() == u'-')) {
+        number.negative = text.front() == u'-';
+        text.remove_prefix(1);
+    }
+    bool anyDigit = false, inFraction = false;
+    std::size_t i = 0;
+    for (; i < text.size(); ++i) {
+        const char16_t c = text[i];
+        if (isDigit(c)) {
+            number.addDigit(c - u'0', inFraction);
+            anyDigit = true;
+        } else if (c == decimalMark && !inFraction) {
+            inFraction = true;
+        } else if (c == thousandsMark && thousandsMark != u'\0' && !inFraction && anyDigit) {
+            continue;
         } else {
-            b *= 10;
-            ++sb;
+            break;
         }
     }
+    if (!anyDigit) return std::nullopt;
+    if (i < text.size()) {
+        if (!isExponentMark(text[i])) return std::nullopt;
+        const auto exponent = readExponent(text.substr(i + 1));
+        if (!exponent) return std::nullopt;
+        number.exponent += *exponent;
+    }
+    return number;
+}
+
+// The Decimal nearest to the number read; error 6 when its whole part does not fit.
+Decimal toDecimal(const NumberText& number) {
+    if (number.digits == 0) {
+        const auto places = std::clamp<std::int64_t>(-number.exponent, 0, Decimal::kMaxScale);
+        return fromMantissa(Wide(), static_cast<int>(places), false);
+    }
+    if (number.exponent >= 0) {
+        // 10^29 > 2^96: more than 29 whole digits never fit.
+        if (number.kept + number.exponent > Decimal::kMaxScale + 1) raise(err::Overflow);
+        Wide m(number.digits);
+        m.scaleUp(static_cast<int>(number.exponent));
+        return nearest(m, 0, number.negative);
+    }
+    const std::int64_t scale = -number.exponent;
+    // Below 10^-30 the value rounds to zero at the last place.
+    if (scale - number.kept >= Decimal::kMaxScale + 2) return fromMantissa(Wide(), Decimal::kMaxScale, false);
+    return nearest(Wide(number.digits), static_cast<int>(scale), number.negative, number.cutNonzero);
 }
 
 }  // namespace
 
+// ---------------------------------------------------------------------------
+// Construction and conversion.
+
 Decimal Decimal::fromParts(std::uint32_t lo, std::uint32_t mid, std::uint32_t hi, int scale, bool negative) {
-    if (scale < 0 || scale > kMaxScale) raise(err::Overflow);
+    if (scale < 0 || scale > kMaxScale) raise(err::InvalidProcedureCall);
     Decimal d;
     d.lo_ = lo;
     d.mid_ = mid;
@@ -97,157 +330,71 @@ Decimal Decimal::fromParts(std::uint32_t lo, std::uint32_t mid, std::uint32_t hi
 }
 
 Decimal Decimal::fromInt64(std::int64_t v) {
-    bool negative = v < 0;
-    u128 m = negative ? u128(-(v + 1)) + 1 : u128(v);
-    return make(m, 0, negative);
+    const std::uint64_t magnitude = v < 0 ? 0 - static_cast<std::uint64_t>(v) : static_cast<std::uint64_t>(v);
+    return fromMantissa(Wide(magnitude), 0, v < 0);
 }
 
 Decimal Decimal::fromCurrency(std::int64_t scaled) {
-    Decimal d = fromInt64(scaled);
-    d.scale_ = 4;
-    return d;
+    const Decimal units = fromInt64(scaled);
+    return fromParts(units.lo_, units.mid_, units.hi_, 4, units.negative_);
 }
 
 Decimal Decimal::fromDouble(double v) {
-    if (std::isnan(v) || std::isinf(v)) raise(err::Overflow);
-    if (std::fabs(v) >= 7.9228162514264338e28) raise(err::Overflow);
+    if (!std::isfinite(v) || std::fabs(v) >= std::ldexp(1.0, 96)) raise(err::Overflow);
     if (v == 0) return Decimal();
-    char buf[64];
-    std::snprintf(buf, sizeof buf, "%.14e", v);  // 15 significant digits
-    auto parsed = parse(String(buf, buf + std::char_traits<char>::length(buf)), u'.', u'\0');
-    if (!parsed) raise(err::Overflow);
-    // Drop trailing zeros of the fraction that the 15 digits introduced.
-    Decimal d = *parsed;
-    u128 m = mantissaOf(d);
-    int scale = d.scale_;
-    while (scale > 0 && m % 10 == 0) {
-        m /= 10;
-        --scale;
-    }
-    return make(m, scale, d.negative_);
+    // Fifteen significant digits, d.dddddddddddddde±x, correctly rounded.
+    std::array<char, 32> text{};
+    const auto written = std::to_chars(text.data(), text.data() + text.size(), v, std::chars_format::scientific, 14);
+    const auto number = readNumberText(ascii(std::string_view(text.data(), written.ptr)), u'.', u'\0');
+    if (!number) raise(err::Overflow);
+    return withoutTrailingZeros(toDecimal(*number), 0);
 }
 
 std::optional<Decimal> Decimal::parse(StringView text, char16_t decimalMark, char16_t thousandsMark) {
-    std::size_t i = 0, n = text.size();
-    while (i < n && (text[i] == u' ' || text[i] == u'\t')) ++i;
-    while (n > i && (text[n - 1] == u' ' || text[n - 1] == u'\t')) --n;
-    if (i == n) return std::nullopt;
-    bool negative = false;
-    if (text[i] == u'+' || text[i] == u'-') negative = text[i++] == u'-';
-    u128 m = 0;
-    int scale = 0, dropped = 0;  // digits beyond what 128 bits hold
-    bool digits = false, point = false;
-    u128 droppedRound = 0;
-    for (; i < n; ++i) {
-        char16_t c = text[i];
-        if (c >= u'0' && c <= u'9') {
-            digits = true;
-            if (m < (u128(1) << 120)) {
-                m = m * 10 + (c - u'0');
-                if (point) ++scale;
-            } else {
-                if (!point) ++dropped;
-                if (droppedRound == 0) droppedRound = u128(c - u'0') + 1;
-            }
-        } else if (c == decimalMark && !point) {
-            point = true;
-        } else if (c == thousandsMark && thousandsMark != u'\0' && !point && digits) {
-            continue;
-        } else {
-            break;
-        }
-    }
-    if (!digits) return std::nullopt;
-    int exponent = 0;
-    if (i < n && (text[i] == u'e' || text[i] == u'E' || text[i] == u'd' || text[i] == u'D')) {
-        ++i;
-        bool expNegative = false;
-        if (i < n && (text[i] == u'+' || text[i] == u'-')) expNegative = text[i++] == u'-';
-        if (i == n) return std::nullopt;
-        for (; i < n && text[i] >= u'0' && text[i] <= u'9'; ++i) {
-            exponent = exponent * 10 + (text[i] - u'0');
-            if (exponent > 10000) exponent = 10000;
-        }
-        if (expNegative) exponent = -exponent;
-    }
-    if (i != n) return std::nullopt;
-    (void)droppedRound;
-    exponent += dropped;
-    scale -= exponent;
-    while (scale < 0) {
-        if (m == 0) {
-            scale = 0;
-            break;
-        }
-        if (m > kMax96) raise(err::Overflow);
-        m *= 10;
-        ++scale;
-    }
-    if (scale > 60) {
-        // Beyond any representable precision: the value rounds to zero or to
-        // a few digits; reduce step by step.
-        while (scale > 60) {
-            m = divRound(m, 1);
-            --scale;
-        }
-    }
-    return make(m, scale, negative);
+    const auto number = readNumberText(text, decimalMark, thousandsMark);
+    if (!number) return std::nullopt;
+    return toDecimal(*number);
 }
 
 double Decimal::toDouble() const {
-    std::string t = [&] {
-        String s = toString(u'.');
-        return std::string(s.begin(), s.end());
-    }();
-    return std::strtod(t.c_str(), nullptr);
+    // The exact decimal text read back gives the correctly rounded Double.
+    const std::string text = toUtf8(toString(u'.'));
+    double v = 0;
+    std::from_chars(text.data(), text.data() + text.size(), v);
+    return v;
 }
 
 std::int64_t Decimal::toInt64() const {
-    u128 q = divRound(mantissaOf(*this), scale_);
-    if (negative_) {
-        if (q > u128(1) << 63) raise(err::Overflow);
-        return q == (u128(1) << 63) ? INT64_MIN : -static_cast<std::int64_t>(q);
-    }
-    if (q > u128(INT64_MAX)) raise(err::Overflow);
-    return static_cast<std::int64_t>(q);
+    return toSignedInt64(roundOff(Wide::mantissaOf(*this), scale_, false), isNegative());
 }
 
 std::int64_t Decimal::toCurrency() const {
-    u128 m = mantissaOf(*this);
-    int s = scale_;
-    if (s <= 4) {
-        for (; s < 4; ++s) {
-            m *= 10;
-            if (m > (u128(1) << 100)) raise(err::Overflow);
-        }
+    Wide m = Wide::mantissaOf(*this);
+    if (scale_ <= 4) {
+        m.scaleUp(4 - scale_);
     } else {
-        m = divRound(m, s - 4);
+        m = roundOff(m, scale_ - 4, false);
     }
-    if (negative_) {
-        if (m > u128(1) << 63) raise(err::Overflow);
-        return m == (u128(1) << 63) ? INT64_MIN : -static_cast<std::int64_t>(m);
-    }
-    if (m > u128(INT64_MAX)) raise(err::Overflow);
-    return static_cast<std::int64_t>(m);
+    return toSignedInt64(m, isNegative());
 }
 
 String Decimal::toString(char16_t decimalMark) const {
-    u128 m = mantissaOf(*this);
     std::string digits;
-    do {
-        digits.insert(digits.begin(), static_cast<char>('0' + static_cast<int>(m % 10)));
-        m /= 10;
-    } while (m != 0);
-    if (static_cast<int>(digits.size()) <= scale_) digits.insert(0, static_cast<std::size_t>(scale_ + 1) - digits.size(), '0');
-    String out;
-    if (isNegative()) out += u'-';
-    std::size_t whole = digits.size() - static_cast<std::size_t>(scale_);
-    for (std::size_t k = 0; k < digits.size(); ++k) {
-        if (k == whole) out += decimalMark;
-        out += static_cast<char16_t>(digits[k]);
+    for (u128 m = mantissa128(*this); m != 0; m /= 10) digits += static_cast<char>('0' + static_cast<int>(m % 10));
+    const auto places = static_cast<std::size_t>(scale_);
+    if (digits.size() <= places) digits.resize(places + 1, '0');  // "0.05", not ".05"
+    std::reverse(digits.begin(), digits.end());
+    String out = isNegative() ? u"-" : u"";
+    out += ascii(std::string_view(digits).substr(0, digits.size() - places));
+    if (places > 0) {
+        out += decimalMark;
+        out += ascii(std::string_view(digits).substr(digits.size() - places));
     }
     return out;
 }
+
+// ---------------------------------------------------------------------------
+// Arithmetic.
 
 Decimal Decimal::operator-() const {
     Decimal d = *this;
@@ -256,103 +403,76 @@ Decimal Decimal::operator-() const {
 }
 
 Decimal operator+(const Decimal& a, const Decimal& b) {
-    u128 ma = mantissaOf(a), mb = mantissaOf(b);
-    int sa = a.scale(), sb = b.scale();
-    align(ma, sa, mb, sb);
-    bool na = a.isNegative(), nb = b.isNegative();
-    if (na == nb) return make(ma + mb, sa, na);
-    if (ma >= mb) return make(ma - mb, sa, na);
-    return make(mb - ma, sa, nb);
+    const int scale = std::max(a.scale(), b.scale());
+    Wide x = alignedMantissa(a, scale), y = alignedMantissa(b, scale);
+    if (a.isNegative() == b.isNegative()) {
+        x.add(y);
+        return nearest(x, scale, a.isNegative());
+    }
+    if (x >= y) {
+        x.subtract(y);
+        return nearest(x, scale, a.isNegative());
+    }
+    y.subtract(x);
+    return nearest(y, scale, b.isNegative());
 }
 
 Decimal operator-(const Decimal& a, const Decimal& b) { return a + (-b); }
 
 Decimal operator*(const Decimal& a, const Decimal& b) {
-    u128 ma = mantissaOf(a), mb = mantissaOf(b);
-    int scale = a.scale() + b.scale();
-    bool negative = a.isNegative() != b.isNegative();
-    // 96 x 96 bits may need 192: multiply in parts, dropping low digits
-    // (rounding) while the product does not fit 128 bits.
-    while (ma != 0 && mb != 0 && ma > (~u128(0)) / mb) {
-        if (scale == 0) raise(err::Overflow);
-        if (ma >= mb) {
-            ma = divRound(ma, 1);
-        } else {
-            mb = divRound(mb, 1);
-        }
-        --scale;
-    }
-    return make(ma * mb, scale, negative);
+    const Wide product = Wide::mantissaOf(a) * Wide::mantissaOf(b);
+    return nearest(product, a.scale() + b.scale(), a.isNegative() != b.isNegative());
 }
 
+// Long division of the mantissas. An exact quotient keeps the scale
+// difference of the operands (1.50 / 0.5 = 3.0); otherwise the quotient gets
+// as many places as fit, rounded half to even, without trailing zeros
+// (10 / 4 = 2.5).
 Decimal operator/(const Decimal& a, const Decimal& b) {
     if (b.isZero()) raise(err::DivisionByZero);
-    u128 ma = mantissaOf(a), mb = mantissaOf(b);
+    const bool negative = a.isNegative() != b.isNegative();
+    const u128 divisor = mantissa128(b);
+    u128 quotient = mantissa128(a) / divisor;
+    u128 remainder = mantissa128(a) % divisor;
     int scale = a.scale() - b.scale();
-    bool negative = a.isNegative() != b.isNegative();
-    u128 q = ma / mb, r = ma % mb;
-    // Long division: more digits while there is a remainder and room.
-    while (r != 0 && q < (u128(1) << 120) / 10 && scale < 40) {
-        r *= 10;
-        q = q * 10 + r / mb;
-        r %= mb;
+    const bool exact = remainder == 0;
+    auto nextDigit = [&] {
+        remainder *= 10;  // below 10 * 2^96
+        quotient = quotient * 10 + remainder / divisor;
+        remainder %= divisor;
         ++scale;
-    }
-    // Round on what remains.
-    if (r != 0) {
-        u128 twice = r * 2;
-        if (twice > mb || (twice == mb && (q & 1))) ++q;
-    }
+    };
+    // Places down to the units belong to the whole part.
     while (scale < 0) {
-        if (q > kMax96) raise(err::Overflow);
-        q *= 10;
-        ++scale;
+        if (quotient > kMax96) raise(err::Overflow);
+        nextDigit();
     }
-    // Reduce to the representable precision, then strip trailing zeros that
-    // the division itself introduced (the result carries no artificial scale).
-    while ((q > kMax96 || scale > Decimal::kMaxScale) && scale > 0) {
-        q = divRound(q, 1);
-        --scale;
-    }
-    int minimum = std::max(0, a.scale() - b.scale());
-    while (scale > minimum && q % 10 == 0) {
-        q /= 10;
-        --scale;
-    }
-    return make(q, scale, negative);
+    // While inexact: one digit beyond what a Decimal holds, for the rounding.
+    constexpr u128 kTooManyDigits = pow10(Decimal::kMaxScale + 1);
+    while (remainder != 0 && scale <= Decimal::kMaxScale && quotient < kTooManyDigits) nextDigit();
+    const Decimal rounded = nearest(Wide(quotient), scale, negative, remainder != 0);
+    return exact ? rounded : withoutTrailingZeros(rounded, 0);
 }
 
 std::strong_ordering operator<=>(const Decimal& a, const Decimal& b) {
-    bool na = a.isNegative(), nb = b.isNegative();
-    if (na != nb) return na ? std::strong_ordering::less : std::strong_ordering::greater;
-    u128 ma = mantissaOf(a), mb = mantissaOf(b);
-    int sa = a.scale(), sb = b.scale();
-    // Compare without losing digits: scale the smaller-scale side up in 128 bits
-    // (96-bit mantissas times 10^28 could exceed 128 bits, so compare whole parts first).
-    u128 wa = ma / pow10(sa), wb = mb / pow10(sb);
-    std::strong_ordering mag = std::strong_ordering::equal;
-    if (wa != wb) {
-        mag = wa < wb ? std::strong_ordering::less : std::strong_ordering::greater;
-    } else {
-        u128 fa = ma % pow10(sa), fb = mb % pow10(sb);
-        // Bring fractions to scale 28: fractions are below 10^28, times 10^(28-s) stays below 10^28.
-        fa *= pow10(Decimal::kMaxScale - sa);
-        fb *= pow10(Decimal::kMaxScale - sb);
-        if (fa != fb) mag = fa < fb ? std::strong_ordering::less : std::strong_ordering::greater;
+    if (a.isNegative() != b.isNegative()) {
+        return a.isNegative() ? std::strong_ordering::less : std::strong_ordering::greater;
     }
-    if (na && mag != std::strong_ordering::equal)
-        return mag == std::strong_ordering::less ? std::strong_ordering::greater : std::strong_ordering::less;
-    return mag;
+    const int scale = std::max(a.scale(), b.scale());
+    const auto magnitude = alignedMantissa(a, scale) <=> alignedMantissa(b, scale);
+    return a.isNegative() ? 0 <=> magnitude : magnitude;
 }
 
 Decimal Decimal::round(int decimals) const {
-    if (decimals < 0 || decimals > kMaxScale) raise(err::InvalidProcedureCall);
-    if (scale_ <= decimals) return *this;
-    return make(divRound(mantissaOf(*this), scale_ - decimals), decimals, negative_);
+    if (decimals < 0) raise(err::InvalidProcedureCall);
+    if (decimals >= scale_) return *this;
+    return fromMantissa(roundOff(Wide::mantissaOf(*this), scale_ - decimals, false), decimals, negative_);
 }
 
 Decimal Decimal::truncate() const {
-    return make(mantissaOf(*this) / pow10(scale_), 0, negative_);
+    Wide m = Wide::mantissaOf(*this);
+    m.scaleDown(scale_);
+    return fromMantissa(m, 0, negative_);
 }
 
 }  // namespace telvaro

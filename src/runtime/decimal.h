@@ -24,11 +24,15 @@ public:
     static Decimal fromDouble(double v);
     // A Currency value: an integer count of 1/10000 units.
     static Decimal fromCurrency(std::int64_t scaled);
-    // Parts: the 96-bit mantissa as lo, mid, hi words, the scale and the sign.
+    // Parts: the 96-bit mantissa as lo, mid, hi words, the scale and the sign;
+    // error 5 for a scale outside 0..28.
     static Decimal fromParts(std::uint32_t lo, std::uint32_t mid, std::uint32_t hi, int scale, bool negative);
     // Text in plain or exponent notation with the given decimal mark and
     // optional thousands marks, optional sign and surrounding blanks.
     // Empty optional when the text is not a number; error 6 when out of range.
+    // The places written are kept ("1.50" has scale 2); beyond 28 places, or
+    // beyond what 96 bits hold, the value is rounded half to even.
+    // A thousands mark of u'\0' means none.
     static std::optional<Decimal> parse(StringView text, char16_t decimalMark = u'.', char16_t thousandsMark = u',');
 
     double toDouble() const;
@@ -48,6 +52,10 @@ public:
     std::uint32_t hi() const { return hi_; }
 
     Decimal operator-() const;
+    // Sums and differences keep the larger scale, products the sum of the
+    // scales, while the result fits. An exact quotient keeps the difference
+    // of the scales (1.50 / 0.5 = 3.0, never below 0); an inexact one gets as
+    // many places as fit, up to 28, without trailing zeros (10 / 4 = 2.5).
     friend Decimal operator+(const Decimal& a, const Decimal& b);
     friend Decimal operator-(const Decimal& a, const Decimal& b);
     friend Decimal operator*(const Decimal& a, const Decimal& b);
@@ -57,7 +65,8 @@ public:
     friend std::strong_ordering operator<=>(const Decimal& a, const Decimal& b);
     friend bool operator==(const Decimal& a, const Decimal& b) { return (a <=> b) == 0; }
 
-    // Rounded half to even to `decimals` places (0..28).
+    // Rounded half to even to `decimals` places; unchanged when it has no
+    // more places than that; error 5 for negative `decimals`.
     Decimal round(int decimals) const;
     // Whole part, toward zero.
     Decimal truncate() const;
