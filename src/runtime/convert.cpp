@@ -1,7 +1,8 @@
 #include "runtime/convert.h"
 
+#include <charconv>
 #include <cmath>
-#include <cstdio>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 #include <string>
@@ -17,192 +18,464 @@ namespace telvaro {
 
 namespace {
 
-constexpr double kMaxCurrency = 922337203685477.5807;
+// An object used as a value is read through its default member; a default
+// member that is itself an object is read in turn, a few levels deep at most.
+constexpr int kDefaultMemberDepth = 8;
 
-bool isBlank(char16_t c) { return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r' || c == 0xA0; }
 bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-
-// The default member of an object, as the runtime reads it when an object
-// is used where a value is expected.
-Variant defaultValue(const Variant& v) {
-    Object& o = objectOf(v);
-    Variant value = o.invoke(u"", InvokeKind::PropertyGet, {});
-    if (value.isObject()) raise(err::TypeMismatch);
-    return value;
+int digitValue(char16_t c) {
+    if (isDigit(c)) return c - u'0';
+    if (c >= u'a' && c <= u'f') return c - u'a' + 10;
+    if (c >= u'A' && c <= u'F') return c - u'A' + 10;
+    return 99;
 }
 
-// "&H1F" and "&O17": the value, as the runtime reads them (16-bit when the
-// digits fit 16 bits, else 32-bit, both two's complement).
-std::optional<double> parseRadix(StringView t) {
-    if (t.size() < 3 || t[0] != u'&') return std::nullopt;
-    int radix = (t[1] == u'H' || t[1] == u'h') ? 16 : (t[1] == u'O' || t[1] == u'o') ? 8 : 0;
-    if (!radix) return std::nullopt;
-    std::uint64_t v = 0;
-    for (std::size_t i = 2; i < t.size(); ++i) {
-        char16_t c = t[i];
-        int d = isDigit(c) ? c - u'0' : (c >= u'a' && c <= u'f') ? c - u'a' + 10 : (c >= u'A' && c <= u'F') ? c - u'A' + 10 : 99;
-        if (d >= radix) return std::nullopt;
-        v = v * static_cast<std::uint64_t>(radix) + static_cast<std::uint64_t>(d);
-        if (v > 0xFFFFFFFFull) raise(err::Overflow);
-    }
-    if (v <= 0xFFFF) return static_cast<double>(static_cast<std::int16_t>(static_cast<std::uint16_t>(v)));
-    return static_cast<double>(static_cast<std::int32_t>(static_cast<std::uint32_t>(v)));
+// Blanks the locale-aware reader skips around a number.
+bool isBlank(char16_t c) {
+    return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r' || c == u'\v' || c == u'\f' || c == 0xA0 ||
+           c == 0x3000;
 }
 
-String trimBlanks(StringView t) {
+StringView trimBlanks(StringView t) {
     std::size_t b = 0, e = t.size();
     while (b < e && isBlank(t[b])) ++b;
     while (e > b && isBlank(t[e - 1])) --e;
-    return String(t.substr(b, e - b));
+    return t.substr(b, e - b);
 }
 
-}  // namespace
+Variant defaultValue(const Variant& v) {
+    Variant value = v;
+    for (int depth = 0; value.isObject(); ++depth) {
+        if (depth == kDefaultMemberDepth) raise(err::TypeMismatch);
+        value = objectOf(value).invoke(u"", InvokeKind::PropertyGet, {});
+    }
+    return value;
+}
 
-std::optional<double> parseNumber(StringView text) {
-    const RegionalSettings& s = regional();
-    String t = trimBlanks(text);
+// ---------------------------------------------------------------------------
+// Numbers read from text. The reader keeps the digits exactly, so that a
+// Currency or Decimal read from text is exact and only a Double rounds.
+
+struct NumberText {
+    bool negative = false;
+    std::string digits;         // significant digits, no leading or trailing zeros; empty for zero
+    std::int64_t exponent = 0;  // the value is digits * 10^exponent
+    bool radix = false;         // "&H" / "&O": the value is radixValue
+    std::int32_t radixValue = 0;
+    bool radixOverflow = false;  // more than 32 bits of digits
+};
+
+// Exponents beyond this are out of every type's range either way; clamping
+// keeps the arithmetic on them exact.
+constexpr std::int64_t kExponentClamp = 1'000'000'000;
+
+// Digits, fraction digits and the written exponent to the normal form.
+void normalize(NumberText& n, std::string raw, std::int64_t fractionDigits, std::int64_t writtenExponent) {
+    std::size_t first = raw.find_first_not_of('0');
+    if (first == std::string::npos) {
+        n.digits.clear();
+        n.exponent = 0;
+        return;
+    }
+    raw.erase(0, first);
+    std::size_t last = raw.find_last_not_of('0');
+    const auto trailing = static_cast<std::int64_t>(raw.size() - 1 - last);
+    raw.erase(last + 1);
+    n.digits = std::move(raw);
+    n.exponent = writtenExponent - fractionDigits + trailing;
+}
+
+// "&H1F" or "&O17": hexadecimal or octal digits, nothing else. The value is
+// a 16-bit two's complement number when the digits fit 16 bits, else a
+// 32-bit one ("&HFFFF" is -1, "&H10000" is 65536).
+bool readRadix(StringView t, NumberText& n) {
+    if (t.size() < 3 || t[0] != u'&') return false;
+    const int radix = (t[1] == u'H' || t[1] == u'h') ? 16 : (t[1] == u'O' || t[1] == u'o') ? 8 : 0;
+    if (radix == 0) return false;
+    std::uint64_t v = 0;
+    for (std::size_t i = 2; i < t.size(); ++i) {
+        const int d = digitValue(t[i]);
+        if (d >= radix) return false;
+        if (!n.radixOverflow) {
+            v = v * static_cast<std::uint64_t>(radix) + static_cast<std::uint64_t>(d);
+            if (v > 0xFFFFFFFFull) n.radixOverflow = true;
+        }
+    }
+    n.radix = true;
+    if (v <= 0xFFFF) {
+        n.radixValue = static_cast<std::int16_t>(static_cast<std::uint16_t>(v));
+    } else {
+        n.radixValue = static_cast<std::int32_t>(static_cast<std::uint32_t>(v & 0xFFFFFFFFull));
+    }
+    return true;
+}
+
+// The runtime's locale-aware reading of a number: blanks around, one sign
+// and the currency symbol before the number (in either order) or after it,
+// parentheses for a negative number, thousands marks anywhere in the
+// integer part, the regional decimal mark, an exponent with E or D.
+std::optional<NumberText> scanNumber(StringView text, const RegionalSettings& s) {
+    const StringView t = trimBlanks(text);
     if (t.empty()) return std::nullopt;
-    if (auto r = parseRadix(t)) return r;
+    NumberText n;
+    if (t[0] == u'&') {
+        if (readRadix(t, n)) return n;
+        return std::nullopt;
+    }
 
+    const char16_t decimal = s.decimalMark();
+    const char16_t thousands = s.thousandMark() == decimal ? u'\0' : s.thousandMark();
+    const String& currency = s.currencySymbol;
     std::size_t i = 0;
-    bool negative = false, parenthesised = false;
+    bool parenthesised = false, signSeen = false, currencySeen = false;
     auto skipBlanks = [&] {
         while (i < t.size() && isBlank(t[i])) ++i;
     };
-    auto skipCurrency = [&] {
-        const String& cur = s.currencySymbol;
-        if (!cur.empty() && t.compare(i, cur.size(), cur) == 0) {
-            i += cur.size();
-            skipBlanks();
-        }
+    auto takeCurrency = [&] {
+        if (currencySeen || currency.empty() || t.compare(i, currency.size(), currency) != 0) return false;
+        i += currency.size();
+        currencySeen = true;
+        skipBlanks();
+        return true;
     };
     if (t[i] == u'(') {
         parenthesised = true;
         ++i;
         skipBlanks();
     }
-    skipCurrency();
-    if (i < t.size() && (t[i] == u'+' || t[i] == u'-')) {
-        negative = t[i] == u'-';
-        ++i;
-        skipBlanks();
+    for (;;) {
+        if (takeCurrency()) continue;
+        if (!signSeen && i < t.size() && (t[i] == u'+' || t[i] == u'-')) {
+            signSeen = true;
+            n.negative = t[i] == u'-';
+            ++i;
+            skipBlanks();
+            continue;
+        }
+        break;
     }
-    skipCurrency();
 
-    std::string ascii;
-    bool digits = false;
-    const char16_t decimal = s.decimalMark(), thousands = s.thousandMark();
+    std::string raw;
+    std::int64_t fractionDigits = 0;
+    bool integerDigits = false;
     while (i < t.size()) {
-        char16_t c = t[i];
-        if (isDigit(c)) {
-            ascii.push_back(static_cast<char>(c));
-            digits = true;
-            ++i;
-        } else if (c == thousands && thousands != decimal && digits) {
-            ++i;
-        } else {
+        if (isDigit(t[i])) {
+            raw.push_back(static_cast<char>(t[i]));
+            integerDigits = true;
+        } else if (!(thousands != u'\0' && t[i] == thousands && integerDigits)) {
             break;
         }
+        ++i;
     }
+    bool anyDigits = integerDigits;
     if (i < t.size() && t[i] == decimal) {
-        ascii.push_back('.');
         ++i;
         while (i < t.size() && isDigit(t[i])) {
-            ascii.push_back(static_cast<char>(t[i++]));
-            digits = true;
+            raw.push_back(static_cast<char>(t[i++]));
+            ++fractionDigits;
+            anyDigits = true;
         }
     }
-    if (!digits) return std::nullopt;
+    if (!anyDigits) return std::nullopt;
+
+    std::int64_t writtenExponent = 0;
     if (i < t.size() && (t[i] == u'E' || t[i] == u'e' || t[i] == u'D' || t[i] == u'd')) {
-        std::size_t j = i + 1;
-        std::string exponent = "e";
-        if (j < t.size() && (t[j] == u'+' || t[j] == u'-')) exponent.push_back(static_cast<char>(t[j++]));
-        bool expDigits = false;
-        while (j < t.size() && isDigit(t[j])) {
-            exponent.push_back(static_cast<char>(t[j++]));
-            expDigits = true;
+        ++i;
+        bool negativeExponent = false;
+        if (i < t.size() && (t[i] == u'+' || t[i] == u'-')) negativeExponent = t[i++] == u'-';
+        bool exponentDigits = false;
+        while (i < t.size() && isDigit(t[i])) {
+            if (writtenExponent < kExponentClamp) writtenExponent = writtenExponent * 10 + (t[i] - u'0');
+            ++i;
+            exponentDigits = true;
         }
-        if (!expDigits) return std::nullopt;
-        ascii += exponent;
-        i = j;
+        if (!exponentDigits) return std::nullopt;
+        if (negativeExponent) writtenExponent = -writtenExponent;
     }
+
     skipBlanks();
-    skipCurrency();
+    takeCurrency();
     if (parenthesised) {
-        if (i >= t.size() || t[i] != u')' || negative) return std::nullopt;
-        negative = true;
+        if (signSeen || i >= t.size() || t[i] != u')') return std::nullopt;
+        n.negative = true;
         ++i;
         skipBlanks();
     }
     if (i != t.size()) return std::nullopt;
-    double value = std::strtod(ascii.c_str(), nullptr);
-    if (std::isinf(value)) raise(err::Overflow);
-    return negative ? -value : value;
+    normalize(n, std::move(raw), fractionDigits, writtenExponent);
+    return n;
 }
 
-String doubleToString(double d) {
-    if (std::isnan(d)) return u"NaN";
-    if (std::isinf(d)) return d > 0 ? u"Infinity" : u"-Infinity";
+double toDouble(const NumberText& n) {
+    if (n.radix) {
+        if (n.radixOverflow) raise(err::Overflow);
+        return n.radixValue;
+    }
+    if (n.digits.empty()) return 0.0;
+    // The value lies in [10^(magnitude-1), 10^magnitude).
+    const std::int64_t magnitude = n.exponent + static_cast<std::int64_t>(n.digits.size());
+    if (magnitude > 310) raise(err::Overflow);
+    if (magnitude < -330) return 0.0;
+    // Integer digits and an exponent: no decimal point, so the C library's
+    // locale plays no part in the reading.
+    const std::string text = n.digits + "e" + std::to_string(n.exponent);
+    const double v = std::strtod(text.c_str(), nullptr);
+    if (std::isinf(v)) raise(err::Overflow);
+    return n.negative ? -v : v;
+}
+
+// Round the digit string half to even so that `drop` trailing digits go;
+// the result may gain a digit ("999" -> "1000").
+void dropDigitsHalfEven(NumberText& n, std::size_t drop) {
+    if (drop == 0) return;
+    std::string& d = n.digits;
+    if (drop > d.size()) {
+        // Everything goes and the first dropped digit is an implied 0.
+        d.clear();
+        n.exponent = 0;
+        return;
+    }
+    const std::size_t keep = d.size() - drop;
+    const char first = d[keep];
+    const bool restNonZero = d.find_first_not_of('0', keep + 1) != std::string::npos;
+    const bool lastKeptOdd = keep > 0 && ((d[keep - 1] - '0') % 2 == 1);
+    const bool up = first > '5' || (first == '5' && (restNonZero || lastKeptOdd));
+    d.erase(keep);
+    n.exponent += static_cast<std::int64_t>(drop);
+    if (up) {
+        std::size_t k = d.size();
+        while (k > 0 && d[k - 1] == '9') d[--k] = '0';
+        if (k == 0) {
+            d.insert(d.begin(), '1');
+        } else {
+            ++d[k - 1];
+        }
+    }
+    // Back to the normal form.
+    std::size_t last = d.find_last_not_of('0');
+    if (last == std::string::npos) {
+        d.clear();
+        n.exponent = 0;
+        return;
+    }
+    n.exponent += static_cast<std::int64_t>(d.size() - 1 - last);
+    d.erase(last + 1);
+}
+
+// An exact Currency count (1/10000 units) of a number read from text,
+// rounded half to even; error 6 outside the Currency range.
+std::int64_t currencyOf(const NumberText& number) {
+    if (number.radix) {
+        if (number.radixOverflow) raise(err::Overflow);
+        return std::int64_t(number.radixValue) * 10000;
+    }
+    NumberText n = number;
+    n.exponent += 4;  // count in 1/10000 units
+    if (n.exponent < 0) dropDigitsHalfEven(n, static_cast<std::size_t>(std::min<std::int64_t>(-n.exponent, 1'000'000)));
+    if (n.digits.empty()) return 0;
+    if (n.exponent + static_cast<std::int64_t>(n.digits.size()) > 19) raise(err::Overflow);
+    std::uint64_t v = 0;
+    for (char c : n.digits) v = v * 10 + static_cast<std::uint64_t>(c - '0');
+    for (std::int64_t k = 0; k < n.exponent; ++k) {
+        if (v > std::numeric_limits<std::uint64_t>::max() / 10) raise(err::Overflow);
+        v *= 10;
+    }
+    const std::uint64_t limit = n.negative ? (std::uint64_t(1) << 63) : (std::uint64_t(1) << 63) - 1;
+    if (v > limit) raise(err::Overflow);
+    if (!n.negative) return static_cast<std::int64_t>(v);
+    return v == (std::uint64_t(1) << 63) ? std::numeric_limits<std::int64_t>::min() : -static_cast<std::int64_t>(v);
+}
+
+// An exact Decimal of a number read from text: at most 28 decimal places and
+// at most the 96-bit mantissa, rounded half to even; error 6 when the
+// integer part is too large.
+Decimal decimalOf(const NumberText& number) {
+    if (number.radix) {
+        if (number.radixOverflow) raise(err::Overflow);
+        return Decimal::fromInt64(number.radixValue);
+    }
+    NumberText n = number;
+    if (n.exponent < -Decimal::kMaxScale) {
+        dropDigitsHalfEven(n, static_cast<std::size_t>(std::min<std::int64_t>(-Decimal::kMaxScale - n.exponent,
+                                                                               1'000'000)));
+    }
+    static const std::string kMaxMantissa = "79228162514264337593543950335";
+    auto tooWide = [&] {
+        return n.digits.size() > kMaxMantissa.size() ||
+               (n.digits.size() == kMaxMantissa.size() && n.digits > kMaxMantissa);
+    };
+    while (n.exponent < 0 && tooWide()) dropDigitsHalfEven(n, 1);
+    if (n.digits.empty()) return Decimal::fromInt64(0);
+    if (n.exponent + static_cast<std::int64_t>(n.digits.size()) > static_cast<std::int64_t>(kMaxMantissa.size()))
+        raise(err::Overflow);
+    // Plain text with "." for the Decimal reader.
+    std::string text = n.negative ? "-" : "";
+    if (n.exponent >= 0) {
+        text += n.digits;
+        text.append(static_cast<std::size_t>(n.exponent), '0');
+    } else {
+        const auto places = static_cast<std::size_t>(-n.exponent);
+        if (places >= n.digits.size()) {
+            text += "0." + std::string(places - n.digits.size(), '0') + n.digits;
+        } else {
+            text += n.digits.substr(0, n.digits.size() - places) + "." + n.digits.substr(n.digits.size() - places);
+        }
+    }
+    auto d = Decimal::parse(ascii(text), u'.', u',');
+    if (!d) raise(err::Overflow);
+    return *d;
+}
+
+// ---------------------------------------------------------------------------
+// Numbers written as text.
+
+String replaceMark(std::string text, char16_t mark) {
+    String out = ascii(text);
+    if (mark != u'.') {
+        for (auto& c : out)
+            if (c == u'.') c = mark;
+    }
+    return out;
+}
+
+String doubleText(double d, char16_t mark) {
+    if (!std::isfinite(d)) raise(err::Overflow);
     if (d == 0) return u"0";
+    // Fifteen significant digits, correctly rounded, free of the C locale.
     char buf[64];
-    std::snprintf(buf, sizeof buf, "%.14e", d);  // 15 significant digits
-    std::string s(buf);
-    bool negative = s[0] == '-';
-    if (negative) s.erase(0, 1);
-    auto ePos = s.find('e');
-    int exponent = std::atoi(s.c_str() + ePos + 1);
+    auto res = std::to_chars(buf, buf + sizeof buf, std::fabs(d), std::chars_format::scientific, 14);
+    const std::string s(buf, res.ptr);
+    const auto ePos = s.find('e');
+    const int exponent = std::atoi(s.c_str() + ePos + 1);
     std::string digits = s.substr(0, 1) + s.substr(2, ePos - 2);
     while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
     const int sig = static_cast<int>(digits.size());
 
-    std::string out;
-    bool plain = exponent >= 0 ? exponent < 15 : (-exponent - 1 + sig) <= 15;
+    // Plain while the integer part has at most 15 digits and the last digit
+    // stands at most 15 places after the point.
+    const bool plain = exponent >= 0 ? exponent < 15 : (-exponent - 1 + sig) <= 15;
+    std::string out = d < 0 ? "-" : "";
     if (plain) {
         if (exponent >= 0) {
-            std::string whole = digits.substr(0, std::min<std::size_t>(digits.size(), static_cast<std::size_t>(exponent) + 1));
-            whole.append(static_cast<std::size_t>(exponent) + 1 - whole.size(), '0');
-            out = whole;
-            if (sig > exponent + 1) out += "." + digits.substr(static_cast<std::size_t>(exponent) + 1);
+            const auto whole = static_cast<std::size_t>(exponent) + 1;
+            if (digits.size() <= whole) {
+                out += digits + std::string(whole - digits.size(), '0');
+            } else {
+                out += digits.substr(0, whole) + "." + digits.substr(whole);
+            }
         } else {
-            out = "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
+            out += "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
         }
     } else {
-        out = digits.substr(0, 1);
+        out += digits.substr(0, 1);
         if (sig > 1) out += "." + digits.substr(1);
-        char e[16];
-        std::snprintf(e, sizeof e, "E%c%02d", exponent < 0 ? '-' : '+', std::abs(exponent));
-        out += e;
+        out += exponent < 0 ? "E-" : "E+";
+        const int e = std::abs(exponent);
+        if (e < 10) out += "0";
+        out += std::to_string(e);
     }
-    String text = ascii(std::string(negative ? "-" : "") + out);
-    const char16_t mark = regional().decimalMark();
-    if (mark != u'.')
-        for (auto& c : text)
-            if (c == u'.') c = mark;
-    return text;
+    return replaceMark(std::move(out), mark);
 }
 
-String currencyToString(Currency c) {
-    // Up to four decimal places, without trailing zeros.
-    const char16_t mark = regional().decimalMark();
-    String t = Decimal::fromCurrency(c.scaled).toString(mark);
-    if (t.find(mark) != String::npos) {
-        while (t.back() == u'0') t.pop_back();
-        if (t.back() == mark) t.pop_back();
+String currencyText(Currency c, char16_t mark) {
+    const bool negative = c.scaled < 0;
+    const std::uint64_t magnitude =
+        negative ? std::uint64_t(0) - static_cast<std::uint64_t>(c.scaled) : static_cast<std::uint64_t>(c.scaled);
+    std::string out = negative ? "-" : "";
+    out += std::to_string(magnitude / 10000);
+    std::uint64_t fraction = magnitude % 10000;
+    if (fraction != 0) {
+        std::string f = std::to_string(fraction);
+        f.insert(0, 4 - f.size(), '0');
+        while (f.back() == '0') f.pop_back();
+        out += "." + f;
     }
+    return replaceMark(std::move(out), mark);
+}
+
+String decimalText(const Decimal& d, char16_t mark) {
+    String t = d.toString(mark);
+    if (d.scale() > 0 && t.find(mark) != String::npos) {
+        while (!t.empty() && t.back() == u'0') t.pop_back();
+        if (!t.empty() && t.back() == mark) t.pop_back();
+    }
+    if (t == u"-0") t = u"0";
     return t;
 }
+
+// The text of a numeric value (not Date, not Boolean) with the given mark.
+String numberText(const Variant& v, char16_t mark) {
+    switch (v.type()) {
+        case VarType::Byte: return ascii(std::to_string(v.get<std::uint8_t>()));
+        case VarType::Integer: return ascii(std::to_string(v.get<std::int16_t>()));
+        case VarType::Long: return ascii(std::to_string(v.get<std::int32_t>()));
+        case VarType::Double: return doubleText(v.get<double>(), mark);
+        case VarType::Currency: return currencyText(v.get<Currency>(), mark);
+        case VarType::Decimal: return decimalText(v.get<Decimal>(), mark);
+        default: raise(err::TypeMismatch);
+    }
+}
+
+std::int64_t currencyToWhole(Currency c) {
+    // Half to even on the 1/10000 count.
+    std::int64_t q = c.scaled / 10000, r = c.scaled % 10000;
+    if (r > 5000 || (r == 5000 && (q % 2 != 0))) ++q;
+    if (r < -5000 || (r == -5000 && (q % 2 != 0))) --q;
+    return q;
+}
+
+std::optional<NumberText> scanText(const Variant& v) { return scanNumber(v.get<String>(), regional()); }
+
+NumberText requireNumber(const Variant& v) {
+    auto n = scanText(v);
+    if (!n) raise(err::TypeMismatch);
+    return *n;
+}
+
+// Integer, Long, Boolean, Byte, Currency and Decimal as a whole number
+// rounded half to even; everything else through Double.
+std::int64_t wholeNumber(const Variant& v) {
+    switch (v.type()) {
+        case VarType::Byte: return v.get<std::uint8_t>();
+        case VarType::Integer: return v.get<std::int16_t>();
+        case VarType::Long: return v.get<std::int32_t>();
+        case VarType::Boolean: return v.get<Boolean>().bits;
+        case VarType::Currency: return currencyToWhole(v.get<Currency>());
+        case VarType::Decimal: return v.get<Decimal>().toInt64();
+        case VarType::Object: return wholeNumber(defaultValue(v));
+        default: {
+            const double d = toDouble(v);
+            if (!(d > -9.2e18 && d < 9.2e18)) raise(err::Overflow);
+            return static_cast<std::int64_t>(roundHalfEven(d));
+        }
+    }
+}
+
+bool inDateRange(double serial) { return serial > kMinDateSerial - 1.0 && serial < 2958466.0; }
+
+}  // namespace
+
+std::optional<double> parseNumber(StringView text) {
+    auto n = scanNumber(text, regional());
+    if (!n) return std::nullopt;
+    return toDouble(*n);
+}
+
+String doubleToString(double d) { return doubleText(d, regional().decimalMark()); }
+
+String currencyToString(Currency c) { return currencyText(c, regional().decimalMark()); }
 
 String toString(const Variant& v) {
     switch (v.type()) {
         case VarType::Empty: return {};
         case VarType::Null: raise(err::InvalidUseOfNull);
         case VarType::Boolean: return v.get<Boolean>().isTrue() ? u"True" : u"False";
-        case VarType::Byte: return ascii(std::to_string(v.get<std::uint8_t>()));
-        case VarType::Integer: return ascii(std::to_string(v.get<std::int16_t>()));
-        case VarType::Long: return ascii(std::to_string(v.get<std::int32_t>()));
-        case VarType::Double: return doubleToString(v.get<double>());
-        case VarType::Currency: return currencyToString(v.get<Currency>());
-        case VarType::Decimal: return v.get<Decimal>().toString(regional().decimalMark());
+        case VarType::Byte:
+        case VarType::Integer:
+        case VarType::Long:
+        case VarType::Double:
+        case VarType::Currency:
+        case VarType::Decimal: return numberText(v, regional().decimalMark());
         case VarType::Date: return dateToString(v.get<Date>(), regional());
         case VarType::String: return v.get<String>();
         case VarType::Object: return toString(defaultValue(v));
@@ -222,11 +495,7 @@ double toDouble(const Variant& v) {
         case VarType::Currency: return static_cast<double>(v.get<Currency>().scaled) / 10000.0;
         case VarType::Decimal: return v.get<Decimal>().toDouble();
         case VarType::Date: return v.get<Date>().serial;
-        case VarType::String: {
-            auto n = parseNumber(v.get<String>());
-            if (!n) raise(err::TypeMismatch);
-            return *n;
-        }
+        case VarType::String: return toDouble(requireNumber(v));
         case VarType::Object: return toDouble(defaultValue(v));
         default: raise(err::TypeMismatch);
     }
@@ -234,41 +503,37 @@ double toDouble(const Variant& v) {
 
 std::int16_t toInteger(const Variant& v) {
     switch (v.type()) {
-        case VarType::Integer: return v.get<std::int16_t>();
-        case VarType::Boolean: return v.get<Boolean>().bits;
-        case VarType::Byte: return v.get<std::uint8_t>();
-        case VarType::Long: return toInt16(v.get<std::int32_t>());
-        case VarType::Decimal: return toInt16(v.get<Decimal>().toInt64());
-        case VarType::Currency: return toInt16(Decimal::fromCurrency(v.get<Currency>().scaled).toInt64());
-        default: return Int16::ofDouble(toDouble(v)).value();
+        case VarType::Double:
+        case VarType::Date:
+        case VarType::String:
+        case VarType::Empty: return Int16::ofDouble(toDouble(v)).value();
+        default: return Int16::of(wholeNumber(v)).value();
     }
 }
 
 std::int32_t toLong(const Variant& v) {
     switch (v.type()) {
-        case VarType::Integer: return v.get<std::int16_t>();
-        case VarType::Boolean: return v.get<Boolean>().bits;
-        case VarType::Byte: return v.get<std::uint8_t>();
-        case VarType::Long: return v.get<std::int32_t>();
-        case VarType::Decimal: return toInt32(v.get<Decimal>().toInt64());
-        case VarType::Currency: return toInt32(Decimal::fromCurrency(v.get<Currency>().scaled).toInt64());
-        default: return Int32::ofDouble(toDouble(v)).value();
+        case VarType::Double:
+        case VarType::Date:
+        case VarType::String:
+        case VarType::Empty: return Int32::ofDouble(toDouble(v)).value();
+        default: return Int32::of(wholeNumber(v)).value();
     }
 }
 
 std::uint8_t toByteValue(const Variant& v) {
     switch (v.type()) {
-        case VarType::Byte: return v.get<std::uint8_t>();
-        case VarType::Integer:
-        case VarType::Long:
-        case VarType::Boolean:
-        case VarType::Decimal:
-        case VarType::Currency: return toByte(toLong(v));
-        default: {
-            double d = toDouble(v);
-            if (!(d > -1.0 && d < 256.0)) raise(err::Overflow);
-            return toByte(Int32::ofDouble(d).value());
+        // A Boolean keeps its low byte: True is 255.
+        case VarType::Boolean: return static_cast<std::uint8_t>(static_cast<std::uint16_t>(v.get<Boolean>().bits) & 0xFF);
+        case VarType::Double:
+        case VarType::Date:
+        case VarType::String:
+        case VarType::Empty: {
+            const double d = toDouble(v);
+            if (!(d >= -0.5 && d < 255.5)) raise(err::Overflow);
+            return static_cast<std::uint8_t>(roundHalfEven(d));
         }
+        default: return toByte(wholeNumber(v));
     }
 }
 
@@ -276,15 +541,22 @@ Boolean toBoolean(const Variant& v) {
     switch (v.type()) {
         case VarType::Boolean: return v.get<Boolean>();
         case VarType::String: {
-            String t = trimBlanks(v.get<String>());
+            const String& raw = v.get<String>();
+            if (raw == u"#TRUE#") return True;
+            if (raw == u"#FALSE#") return False;
+            const StringView t = trimBlanks(raw);
             if (textEquals(t, u"True") || textEquals(t, u"Verdadero")) return True;
             if (textEquals(t, u"False") || textEquals(t, u"Falso")) return False;
-            auto n = parseNumber(t);
-            if (!n) raise(err::TypeMismatch);
-            return Boolean(*n != 0);
+            const NumberText n = requireNumber(v);
+            if (n.radix) {
+                if (n.radixOverflow) raise(err::Overflow);
+                return Boolean(n.radixValue != 0);
+            }
+            return Boolean(!n.digits.empty());
         }
         case VarType::Decimal: return Boolean(!v.get<Decimal>().isZero());
         case VarType::Currency: return Boolean(v.get<Currency>().scaled != 0);
+        case VarType::Object: return toBoolean(defaultValue(v));
         default: return Boolean(toDouble(v) != 0);
     }
 }
@@ -293,17 +565,16 @@ Currency toCurrency(const Variant& v) {
     switch (v.type()) {
         case VarType::Currency: return v.get<Currency>();
         case VarType::Decimal: return Currency{v.get<Decimal>().toCurrency()};
-        case VarType::String: {
-            auto d = Decimal::parse(trimBlanks(v.get<String>()), regional().decimalMark(), regional().thousandMark());
-            if (d) return Currency{d->toCurrency()};
-            break;
-        }
+        case VarType::Byte:
+        case VarType::Integer:
+        case VarType::Long:
+        case VarType::Boolean: return Currency{wholeNumber(v) * 10000};
+        case VarType::String: return Currency{currencyOf(requireNumber(v))};
+        case VarType::Object: return toCurrency(defaultValue(v));
         default: break;
     }
-    double d = toDouble(v);
-    if (!(std::fabs(d) <= kMaxCurrency)) raise(err::Overflow);
-    double scaled = roundHalfEven(d * 10000.0);
-    if (scaled >= 9.2233720368547758e18 || scaled < -9.2233720368547758e18) raise(err::Overflow);
+    const double scaled = roundHalfEven(toDouble(v) * 10000.0);
+    if (!(scaled >= -9223372036854775808.0 && scaled < 9223372036854775808.0)) raise(err::Overflow);
     return Currency{static_cast<std::int64_t>(scaled)};
 }
 
@@ -313,13 +584,11 @@ Decimal toDecimal(const Variant& v) {
         case VarType::Currency: return Decimal::fromCurrency(v.get<Currency>().scaled);
         case VarType::Byte:
         case VarType::Integer:
-        case VarType::Long:
-        case VarType::Boolean: return Decimal::fromInt64(toLong(v));
-        case VarType::String: {
-            auto d = Decimal::parse(trimBlanks(v.get<String>()), regional().decimalMark(), regional().thousandMark());
-            if (d) return *d;
-            return Decimal::fromDouble(toDouble(v));
-        }
+        case VarType::Long: return Decimal::fromInt64(wholeNumber(v));
+        // A Boolean is -1 or 0 whatever bits it carries.
+        case VarType::Boolean: return Decimal::fromInt64(v.get<Boolean>().isTrue() ? -1 : 0);
+        case VarType::String: return decimalOf(requireNumber(v));
+        case VarType::Object: return toDecimal(defaultValue(v));
         default: return Decimal::fromDouble(toDouble(v));
     }
 }
@@ -329,16 +598,13 @@ Date toDate(const Variant& v) {
         case VarType::Date: return v.get<Date>();
         case VarType::String: {
             auto d = parseDate(v.get<String>(), regional());
-            if (d) return Date{*d};
-            auto n = parseNumber(v.get<String>());
-            if (!n) raise(err::TypeMismatch);
-            if (!(*n >= kMinDateSerial && *n < 2958466.0)) raise(err::Overflow);
-            return Date{*n};
+            if (!d) raise(err::TypeMismatch);
+            return Date{*d};
         }
         case VarType::Object: return toDate(defaultValue(v));
         default: {
-            double d = toDouble(v);
-            if (!(d >= kMinDateSerial && d < 2958466.0)) raise(err::Overflow);
+            const double d = toDouble(v);
+            if (!inDateRange(d)) raise(err::Overflow);
             return Date{d};
         }
     }
@@ -366,72 +632,90 @@ Variant coerce(const Variant& v, VarType to) {
 }
 
 double val(StringView text) {
-    // Blanks, tabs and line feeds are ignored wherever they stand.
-    std::string s;
-    for (char16_t c : text) {
-        if (c == u' ' || c == u'\t' || c == u'\n' || c == u'\r') continue;
-        s.push_back(c < 0x80 ? static_cast<char>(c) : '\x7f');
-    }
-    if (s.size() >= 2 && s[0] == '&' && (s[1] == 'H' || s[1] == 'h' || s[1] == 'O' || s[1] == 'o')) {
-        int radix = (s[1] == 'H' || s[1] == 'h') ? 16 : 8;
+    // Blanks, tabs and line feeds are dropped wherever they stand; any other
+    // character the number cannot use ends it.
+    String s;
+    s.reserve(text.size());
+    for (char16_t c : text)
+        if (c != u' ' && c != u'\t' && c != u'\n') s.push_back(c);
+
+    if (s.size() >= 2 && s[0] == u'&' && (s[1] == u'H' || s[1] == u'h' || s[1] == u'O' || s[1] == u'o')) {
+        const int radix = (s[1] == u'H' || s[1] == u'h') ? 16 : 8;
         std::uint64_t v = 0;
         std::size_t i = 2;
         for (; i < s.size(); ++i) {
-            char c = s[i];
-            int d = (c >= '0' && c <= '9') ? c - '0' : (c >= 'a' && c <= 'f') ? c - 'a' + 10 : (c >= 'A' && c <= 'F') ? c - 'A' + 10 : 99;
+            const int d = digitValue(s[i]);
             if (d >= radix) break;
             v = v * static_cast<std::uint64_t>(radix) + static_cast<std::uint64_t>(d);
             if (v > 0xFFFFFFFFull) raise(err::Overflow);
         }
-        if (v <= 0xFFFF) return static_cast<std::int16_t>(static_cast<std::uint16_t>(v));
+        // A trailing "&" asks for a Long: "&HFFFF&" is 65535, "&HFFFF" is -1.
+        const bool asLong = i < s.size() && s[i] == u'&';
+        if (v <= 0xFFFF && !asLong) return static_cast<std::int16_t>(static_cast<std::uint16_t>(v));
         return static_cast<std::int32_t>(static_cast<std::uint32_t>(v));
     }
-    std::string number;
+
+    NumberText n;
     std::size_t i = 0;
-    if (i < s.size() && (s[i] == '+' || s[i] == '-')) number.push_back(s[i++]);
+    if (i < s.size() && (s[i] == u'+' || s[i] == u'-')) n.negative = s[i++] == u'-';
+    std::string raw;
+    std::int64_t fractionDigits = 0;
     bool digits = false, point = false;
     for (; i < s.size(); ++i) {
-        if (s[i] >= '0' && s[i] <= '9') {
-            number.push_back(s[i]);
+        if (isDigit(s[i])) {
+            raw.push_back(static_cast<char>(s[i]));
+            if (point) ++fractionDigits;
             digits = true;
-        } else if (s[i] == '.' && !point) {
-            number.push_back('.');
+        } else if (s[i] == u'.' && !point) {
             point = true;
         } else {
             break;
         }
     }
     if (!digits) return 0;
-    if (i < s.size() && (s[i] == 'E' || s[i] == 'e' || s[i] == 'D' || s[i] == 'd')) {
+    std::int64_t exponent = 0;
+    if (i < s.size() && (s[i] == u'E' || s[i] == u'e' || s[i] == u'D' || s[i] == u'd')) {
         std::size_t j = i + 1;
-        std::string exponent = "e";
-        if (j < s.size() && (s[j] == '+' || s[j] == '-')) exponent.push_back(s[j++]);
-        bool expDigits = false;
-        while (j < s.size() && s[j] >= '0' && s[j] <= '9') {
-            exponent.push_back(s[j++]);
-            expDigits = true;
+        bool negativeExponent = false;
+        if (j < s.size() && (s[j] == u'+' || s[j] == u'-')) negativeExponent = s[j++] == u'-';
+        while (j < s.size() && isDigit(s[j])) {
+            if (exponent < kExponentClamp) exponent = exponent * 10 + (s[j] - u'0');
+            ++j;
         }
-        if (expDigits) number += exponent;
+        if (negativeExponent) exponent = -exponent;
     }
-    double v = std::strtod(number.c_str(), nullptr);
-    if (std::isinf(v)) raise(err::Overflow);
-    return v;
+    normalize(n, std::move(raw), fractionDigits, exponent);
+    return toDouble(n);
 }
 
 String str(const Variant& number) {
-    Variant n = number;
-    if (n.isNull()) raise(err::InvalidUseOfNull);
-    if (n.isString() || n.isObject() || n.type() == VarType::Date) n = toDouble(n);
-    String text;
-    {
-        RegionalSettings point = regional();
-        point.decimalSeparator = u".";
-        RegionalScope scope(point);
-        text = toString(n);
+    switch (number.type()) {
+        case VarType::Null: raise(err::InvalidUseOfNull);
+        case VarType::Error: {
+            // A runtime error code 0x800A0000 + n is error n.
+            const std::int32_t scode = number.get<ErrorCode>().scode;
+            const auto bits = static_cast<std::uint32_t>(scode);
+            const std::int64_t shown = (bits & 0xFFFF0000u) == 0x800A0000u ? std::int64_t(bits & 0xFFFFu) : scode;
+            return u"Error " + ascii(std::to_string(shown));
+        }
+        case VarType::Date: return toString(number);
+        case VarType::Byte:
+        case VarType::Integer:
+        case VarType::Long:
+        case VarType::Double:
+        case VarType::Currency:
+        case VarType::Decimal: {
+            String text = numberText(number, u'.');
+            if (text.empty() || text[0] != u'-') text.insert(text.begin(), u' ');
+            return text;
+        }
+        default: return str(Variant(toDouble(number)));
     }
-    if (n.type() == VarType::Boolean) text = ascii(std::to_string(n.get<Boolean>().bits));
-    if (text.empty() || text[0] != u'-') text.insert(text.begin(), u' ');
-    return text;
+}
+
+Variant strValue(const Variant& number) {
+    if (number.isNull()) return Variant(Null{});
+    return str(number);
 }
 
 bool isNumeric(const Variant& v) {
@@ -444,20 +728,24 @@ bool isNumeric(const Variant& v) {
         case VarType::Double:
         case VarType::Currency:
         case VarType::Decimal: return true;
-        case VarType::String:
-            try {
-                return parseNumber(v.get<String>()).has_value();
-            } catch (const RuntimeError&) {
-                return true;  // a number too large for a Double is still a number
-            }
+        // A number too large for any type is still a number.
+        case VarType::String: return scanText(v).has_value();
+        case VarType::Object:
+            if (!v.get<ObjectRef>()) return false;
+            return isNumeric(defaultValue(v));
         default: return false;
     }
 }
 
 bool isDate(const Variant& v) {
-    if (v.type() == VarType::Date) return true;
-    if (v.isString()) return parseDate(v.get<String>(), regional()).has_value();
-    return false;
+    switch (v.type()) {
+        case VarType::Date: return true;
+        case VarType::String: return parseDate(v.get<String>(), regional()).has_value();
+        case VarType::Object:
+            if (!v.get<ObjectRef>()) return false;
+            return isDate(defaultValue(v));
+        default: return false;
+    }
 }
 
 }  // namespace telvaro

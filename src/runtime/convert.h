@@ -1,10 +1,12 @@
 // The runtime's conversions between Variant types, under the regional
 // settings in force (runtime/regional.h):
 //  - to String: numbers in their shortest form (a Double in at most 15
-//    significant digits, plain while it fits, else exponent form "1E+20",
-//    "3E-05"), the regional decimal mark, no thousands marks; Booleans as
-//    "True"/"False"; Dates in the short date format (and the time when it
-//    is not midnight, only the time when the day is 30/12/1899).
+//    significant digits, plain while they fit within 15 places after the
+//    point, else exponent form "1E+20", "5.6789E-12"; Currency and Decimal
+//    without trailing zeros), the regional decimal mark, no thousands
+//    marks; Booleans as "True"/"False"; Dates in the short date format (and
+//    the time when it is not midnight, only the time when the day is
+//    30/12/1899).
 //  - from String: locale-aware reading (blanks, sign, regional decimal and
 //    thousands marks, exponent, currency symbol, "&H"/"&O" prefixes; "True"
 //    and "False" for Booleans; dates in the regional order); error 13 when the
@@ -47,10 +49,15 @@ String currencyToString(Currency c);
 // cannot use; 0 when the text has no leading number.
 double val(StringView text);
 
-// The sign-position number-to-text conversion (Str): like toString with "."
-// as the decimal mark always, and a leading blank for a number that is not
-// negative.
+// The sign-position number-to-text conversion in its String form (Str$):
+// a number (Byte, Integer, Long, Double, Currency, Decimal) is written like
+// toString but with "." as the decimal mark always, and a leading blank
+// when it is not negative; a Date is its toString text; an error value is
+// "Error " and its number; anything else (text, Boolean, Empty, an object's
+// default value) is first converted to Double. Null raises error 94.
 String str(const Variant& number);
+// Str in its Variant form: Null gives Null, anything else the String above.
+Variant strValue(const Variant& number);
 
 // Locale-aware reading of a number from text; empty when the text is not a
 // number (a blank or empty text is not a number).

@@ -1,8 +1,10 @@
 #include "runtime/datetime.h"
 
-#include <chrono>
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <ctime>
+#include <string>
 #include <vector>
 
 #include "runtime/convert.h"
@@ -13,8 +15,8 @@ namespace telvaro {
 
 namespace {
 
-// Days from 1 January 1970 of a proleptic Gregorian date (H. Hinnant's
-// algorithm), and back.
+// Days from 1 January 1970 of a proleptic Gregorian date, and back
+// (H. Hinnant's era algorithms, exact for any year).
 std::int64_t daysFromCivil(std::int64_t y, int m, int d) {
     y -= m <= 2;
     const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
@@ -36,18 +38,59 @@ CivilDate civilFromDays(std::int64_t z) {
     return {static_cast<int>(yoe + era * 400 + (m <= 2)), m, d};
 }
 
-constexpr std::int64_t kDay0 = -25569;  // 30 December 1899 counted from 1 January 1970
+constexpr std::int64_t kDay0 = -25569;         // 30 December 1899, counted from 1 January 1970
+constexpr std::int64_t kLastDay = 2958465;     // 31 December 9999
+constexpr double kLowestSerial = -657435.0;    // serials must lie above this ...
+constexpr double kBeyondSerial = 2958466.0;    // ... and below this
 
-// The whole day and the time fraction of a serial: negative serials keep
-// their time as a positive fraction (-1.25 is day -1 at 06:00).
-void split(double serial, std::int64_t& days, double& fraction) {
-    double whole = std::trunc(serial);
-    days = static_cast<std::int64_t>(whole);
-    fraction = std::fabs(serial - whole);
+std::int64_t floorDiv(std::int64_t a, std::int64_t b) { return a / b - ((a % b != 0) && ((a < 0) != (b < 0))); }
+std::int64_t floorMod(std::int64_t a, std::int64_t b) { return a - floorDiv(a, b) * b; }
+
+bool inRange(double serial) { return serial > kLowestSerial && serial < kBeyondSerial; }
+
+// A serial as its day and its time in whole seconds: the time is rounded to
+// the nearest second, and a time that rounds to midnight moves to the next
+// day (except on the last valid day, which keeps 23:59:59).
+struct Moment {
+    std::int64_t day = 0;
+    int seconds = 0;
+};
+
+Moment momentOf(double serial) {
+    if (!inRange(serial)) raise(err::Overflow);
+    const double whole = std::trunc(serial);
+    Moment m;
+    m.day = static_cast<std::int64_t>(whole);
+    auto seconds = static_cast<int>(std::llround(std::fabs(serial - whole) * 86400.0));
+    if (seconds >= 86400) {
+        if (m.day < kLastDay) {
+            ++m.day;
+            seconds = 0;
+        } else {
+            seconds = 86399;
+        }
+    }
+    m.seconds = seconds;
+    return m;
 }
 
-void checkRange(double serial) {
-    if (!(serial >= kMinDateSerial && serial < 2958466.0)) raise(err::InvalidProcedureCall);
+void checkResult(double serial) {
+    if (!inRange(serial)) raise(err::InvalidProcedureCall);
+}
+
+Date addMonthsTo(Date d, std::int64_t months) {
+    if (!inRange(d.serial)) raise(err::Overflow);
+    const double whole = std::trunc(d.serial);
+    const double time = std::fabs(d.serial - whole);
+    const CivilDate c = civilFromDays(static_cast<std::int64_t>(whole) + kDay0);
+    if (months > 200000 || months < -200000) raise(err::InvalidProcedureCall);
+    const std::int64_t total = std::int64_t(c.year) * 12 + (c.month - 1) + months;
+    const std::int64_t y = floorDiv(total, 12);
+    const int m = static_cast<int>(floorMod(total, 12)) + 1;
+    if (y < 100 || y > 9999) raise(err::InvalidProcedureCall);
+    const int day = std::min(c.day, daysInMonth(static_cast<int>(y), m));
+    const double base = static_cast<double>(daysFromCivil(y, m, day) - kDay0);
+    return Date{dateTimeSerial(base, time)};
 }
 
 }  // namespace
@@ -56,53 +99,63 @@ bool isLeapYear(int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; }
 
 int daysInMonth(int y, int m) {
     static constexpr int days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (m < 1 || m > 12) raise(err::InvalidProcedureCall);
     return m == 2 && isLeapYear(y) ? 29 : days[m - 1];
 }
 
+int expandTwoDigitYear(int year) {
+    if (year >= 0 && year <= 29) return 2000 + year;
+    if (year >= 30 && year <= 99) return 1900 + year;
+    return year;
+}
+
 double dateSerial(int year, int month, int day) {
-    std::int64_t y = year, m = month;
-    y += (m - 1 >= 0) ? (m - 1) / 12 : -((12 - m) / 12);
-    m = ((m - 1) % 12 + 12) % 12 + 1;
-    if (y < 100 || y > 9999) {
-        // Still computable: the range check below decides.
-        if (y < -100000 || y > 100000) raise(err::InvalidProcedureCall);
-    }
-    std::int64_t days = daysFromCivil(y, static_cast<int>(m), 1) - kDay0 + (std::int64_t(day) - 1);
-    double serial = static_cast<double>(days);
-    checkRange(serial);
+    std::int64_t y = expandTwoDigitYear(year);
+    const std::int64_t m0 = std::int64_t(month) - 1;
+    y += floorDiv(m0, 12);
+    const int m = static_cast<int>(floorMod(m0, 12)) + 1;
+    const double serial = static_cast<double>(daysFromCivil(y, m, 1) - kDay0 + (std::int64_t(day) - 1));
+    checkResult(serial);
     return serial;
 }
 
 double timeSerial(int hour, int minute, int second) {
-    return (static_cast<double>(hour) * 3600.0 + minute * 60.0 + second) / 86400.0;
+    const std::int64_t total = std::int64_t(hour) * 3600 + std::int64_t(minute) * 60 + second;
+    const double serial = serialFromLinearDays(static_cast<double>(total) / 86400.0);
+    checkResult(serial);
+    return serial;
 }
 
-CivilDate civilDate(double serial) {
-    std::int64_t days;
-    double fraction;
-    split(serial, days, fraction);
-    // A time that rounds up to midnight belongs to the next day.
-    if (std::llround(fraction * 86400.0) >= 86400) days += serial < 0 ? -1 : 1;
-    return civilFromDays(days + kDay0);
+double dateTimeSerial(double daySerial, double timeFraction) {
+    return daySerial < 0 ? daySerial - timeFraction : daySerial + timeFraction;
 }
+
+double linearDays(double serial) {
+    const double whole = std::trunc(serial);
+    return whole + std::fabs(serial - whole);
+}
+
+double serialFromLinearDays(double days) {
+    const double whole = std::floor(days);
+    return dateTimeSerial(whole, days - whole);
+}
+
+CivilDate civilDate(double serial) { return civilFromDays(momentOf(serial).day + kDay0); }
 
 TimeOfDay timeOfDay(double serial) {
-    std::int64_t days;
-    double fraction;
-    split(serial, days, fraction);
-    std::int64_t seconds = std::llround(fraction * 86400.0) % 86400;
-    return {static_cast<int>(seconds / 3600), static_cast<int>(seconds / 60 % 60), static_cast<int>(seconds % 60)};
+    const int s = momentOf(serial).seconds;
+    return {s / 3600, s / 60 % 60, s % 60};
 }
 
 int weekday(double serial) {
-    std::int64_t days = daysFromCivil(civilDate(serial).year, civilDate(serial).month, civilDate(serial).day) - kDay0;
-    // Day 0 (30 December 1899) was a Saturday.
-    return static_cast<int>(((days % 7) + 7 + 6) % 7) + 1;
+    // Day 0, 30 December 1899, was a Saturday.
+    return static_cast<int>(floorMod(momentOf(serial).day + 6, 7)) + 1;
 }
 
 int dayOfYear(double serial) {
-    CivilDate c = civilDate(serial);
-    return static_cast<int>(daysFromCivil(c.year, c.month, c.day) - daysFromCivil(c.year, 1, 1)) + 1;
+    const std::int64_t day = momentOf(serial).day + kDay0;
+    const CivilDate c = civilFromDays(day);
+    return static_cast<int>(day - daysFromCivil(c.year, 1, 1)) + 1;
 }
 
 int day(const Variant& v) { return civilDate(toDate(v).serial).day; }
@@ -110,185 +163,348 @@ int month(const Variant& v) { return civilDate(toDate(v).serial).month; }
 int year(const Variant& v) { return civilDate(toDate(v).serial).year; }
 
 Date addDays(Date d, double days) {
-    double s = d.serial + days;
-    checkRange(s);
-    return Date{s};
+    const double serial = serialFromLinearDays(linearDays(d.serial) + days);
+    checkResult(serial);
+    return Date{serial};
 }
 
-Date addMonths(Date d, int months) {
-    CivilDate c = civilDate(d.serial);
-    std::int64_t total = std::int64_t(c.year) * 12 + (c.month - 1) + months;
-    std::int64_t y = total >= 0 ? total / 12 : -((-total + 11) / 12);
-    int m = static_cast<int>(total - y * 12) + 1;
-    if (y < 100 || y > 9999) raise(err::InvalidProcedureCall);
-    int dd = std::min(c.day, daysInMonth(static_cast<int>(y), m));
-    double base = dateSerial(static_cast<int>(y), m, dd);
-    std::int64_t days;
-    double fraction;
-    split(d.serial, days, fraction);
-    return Date{base < 0 ? base - fraction : base + fraction};
-}
+Date addMonths(Date d, int months) { return addMonthsTo(d, months); }
 
-Date addYears(Date d, int years) { return addMonths(d, years * 12); }
+Date addYears(Date d, int years) { return addMonthsTo(d, std::int64_t(years) * 12); }
+
+// ---------------------------------------------------------------------------
+// Reading dates from text.
 
 namespace {
 
-// The pieces of a date text: numbers and month names, and the time.
-struct DateParts {
-    std::vector<int> numbers;
-    std::vector<int> digitsOf;  // how many digits each number had
-    int monthByName = 0;        // 1..12 when a month name was given
-    int monthNamePosition = -1;  // index in numbers where the month name stood
-    bool hasTime = false;
-    int hour = 0, minute = 0, second = 0;
+struct Piece {
+    bool monthName = false;
+    int value = 0;   // the number, or the month 1..12
+    int digits = 0;  // how many digits the number was written with
 };
 
+struct DateText {
+    std::vector<Piece> pieces;  // numbers and at most one month name, in order
+    bool hasTime = false;
+    int hour = 0, minute = 0, second = 0;
+    bool hasDesignator = false;
+};
+
+bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+bool isLetter(char16_t c) {
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= 0xC0 && c != 0xD7 && c != 0xF7 && c < 0x2000);
+}
+// The characters that separate the parts of a date and of a time: the
+// usual ones and the regional date and time separators.
+struct Separators {
+    char16_t date = u'/';
+    char16_t time = u':';
+    explicit Separators(const RegionalSettings& s) {
+        const String d = s.dateSeparator(), t = s.timeSeparator();
+        if (!d.empty() && !isDigit(d[0]) && !isLetter(d[0])) date = d[0];
+        if (!t.empty() && !isDigit(t[0]) && !isLetter(t[0])) time = t[0];
+    }
+    bool separatesDate(char16_t c) const {
+        return c == u' ' || c == u'\t' || c == 0xA0 || c == 0x3000 || c == u'/' || c == u'-' || c == u'.' ||
+               c == u',' || (c == date && c != time);
+    }
+    bool separatesTime(char16_t c) const { return c == u':' || (c == time && !separatesDate(c)); }
+};
+
+const char16_t* const kEnglishMonths[] = {u"january", u"february", u"march",     u"april",   u"may",      u"june",
+                                          u"july",    u"august",   u"september", u"october", u"november", u"december"};
+const char16_t* const kEnglishDays[] = {u"sunday",   u"monday", u"tuesday", u"wednesday",
+                                        u"thursday", u"friday", u"saturday"};
+const char16_t* const kSpanishMonths[] = {u"enero", u"febrero", u"marzo",      u"abril",   u"mayo",      u"junio",
+                                          u"julio", u"agosto",  u"septiembre", u"octubre", u"noviembre", u"diciembre"};
+const char16_t* const kSpanishDays[] = {u"domingo", u"lunes",   u"martes", u"miércoles",
+                                        u"jueves",  u"viernes", u"sábado"};
+
+// A full name or its first three letters.
+bool namesMatch(StringView word, StringView name) {
+    if (textEquals(word, name)) return true;
+    return word.size() == 3 && name.size() > 3 && textEquals(word, name.substr(0, 3));
+}
+
 int monthFromName(StringView word, const RegionalSettings& s) {
-    static const char16_t* english[] = {u"january", u"february", u"march",     u"april",   u"may",      u"june",
-                                        u"july",    u"august",   u"september", u"october", u"november", u"december"};
     for (int m = 0; m < 12; ++m) {
-        if (textEquals(word, s.monthNames[m]) || textEquals(word, s.monthAbbreviations[m]) ||
-            textEquals(word, english[m]) || (word.size() == 3 && textEquals(word, StringView(english[m]).substr(0, 3))))
+        const auto i = static_cast<std::size_t>(m);
+        if (textEquals(word, s.monthNames[i]) || textEquals(word, s.monthAbbreviations[i]) ||
+            namesMatch(word, kSpanishMonths[m]) || namesMatch(word, kEnglishMonths[m]))
             return m + 1;
     }
+    // "setiembre", the other Spanish spelling of September.
+    if (textEquals(word, u"setiembre") || textEquals(word, u"set")) return 9;
     return 0;
 }
 
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-bool isLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c >= 0xC0; }
+bool isDayName(StringView word, const RegionalSettings& s) {
+    for (std::size_t d = 0; d < 7; ++d) {
+        if (textEquals(word, s.dayNames[d]) || textEquals(word, s.dayAbbreviations[d]) ||
+            namesMatch(word, kSpanishDays[d]) || namesMatch(word, kEnglishDays[d]))
+            return true;
+    }
+    return false;
+}
 
-// Reads "H:mm[:ss] [AM|PM]" starting at the number already read.
-bool readTime(StringView t, std::size_t& i, int firstNumber, DateParts& parts) {
-    int values[3] = {firstNumber, 0, 0};
+// "AM", "PM", "A", "P", "a.m.", "p. m." (any case) at position i, ending at
+// a word boundary. Returns 1 for AM, 2 for PM, 0 for none, and moves i past.
+int readDesignator(StringView t, std::size_t& i) {
+    if (i >= t.size()) return 0;
+    const char16_t c = t[i];
+    const int kind = (c == u'a' || c == u'A') ? 1 : (c == u'p' || c == u'P') ? 2 : 0;
+    if (!kind) return 0;
+    std::size_t j = i + 1;
+    const bool dotted = j < t.size() && t[j] == u'.';
+    if (dotted) {
+        ++j;
+        while (j < t.size() && t[j] == u' ') ++j;
+    }
+    if (j < t.size() && (t[j] == u'm' || t[j] == u'M') && (j + 1 >= t.size() || !isLetter(t[j + 1]))) {
+        ++j;
+        if (j < t.size() && t[j] == u'.') ++j;
+    } else {
+        j = dotted ? i + 2 : i + 1;  // "a." or "a" alone
+    }
+    if (j < t.size() && isLetter(t[j])) return 0;
+    i = j;
+    return kind;
+}
+
+bool applyDesignator(DateText& p, int kind, bool numberJustBefore) {
+    if (p.hasDesignator) return false;
+    if (!p.hasTime) {
+        // "6 PM": the number before the designator is the hour.
+        if (!numberJustBefore || p.pieces.empty() || p.pieces.back().monthName || p.pieces.back().digits > 2)
+            return false;
+        p.hour = p.pieces.back().value;
+        p.minute = p.second = 0;
+        p.hasTime = true;
+        p.pieces.pop_back();
+    }
+    p.hasDesignator = true;
+    // An hour above 12 keeps its value whatever the designator says.
+    if (p.hour <= 12) {
+        if (kind == 2 && p.hour < 12) p.hour += 12;
+        if (kind == 1 && p.hour == 12) p.hour = 0;
+    }
+    return true;
+}
+
+bool readNumber(StringView t, std::size_t& i, int& value, int& digits) {
+    value = 0;
+    digits = 0;
+    while (i < t.size() && isDigit(t[i])) {
+        if (digits == 9) return false;
+        value = value * 10 + (t[i++] - u'0');
+        ++digits;
+    }
+    return digits > 0;
+}
+
+// "H:mm" or "H:mm:ss" starting after the hour (i at the first separator).
+bool readTime(StringView t, std::size_t& i, int hour, const Separators& marks, DateText& p) {
+    int parts[3] = {hour, 0, 0};
     int count = 1;
-    while (i < t.size() && (t[i] == u':' || t[i] == u'.') && count < 3) {
+    while (count < 3 && i < t.size() && marks.separatesTime(t[i])) {
         ++i;
-        if (i >= t.size() || !isDigit(t[i])) return false;
         int v = 0, digits = 0;
-        while (i < t.size() && isDigit(t[i]) && digits < 3) v = v * 10 + (t[i++] - u'0'), ++digits;
-        values[count++] = v;
+        if (!readNumber(t, i, v, digits) || digits > 2) return false;
+        parts[count++] = v;
     }
     if (count < 2) return false;
-    while (i < t.size() && t[i] == u' ') ++i;
-    int hour = values[0];
-    if (i < t.size() && (t[i] == u'a' || t[i] == u'A' || t[i] == u'p' || t[i] == u'P')) {
-        bool pm = t[i] == u'p' || t[i] == u'P';
-        std::size_t j = i + 1;
-        if (j < t.size() && t[j] == u'.') ++j;
-        if (j < t.size() && (t[j] == u'm' || t[j] == u'M')) ++j;
-        if (j < t.size() && t[j] == u'.') ++j;
-        if (hour > 12) return false;
-        if (pm && hour < 12) hour += 12;
-        if (!pm && hour == 12) hour = 0;
-        i = j;
-    }
-    if (hour > 23 || values[1] > 59 || values[2] > 59) return false;
-    parts.hasTime = true;
-    parts.hour = hour;
-    parts.minute = values[1];
-    parts.second = values[2];
+    p.hasTime = true;
+    p.hour = parts[0];
+    p.minute = parts[1];
+    p.second = parts[2];
     return true;
 }
 
-bool tokenize(StringView t, const RegionalSettings& s, DateParts& parts) {
+bool tokenize(StringView t, const RegionalSettings& s, DateText& p) {
+    const Separators marks(s);
     std::size_t i = 0;
+    bool numberJustBefore = false;
     while (i < t.size()) {
-        char16_t c = t[i];
+        const char16_t c = t[i];
         if (isDigit(c)) {
             int v = 0, digits = 0;
-            while (i < t.size() && isDigit(t[i])) {
-                if (digits > 5) return false;
-                v = v * 10 + (t[i++] - u'0');
-                ++digits;
-            }
-            if (i < t.size() && t[i] == u':') {
-                if (parts.hasTime || !readTime(t, i, v, parts)) return false;
+            if (!readNumber(t, i, v, digits)) return false;
+            if (i < t.size() && marks.separatesTime(t[i])) {
+                if (p.hasTime || digits > 2 || !readTime(t, i, v, marks, p)) return false;
+                numberJustBefore = false;
                 continue;
             }
-            parts.numbers.push_back(v);
-            parts.digitsOf.push_back(digits);
-        } else if (isLetter(c)) {
-            std::size_t start = i;
-            while (i < t.size() && isLetter(t[i])) ++i;
-            StringView word = t.substr(start, i - start);
-            if (textEquals(word, u"de") || textEquals(word, u"del")) continue;
-            int m = monthFromName(word, s);
-            if (m == 0 || parts.monthByName) return false;
-            parts.monthByName = m;
-            parts.monthNamePosition = static_cast<int>(parts.numbers.size());
-            if (i < t.size() && t[i] == u'.') ++i;
-        } else if (c == u'/' || c == u'-' || c == u'.' || c == u' ' || c == u',' || c == u'\t') {
-            ++i;
-        } else {
+            p.pieces.push_back({false, v, digits});
+            numberJustBefore = true;
+            continue;
+        }
+        if (isLetter(c)) {
+            std::size_t end = i;
+            while (end < t.size() && isLetter(t[end])) ++end;
+            const StringView word = t.substr(i, end - i);
+            if (const int m = monthFromName(word, s)) {
+                for (const auto& piece : p.pieces)
+                    if (piece.monthName) return false;
+                p.pieces.push_back({true, m, 0});
+                i = end;
+                numberJustBefore = false;
+                continue;
+            }
+            std::size_t j = i;
+            if (const int kind = readDesignator(t, j)) {
+                if (!applyDesignator(p, kind, numberJustBefore)) return false;
+                i = j;
+                numberJustBefore = false;
+                continue;
+            }
+            const bool isoT = word.size() == 1 && (c == u'T' || c == u't') && end < t.size() && isDigit(t[end]);
+            if (isoT || textEquals(word, u"de") || textEquals(word, u"del") || isDayName(word, s)) {
+                i = end;
+                numberJustBefore = false;
+                continue;
+            }
             return false;
         }
+        if (marks.separatesDate(c)) {
+            ++i;
+            continue;
+        }
+        return false;
     }
     return true;
 }
 
-int expandYear(int y, int digits) {
-    if (digits <= 2) return y < 30 ? 2000 + y : 1900 + y;
-    return y;
+bool validDate(int y, int m, int d) {
+    return y >= 100 && y <= 9999 && m >= 1 && m <= 12 && d >= 1 && d <= daysInMonth(y, m);
 }
 
-bool validDay(int y, int m, int d) { return y >= 100 && y <= 9999 && m >= 1 && m <= 12 && d >= 1 && d <= daysInMonth(y, m); }
+int yearOf(const Piece& p) { return p.digits <= 2 ? expandTwoDigitYear(p.value) : p.value; }
+
+int currentYear() { return civilDate(today()).year; }
+
+struct Ymd {
+    int y = 0, m = 0, d = 0;
+};
+
+// Which of three numbers is the day, the month and the year.
+enum class Order { DMY, MDY, YMD, YDM };
+
+std::optional<Ymd> threeNumbers(const Piece& a, const Piece& b, const Piece& c, RegionalSettings::DateOrder regional) {
+    if (b.digits > 2) return std::nullopt;
+    using R = RegionalSettings::DateOrder;
+    // The regional order first; then the readings the runtime falls back to.
+    std::vector<Order> orders;
+    switch (regional) {
+        case R::DayMonthYear: orders = {Order::DMY, Order::MDY, Order::YMD, Order::YDM}; break;
+        case R::MonthDayYear: orders = {Order::MDY, Order::YMD, Order::DMY, Order::YDM}; break;
+        case R::YearMonthDay: orders = {Order::YMD, Order::YDM, Order::DMY, Order::MDY}; break;
+    }
+    for (Order o : orders) {
+        Ymd r;
+        switch (o) {
+            case Order::DMY:
+                if (a.digits > 2) continue;
+                r = {yearOf(c), b.value, a.value};
+                break;
+            case Order::MDY:
+                if (a.digits > 2) continue;
+                r = {yearOf(c), a.value, b.value};
+                break;
+            case Order::YMD:
+                if (c.digits > 2) continue;
+                r = {yearOf(a), b.value, c.value};
+                break;
+            case Order::YDM:
+                if (c.digits > 2) continue;
+                r = {yearOf(a), c.value, b.value};
+                break;
+        }
+        if (validDate(r.y, r.m, r.d)) return r;
+    }
+    return std::nullopt;
+}
+
+std::optional<Ymd> twoNumbers(const Piece& a, const Piece& b, RegionalSettings::DateOrder regional) {
+    // A day and a month of the current year, in the regional order or swapped.
+    if (a.digits <= 2 && b.digits <= 2) {
+        const int y = currentYear();
+        const bool dayFirst = regional == RegionalSettings::DateOrder::DayMonthYear;
+        const Ymd first = dayFirst ? Ymd{y, b.value, a.value} : Ymd{y, a.value, b.value};
+        const Ymd second{y, first.d, first.m};
+        if (validDate(first.y, first.m, first.d)) return first;
+        if (validDate(second.y, second.m, second.d)) return second;
+    }
+    // Else a month and a year: the number that can be a month is the month.
+    Ymd r{0, 0, 1};
+    if (a.digits > 2) {
+        r = {a.value, b.value, 1};
+    } else if (b.digits > 2) {
+        r = {b.value, a.value, 1};
+    } else if (a.value >= 1 && a.value <= 12) {
+        r = {yearOf(b), a.value, 1};
+    } else {
+        r = {yearOf(a), b.value, 1};
+    }
+    if (validDate(r.y, r.m, r.d)) return r;
+    return std::nullopt;
+}
+
+std::optional<Ymd> withMonthName(const std::vector<Piece>& pieces) {
+    int month = 0;
+    std::vector<Piece> numbers;
+    for (const auto& p : pieces) {
+        if (p.monthName) {
+            month = p.value;
+        } else {
+            numbers.push_back(p);
+        }
+    }
+    if (numbers.size() == 1) {
+        const Piece& n = numbers[0];
+        const int y = currentYear();
+        // The number is the day when it can be; else it is the year.
+        if (n.digits <= 2 && validDate(y, month, n.value)) return Ymd{y, month, n.value};
+        const Ymd r{yearOf(n), month, 1};
+        if (validDate(r.y, r.m, r.d)) return r;
+        return std::nullopt;
+    }
+    if (numbers.size() != 2) return std::nullopt;
+    const Piece& a = numbers[0];
+    const Piece& b = numbers[1];
+    // Day then year ("31 dic 1998", "Dec 31, 1998"), or year then day.
+    if (a.digits <= 2 && validDate(yearOf(b), month, a.value)) return Ymd{yearOf(b), month, a.value};
+    if (b.digits <= 2 && validDate(yearOf(a), month, b.value)) return Ymd{yearOf(a), month, b.value};
+    return std::nullopt;
+}
 
 }  // namespace
 
 std::optional<double> parseDate(StringView text, const RegionalSettings& settings) {
-    DateParts p;
+    DateText p;
     if (!tokenize(text, settings, p)) return std::nullopt;
-    const auto& n = p.numbers;
-    double time = p.hasTime ? timeSerial(p.hour, p.minute, p.second) : 0.0;
-    int y = 0, m = 0, d = 0;
-    using O = RegionalSettings::DateOrder;
-    if (p.monthByName) {
-        if (n.size() != 2) {
-            if (n.size() == 1 && p.monthNamePosition == 1) {  // "dic 1998"? not a full date
-                return std::nullopt;
-            }
-            return std::nullopt;
-        }
-        m = p.monthByName;
-        // The number with four digits (or the second one) is the year.
-        if (p.digitsOf[0] >= 3) {
-            y = n[0], d = n[1];
-        } else {
-            d = n[0], y = expandYear(n[1], p.digitsOf[1]);
-        }
-        if (!validDay(y, m, d)) return std::nullopt;
-        return dateSerial(y, m, d) + time;
-    }
-    if (n.empty()) {
+    if (p.hasTime && (p.hour > 23 || p.minute > 59 || p.second > 59)) return std::nullopt;
+    const double time = p.hasTime ? (p.hour * 3600.0 + p.minute * 60.0 + p.second) / 86400.0 : 0.0;
+
+    bool named = false;
+    for (const auto& piece : p.pieces) named = named || piece.monthName;
+    std::optional<Ymd> date;
+    if (p.pieces.empty()) {
         if (!p.hasTime) return std::nullopt;
         return time;
     }
-    if (n.size() == 2) {
-        // Day and month of the current year, in the regional order.
-        int yearNow = civilDate(today()).year;
-        int a = n[0], b = n[1];
-        bool monthFirst = settings.dateOrder() == O::MonthDayYear;
-        int dd = monthFirst ? b : a, mm = monthFirst ? a : b;
-        if (validDay(yearNow, mm, dd)) return dateSerial(yearNow, mm, dd) + time;
-        if (validDay(yearNow, dd, mm)) return dateSerial(yearNow, dd, mm) + time;
-        return std::nullopt;
+    if (named) {
+        date = withMonthName(p.pieces);
+    } else if (p.pieces.size() == 2) {
+        date = twoNumbers(p.pieces[0], p.pieces[1], settings.dateOrder());
+    } else if (p.pieces.size() == 3) {
+        date = threeNumbers(p.pieces[0], p.pieces[1], p.pieces[2], settings.dateOrder());
     }
-    if (n.size() != 3) return std::nullopt;
-    if (p.digitsOf[0] >= 3 || settings.dateOrder() == O::YearMonthDay) {
-        y = expandYear(n[0], p.digitsOf[0]), m = n[1], d = n[2];
-        if (validDay(y, m, d)) return dateSerial(y, m, d) + time;
-        if (validDay(y, d, m)) return dateSerial(y, d, m) + time;
-        return std::nullopt;
-    }
-    y = expandYear(n[2], p.digitsOf[2]);
-    int first = n[0], second = n[1];
-    bool monthFirst = settings.dateOrder() == O::MonthDayYear;
-    d = monthFirst ? second : first;
-    m = monthFirst ? first : second;
-    if (validDay(y, m, d)) return dateSerial(y, m, d) + time;
-    if (validDay(y, d, m)) return dateSerial(y, d, m) + time;  // the swapped reading the runtime accepts
-    return std::nullopt;
+    if (!date) return std::nullopt;
+    return dateTimeSerial(dateSerial(date->y, date->m, date->d), time);
 }
+
+// ---------------------------------------------------------------------------
+// Writing dates as text.
 
 namespace {
 
@@ -299,31 +515,33 @@ String twoDigits(int v) {
     return s;
 }
 
-String number(int v) { return ascii(std::to_string(v)); }
+String number(std::int64_t v) { return ascii(std::to_string(v)); }
 
-// Expands a Windows-style date or time picture (d dd ddd dddd M MM MMM MMMM
-// y yy yyyy, H HH h hh m mm s ss t tt, quoted literals).
-String expandPicture(StringView pattern, double serial, const RegionalSettings& s) {
-    CivilDate c = civilDate(serial);
-    TimeOfDay t = timeOfDay(serial);
+// Expands a short-date or time picture of the regional settings: d dd ddd
+// dddd, M MM MMM MMMM, y yy yyyy, H HH h hh, m mm, s ss, t tt, and quoted
+// literals; other characters stand for themselves.
+String expandPicture(StringView pattern, const Moment& m, const RegionalSettings& s) {
+    const CivilDate c = civilFromDays(m.day + kDay0);
+    const int hour = m.seconds / 3600, minute = m.seconds / 60 % 60, second = m.seconds % 60;
+    const auto weekdayIndex = static_cast<std::size_t>(floorMod(m.day + 6, 7));
     String out;
     for (std::size_t i = 0; i < pattern.size();) {
-        char16_t ch = pattern[i];
+        const char16_t ch = pattern[i];
+        if (ch == u'\'') {
+            auto close = pattern.find(u'\'', i + 1);
+            if (close == StringView::npos) close = pattern.size();
+            out.append(pattern.substr(i + 1, close - i - 1));
+            i = close + 1;
+            continue;
+        }
         std::size_t run = 1;
         while (i + run < pattern.size() && pattern[i + run] == ch) ++run;
         switch (ch) {
-            case u'\'': {
-                auto close = pattern.find(u'\'', i + 1);
-                if (close == StringView::npos) close = pattern.size();
-                out.append(pattern.substr(i + 1, close - i - 1));
-                i = close + 1;
-                continue;
-            }
             case u'd':
                 if (run == 1) out += number(c.day);
                 else if (run == 2) out += twoDigits(c.day);
-                else if (run == 3) out += s.dayAbbreviations[static_cast<std::size_t>(weekday(serial) - 1)];
-                else out += s.dayNames[static_cast<std::size_t>(weekday(serial) - 1)];
+                else if (run == 3) out += s.dayAbbreviations[weekdayIndex];
+                else out += s.dayNames[weekdayIndex];
                 break;
             case u'M':
                 if (run == 1) out += number(c.month);
@@ -332,19 +550,20 @@ String expandPicture(StringView pattern, double serial, const RegionalSettings& 
                 else out += s.monthNames[static_cast<std::size_t>(c.month - 1)];
                 break;
             case u'y':
-                if (run <= 2) out += twoDigits(c.year % 100);
+                if (run == 1) out += number(c.year % 100);
+                else if (run == 2) out += twoDigits(c.year % 100);
                 else out += number(c.year);
                 break;
-            case u'H': out += run == 1 ? number(t.hour) : twoDigits(t.hour); break;
+            case u'H': out += run == 1 ? number(hour) : twoDigits(hour); break;
             case u'h': {
-                int h12 = t.hour % 12 == 0 ? 12 : t.hour % 12;
+                const int h12 = hour % 12 == 0 ? 12 : hour % 12;
                 out += run == 1 ? number(h12) : twoDigits(h12);
                 break;
             }
-            case u'm': out += run == 1 ? number(t.minute) : twoDigits(t.minute); break;
-            case u's': out += run == 1 ? number(t.second) : twoDigits(t.second); break;
+            case u'm': out += run == 1 ? number(minute) : twoDigits(minute); break;
+            case u's': out += run == 1 ? number(second) : twoDigits(second); break;
             case u't': {
-                const String& designator = t.hour < 12 ? s.amDesignator : s.pmDesignator;
+                const String& designator = hour < 12 ? s.amDesignator : s.pmDesignator;
                 out += run == 1 ? designator.substr(0, 1) : designator;
                 break;
             }
@@ -358,24 +577,22 @@ String expandPicture(StringView pattern, double serial, const RegionalSettings& 
 }  // namespace
 
 String dateToString(Date d, const RegionalSettings& settings) {
-    std::int64_t days;
-    double fraction;
-    split(d.serial, days, fraction);
-    bool hasTime = std::llround(fraction * 86400.0) % 86400 != 0;
-    if (days == 0 && d.serial >= 0 && hasTime) return expandPicture(settings.timeFormat, d.serial, settings);
-    String text = expandPicture(settings.shortDate, d.serial, settings);
-    if (hasTime) text += u" " + expandPicture(settings.timeFormat, d.serial, settings);
+    const Moment m = momentOf(d.serial);
+    if (m.day == 0) return expandPicture(settings.timeFormat, m, settings);
+    String text = expandPicture(settings.shortDate, m, settings);
+    if (m.seconds != 0) text += u" " + expandPicture(settings.timeFormat, m, settings);
     return text;
 }
 
 double now() {
-    std::time_t t = std::time(nullptr);
+    const std::time_t t = std::time(nullptr);
     std::tm local{};
     localtime_r(&t, &local);
-    return dateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday) +
-           timeSerial(local.tm_hour, local.tm_min, local.tm_sec);
+    const double day = dateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+    const double time = (local.tm_hour * 3600.0 + local.tm_min * 60.0 + std::min(local.tm_sec, 59)) / 86400.0;
+    return dateTimeSerial(day, time);
 }
 
-double today() { return std::floor(now()); }
+double today() { return std::trunc(now()); }
 
 }  // namespace telvaro

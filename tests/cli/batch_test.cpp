@@ -37,7 +37,7 @@ TEST(JsonValues, RequestValuesDecodeToTheirVariantTypes) {
         {R"({"type": "Integer", "value": 5})", VarType::Integer, "5"},
         {R"({"type": "Byte", "value": 255})", VarType::Byte, "255"},
         {R"({"type": "Currency", "value": "12.3456"})", VarType::Currency, "12.3456"},
-        {R"({"type": "Decimal", "value": "0.10"})", VarType::Decimal, "0.10"},
+        {R"({"type": "Decimal", "value": "0.10"})", VarType::Decimal, "0.1"},
         {R"({"type": "Boolean", "value": 0})", VarType::Boolean, "False"},
         {R"({"type": "String", "value": "ñandú"})", VarType::String, "ñandú"},
         {R"(["a", 1])", VarType::Array, ""},
