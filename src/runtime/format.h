@@ -20,8 +20,12 @@ struct FormatOptions {
 };
 
 // Format(value, pattern): an empty pattern gives the value's text; Null and
-// Empty follow the pattern's sections. Error 13 when a date pattern meets a
-// value that is not a date or number.
+// Empty follow the pattern's sections. A text that is neither a number nor
+// a date comes back as it is under a number or date pattern. Objects are
+// read through their default member. Errors: 13 for an array or an error
+// value, 6 for a number outside the date range under a date pattern, 5 for
+// options outside firstDayOfWeek 0..7 / firstWeekOfYear 0..3 (0 means the
+// default, Sunday and the week of January 1).
 String format(const Variant& value, StringView pattern, const FormatOptions& options = {});
 String format(const Variant& value, StringView pattern, const RegionalSettings& settings,
               const FormatOptions& options = {});
