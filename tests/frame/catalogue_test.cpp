@@ -1,0 +1,426 @@
+// The catalogue of Fun's methods as applications bind to it: slots,
+// DISPIDs, names, results, parameters and defaults; the enumerations and
+// records as published, checked against their C++ declarations.
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <iterator>
+#include <set>
+#include <string>
+
+#include "frame/catalogue.h"
+#include "frame/enums.h"
+#include "support/support.h"
+
+namespace telvaro {
+namespace {
+
+const ParamInfo* paramOf(const MethodInfo& m, std::string_view name) {
+    for (const auto& p : m.params)
+        if (p.name == name) return &p;
+    return nullptr;
+}
+
+const EnumInfo* enumerationNamed(std::string_view name) {
+    for (const auto& e : enumerations())
+        if (e.name == name) return &e;
+    return nullptr;
+}
+
+TEST(MethodCatalogue, SlotsAndDispids) {
+    const auto& methods = catalogue();
+    ASSERT_EQ(methods.size(), 119u);
+    std::set<std::int32_t> dispids;
+    std::set<std::string> names;
+    for (std::size_t i = 0; i < methods.size(); ++i) {
+        const MethodInfo& m = methods[i];
+        EXPECT_EQ(m.order, static_cast<int>(i) + 1) << m.name;
+        EXPECT_EQ(m.dispid & ~0xFFFF, 0x60030000) << m.name;
+        EXPECT_TRUE(dispids.insert(m.dispid).second) << "DISPID used twice: " << m.name;
+        std::string folded(m.name);
+        for (auto& c : folded) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        EXPECT_TRUE(names.insert(folded).second) << "name used twice, ignoring case: " << m.name;
+        // Declaration order gives increasing DISPIDs up to LlenaListLIKE.
+        if (i > 0 && i < 115) {
+            EXPECT_GT(m.dispid, methods[i - 1].dispid) << m.name;
+        }
+    }
+    // The four methods appended by later builds keep the DISPIDs they were
+    // given in the source, above their neighbours'.
+    const std::pair<std::size_t, std::int32_t> appended[] = {
+        {116, 0x60030087}, {117, 0x60030088}, {118, 0x60030092}, {119, 0x60030093}};
+    for (auto [order, dispid] : appended) EXPECT_EQ(methods[order - 1].dispid, dispid) << "slot " << order;
+}
+
+TEST(MethodCatalogue, SpotChecksOfSignatures) {
+    struct Case {
+        const char* name;
+        int order;
+        std::int32_t dispid;
+        ArgType result;
+        const char* resultName;
+        std::size_t params;
+        std::size_t required;
+    };
+    const Case cases[] = {
+        {"strCuentaCaracteres", 1, 0x60030000, ArgType::Integer, "Integer", 3, 2},
+        {"strCadenaEntrePosicion", 2, 0x60030002, ArgType::String, "String", 3, 3},
+        {"StockResta", 6, 0x60030007, ArgType::Double, "Double", 3, 3},
+        {"numEsMultiplo", 8, 0x60030009, ArgType::Boolean, "Boolean", 2, 2},
+        {"VerificaNumero", 12, 0x6003000E, ArgType::Integer, "Integer", 6, 2},
+        {"Numero2Letra", 13, 0x6003000F, ArgType::String, "String", 7, 1},
+        {"fecUltimoDiaMes", 16, 0x60030016, ArgType::Byte, "Byte", 2, 2},
+        {"regDevuelveDatoCampoSQL", 17, 0x60030017, ArgType::Variant, "Variant", 2, 2},
+        {"regUltimoCodigo", 18, 0x60030018, ArgType::Long, "Long", 5, 4},
+        {"regCargaListaSQL", 19, 0x60030019, ArgType::None, "none", 10, 4},
+        {"regCargaListaSQL2", 20, 0x6003001A, ArgType::None, "none", 9, 4},
+        {"regReintentarEstaOperacion", 24, 0x6003001E, ArgType::Boolean, "Boolean", 3, 1},
+        {"RegLlenaGridRegSql", 29, 0x60030023, ArgType::None, "none", 11, 4},
+        {"imgCaptureWindow", 32, 0x60030026, ArgType::Object, "Picture", 6, 6},
+        {"imgCaptureScreen", 33, 0x60030027, ArgType::Object, "Picture", 0, 0},
+        {"MsgHayCambios", 40, 0x6003002E, ArgType::Boolean, "Boolean", 2, 1},
+        {"fn_LogErrores", 44, 0x60030032, ArgType::None, "none", 3, 2},
+        {"fn_LlenaVector", 56, 0x6003003F, ArgType::Variant, "Variant", 3, 2},
+        {"fn_MatrizParaEstadistica", 57, 0x60030040, ArgType::Variant, "Variant", 5, 2},
+        {"fn_NombreComputador", 58, 0x60030041, ArgType::String, "String", 0, 0},
+        {"fn_CambiaConfRegional", 69, 0x6003004D, ArgType::Boolean, "Boolean", 0, 0},
+        {"fn_PoneCheckColumnaGrid", 78, 0x60030056, ArgType::None, "none", 11, 2},
+        {"fn_CambiaLetraFilaGrid", 80, 0x60030058, ArgType::None, "none", 9, 2},
+        {"FechaPrimerDia", 86, 0x6003005E, ArgType::Date, "Date", 1, 0},
+        {"INI_LeerIni", 94, 0x60030066, ArgType::String, "String", 4, 3},
+        {"REG_PoneValor", 97, 0x60030069, ArgType::Long, "Long", 6, 4},
+        {"REG_BuscaRegistro", 98, 0x6003006B, ArgType::Variant, "Variant", 3, 3},
+        {"fn_FijaImpresora", 99, 0x6003006D, ArgType::None, "none", 1, 1},
+        {"fn_NumeraColumnaGrid", 101, 0x6003006F, ArgType::None, "none", 7, 1},
+        {"numCalculaFormula", 103, 0x60030071, ArgType::Double, "Double", 1, 1},
+        {"regImgStream", 107, 0x60030075, ArgType::Object, "Picture", 2, 1},
+        {"ImprimeForm", 112, 0x6003007A, ArgType::None, "none", 12, 2},
+        {"SeparaEnLineasImprimir", 113, 0x6003007B, ArgType::Variant, "Variant", 4, 4},
+        {"LlenaListLIKE", 115, 0x6003007D, ArgType::None, "none", 3, 3},
+        {"fn_ValidaCedula3", 118, 0x60030092, ArgType::Integer, "Integer", 2, 2},
+        {"fn_ValidaRUC3", 119, 0x60030093, ArgType::Boolean, "Boolean", 2, 2},
+    };
+    for (const auto& c : cases) {
+        const MethodInfo* m = findMethod(std::string_view(c.name));
+        ASSERT_NE(m, nullptr) << c.name;
+        EXPECT_EQ(m->name, c.name) << "exact spelling";
+        EXPECT_EQ(m->order, c.order) << c.name;
+        EXPECT_EQ(m->dispid, c.dispid) << c.name;
+        EXPECT_EQ(m->result, c.result) << c.name;
+        EXPECT_EQ(m->resultName, c.resultName) << c.name;
+        EXPECT_EQ(m->params.size(), c.params) << c.name;
+        EXPECT_EQ(m->requiredCount(), c.required) << c.name;
+    }
+}
+
+// Passing mode and declared type of parameters whose names or modes are
+// easy to get wrong.
+TEST(MethodCatalogue, ParameterNamesTypesAndPassingModes) {
+    struct Case {
+        const char* method;
+        std::size_t index;
+        const char* name;
+        ArgType type;
+        const char* typeName;
+        bool byRef;
+    };
+    const Case cases[] = {
+        {"strCadenaEntrePosicion", 1, "posIni", ArgType::Integer, "Integer", true},
+        {"strCadenaEntrePosicion", 2, "PosFin", ArgType::Integer, "Integer", true},
+        {"numFraccion_a_Decimal", 1, "NumFraciones", ArgType::Integer, "Integer", true},
+        {"StockSuma", 0, "CantActual", ArgType::Double, "Double", false},
+        {"StockSuma", 1, "CantiSuma", ArgType::String, "String", false},
+        {"StockSuma", 2, "NumFracciones", ArgType::Integer, "Integer", true},
+        {"Numero2Letra", 5, "SexoMoneda", ArgType::Long, "eSexo", false},
+        {"fn_LlenaVector", 1, "TipoDat", ArgType::Long, "TipoDato", true},
+        {"SQL_When", 3, "TipDato", ArgType::Long, "TipoDato", true},
+        {"fsoCarpetaSistema", 0, "Cual", ArgType::Long, "TipoCarpetaSys", true},
+        {"REG_CreaClave", 0, "Donde", ArgType::Long, "ClavesRegistro", true},
+        {"regUltimoCodigo", 0, "Conexion", ArgType::Object, "Connection", true},
+        {"regLlenaListaLIKE", 0, "Tabla", ArgType::Object, "Recordset", true},
+        {"regLlenaListaLIKE", 2, "dGrid", ArgType::Object, "DataGrid", true},
+        {"PreparaReportes", 0, "rptReport", ArgType::Object, "DataReport", true},
+        {"LimitaTamTexto", 2, "Letra", ArgType::Object, "Font", true},
+        {"RegistroFinal", 0, "Formulario", ArgType::Object, "Form", true},
+        {"fn_LogErrores", 0, "Objeto", ArgType::Variant, "Variant", true},
+        {"EscribeGrid", 1, "KEyAsci", ArgType::Integer, "Integer", true},
+        {"fn_BuscaColGrid", 3, "FilaInic", ArgType::Long, "Long", false},
+        {"fn_BuscaFilGrid", 1, "Fila", ArgType::Long, "Long", false},
+        {"fn_CentraFilaGrid", 1, "Fila", ArgType::Long, "Long", true},
+        {"fn_QuitaFilaGrid2", 1, "Fila", ArgType::Integer, "Integer", true},
+        {"fn_ExportaExcelGrid", 1, "FilaInicio", ArgType::Integer, "Integer", false},
+        {"RegLlenaGridRegSql", 6, "FilInicio", ArgType::Long, "Long", false},
+        {"fn_EsperaXSegundos", 0, "NumSegundos", ArgType::Integer, "Integer", false},
+        {"fn_EsperaXSegundos", 1, "EjecutarOtrosProcesos", ArgType::Boolean, "Boolean", true},
+        {"imgCaptureWindow", 1, "Client", ArgType::Boolean, "Boolean", false},
+        {"numCalculaFormula", 0, "Formula", ArgType::String, "String", false},
+        {"LlenaListLIKE", 1, "SQL", ArgType::String, "String", false},
+        {"fecEdadExacta", 1, "FechaNacimiento", ArgType::Date, "Date", true},
+        {"fecUltimoDiaMes", 0, "Mes", ArgType::Byte, "Byte", true},
+    };
+    for (const auto& c : cases) {
+        const MethodInfo* m = findMethod(std::string_view(c.method));
+        ASSERT_NE(m, nullptr) << c.method;
+        ASSERT_LT(c.index, m->params.size()) << c.method;
+        const ParamInfo& p = m->params[c.index];
+        EXPECT_EQ(p.name, c.name) << c.method << " parameter " << c.index;
+        EXPECT_EQ(p.type, c.type) << c.method << "." << c.name;
+        EXPECT_EQ(p.typeName, c.typeName) << c.method << "." << c.name;
+        EXPECT_EQ(p.byRef, c.byRef) << c.method << "." << c.name;
+    }
+}
+
+TEST(MethodCatalogue, SpotChecksOfDefaults) {
+    struct Case {
+        const char* method;
+        const char* param;
+        Variant expected;
+    };
+    const Case cases[] = {
+        {"strCuentaCaracteres", "PosInicio", Variant(std::int16_t(1))},
+        {"fn_LlenaVector", "Separador", Variant(u",")},
+        {"VerificaNumero", "Longitud", Variant(std::int16_t(100))},
+        {"VerificaNumero", "ConSigno", Variant(False)},
+        {"Numero2Letra", "NumDecimales", Variant(std::int32_t(2))},
+        {"Numero2Letra", "SexoMoneda", Variant(std::int32_t(0))},
+        {"Numero2Letra", "SexoCentimos", Variant(std::int32_t(1))},
+        {"regUltimoCodigo", "Incremento", Variant(std::int16_t(1))},
+        {"regCargaListaSQL", "Elige1erItem", Variant(True)},
+        {"regCargaListaSQL", "PrimerItemCod", Variant(u"")},
+        {"regCargaListaSQL2", "PrimerItemCod", Variant(std::int32_t(0))},
+        {"RegLlenaGridRegSql", "NumDeci", Variant(u"##0.00")},
+        {"RegLlenaGridRegSql", "FilInicio", Variant(std::int32_t(1))},
+        {"ImgCopiaImagen", "PonerDestinoTrasOrigen", Variant(True)},
+        {"fn_BuscaColGrid", "FilaFin", Variant(std::int32_t(-1))},
+        {"fn_BuscaFilGrid", "ColFin", Variant(std::int16_t(-1))},
+        {"fn_LimpiaAreaGrid", "FilaFin", Variant(std::int16_t(-1))},
+        {"fn_ExportaExcelGrid", "FilaFin", Variant(std::int16_t(-1))},
+        {"fn_ExportaExcelGrid", "PoneLineas", Variant(True)},
+        {"fn_QuitaFilasInvalidas", "FilasFixed", Variant(std::uint8_t(1))},
+        {"fn_PintaFilaGrid", "Color", Variant(std::int32_t(-2147483643))},
+        {"fn_PintaColumnaGrid", "ColorLetra", Variant(std::int32_t(-2147483640))},
+        {"fn_CentraColumGrid", "Alineamiento", Variant(std::int16_t(4))},
+        {"fn_PoneCheckGrid", "ValorSI", Variant(std::int16_t(1))},
+        {"fn_PoneCheckColumnaGrid", "DeshabNO", Variant(std::int16_t(10))},
+        {"fn_PoneCheck", "PonerElValor", Variant(u"")},
+        {"fn_ReemplazaValorColumnaGrid", "ConQue", Variant(u"")},
+        {"fn_CambiaLetraFilaGrid", "Tamanio", Variant(10.0)},
+        {"fn_CambiaLetraFilaGrid", "NomLetra", Variant(u"MS Sans Serif")},
+        {"fn_NumeraColumnaGrid", "NumeroInicial", Variant(1.0)},
+        {"fn_CuentaElementosColGrid", "Operacion", Variant(u"=")},
+        {"FechaPrimerDia", "Fecha", Variant(u"")},
+        {"EjecutaArchivo", "Directorio", Variant(u"C:\\")},
+        {"SQL_When", "TipDato", Variant(std::int32_t(0))},
+        {"REG_PoneValor", "TipoValor", Variant(std::int32_t(1))},
+        {"REG_PoneValor", "Nota", Variant(u"Nota: tipos String=1; tipos DWORD=4")},
+        {"ImprimeForm", "Copias", Variant(std::int16_t(1))},
+        {"ImprimeForm", "X_ini", Variant(0.0)},
+        {"MsgGuardarRegistro", "Msg",
+         Variant(u"Los datos del registro actual no han sido guardados. Desea guardarlos ahora ?")},
+        {"MsgEliminarRegistro", "Msg", Variant(u"Está seguro que desea eliminar los datos del registro actual ?")},
+        {"MsgDatosGuardados", "Msg", Variant(u"Los datos del registro fueron guardados con éxito!")},
+        {"RegistroInicial", "MsgError", Variant(u"El registro actual no ha sido guardado. Desea guardarlo ahora?")},
+        {"RegistroFinal", "MsgIgnora",
+         Variant(u"El registro no ha podido ser guardado. Desea ignorar esto y pasar al último registro de "
+                 u"todas formas?")},
+        {"regReintentaCargarDatos", "MsgIgnora",
+         Variant(u"El registro no ha podido ser guardado. Desea ignorar esto cargar los datos del registro "
+                 u"seleccionado?")},
+        {"regReintentarEstaOperacion", "MsgError",
+         Variant(u"Se han realizado cambios en el registro que aun no se han guardado. Desea guardarlos ahora?. ")},
+    };
+    for (const auto& c : cases) {
+        const MethodInfo* m = findMethod(std::string_view(c.method));
+        ASSERT_NE(m, nullptr) << c.method;
+        const ParamInfo* p = paramOf(*m, c.param);
+        ASSERT_NE(p, nullptr) << c.method << "." << c.param;
+        EXPECT_TRUE(p->optional) << c.method << "." << c.param;
+        EXPECT_TRUE(identical(p->defaultValue, c.expected))
+            << c.method << "." << c.param << ": " << describe(p->defaultValue) << ", expected "
+            << describe(c.expected);
+    }
+}
+
+TEST(MethodCatalogue, DefaultsWithoutAValue) {
+    // True is all bits set, as callers compare it with -1.
+    const Variant& negrita = paramOf(*findMethod(std::string_view("fn_CambiaLetraFilaGrid")), "Negrita")->defaultValue;
+    ASSERT_TRUE(negrita.holds<Boolean>());
+    EXPECT_EQ(negrita.get<Boolean>().bits, -1);
+    // An optional Variant without a default arrives as the missing marker.
+    const ParamInfo* vDefault = paramOf(*findMethod(std::string_view("INI_LeerIni")), "vDefault");
+    ASSERT_NE(vDefault, nullptr);
+    EXPECT_TRUE(vDefault->optional);
+    EXPECT_TRUE(vDefault->defaultValue.isMissing()) << describe(vDefault->defaultValue);
+    // Optional objects without a default arrive as Nothing.
+    const std::pair<const char*, const char*> objects[] = {{"regCargaListaSQL", "ListaCod"},
+                                                           {"fn_MatrizParaEstadistica", "Chart"}};
+    for (auto [method, name] : objects) {
+        const ParamInfo* p = paramOf(*findMethod(std::string_view(method)), name);
+        ASSERT_NE(p, nullptr) << method << "." << name;
+        EXPECT_TRUE(p->optional && p->type == ArgType::Object) << method << "." << name;
+        ASSERT_TRUE(p->defaultValue.isObject()) << method << "." << name << ": " << describe(p->defaultValue);
+        EXPECT_EQ(p->defaultValue.object(), nullptr) << method << "." << name;
+    }
+}
+
+// Rules that hold for every row of the catalogue.
+TEST(MethodCatalogue, EveryParameterIsWellFormed) {
+    for (const auto& m : catalogue()) {
+        std::set<std::string_view> names;
+        bool optionalSeen = false;
+        for (const auto& p : m.params) {
+            const std::string where = std::string(m.name) + "." + std::string(p.name);
+            EXPECT_TRUE(names.insert(p.name).second) << where << " appears twice";
+            EXPECT_NE(p.type, ArgType::None) << where << " has an unknown type " << p.typeName;
+            // A type named otherwise than its base type is an enumeration
+            // (passed as Long) or a kind of object.
+            if (p.type == ArgType::Long && p.typeName != "Long") {
+                EXPECT_NE(enumerationNamed(p.typeName), nullptr) << where << " As " << p.typeName;
+            } else if (p.type != ArgType::Object) {
+                EXPECT_EQ(p.typeName, argTypeName(p.type)) << where;
+            }
+            // Callers may leave out trailing optional parameters only.
+            EXPECT_FALSE(optionalSeen && !p.optional) << where << " is required after an optional one";
+            optionalSeen = optionalSeen || p.optional;
+            if (!p.optional) {
+                EXPECT_TRUE(p.defaultValue.isEmpty()) << where << " is required but has a default";
+            } else if (p.defaultValue.isMissing()) {
+                EXPECT_EQ(p.type, ArgType::Variant) << where << ": only a Variant may arrive missing";
+            } else if (p.type != ArgType::Variant) {
+                // The default has the declared type, so dispatch hands it over unchanged.
+                EXPECT_EQ(p.defaultValue.type(), varTypeOf(p.type)) << where << " = " << describe(p.defaultValue);
+            } else {
+                EXPECT_FALSE(p.defaultValue.isEmpty()) << where << " is an optional Variant without a value";
+            }
+        }
+        if (m.result == ArgType::Object) {
+            EXPECT_EQ(m.resultName, "Picture") << m.name;
+        } else {
+            EXPECT_EQ(m.resultName, argTypeName(m.result)) << m.name;  // "none" for a procedure
+        }
+    }
+}
+
+TEST(MethodCatalogue, LookupByNameAndByDispid) {
+    struct Case {
+        const char* name;
+        int order;  // 0: no such method
+    };
+    const Case byName[] = {
+        {"fn_ValidaCedula2", 116}, {"FN_VALIDACEDULA2", 116}, {"fn_validacedula2", 116},
+        {"strcuentacaracteres", 1}, {"LLENALISTLIKE", 115},    {"numcalculaformula", 103},
+        {"NoExiste", 0},            {"", 0},                   {"fn_ValidaCedula2 ", 0},
+        {"fn_ValidaCedula", 66},    {"SQL_WHEN", 100},
+    };
+    for (const auto& c : byName) {
+        const MethodInfo* m = findMethod(std::string_view(c.name));
+        EXPECT_EQ(m ? m->order : 0, c.order) << "\"" << c.name << "\"";
+        String wide(c.name, c.name + std::char_traits<char>::length(c.name));
+        const MethodInfo* w = findMethod(StringView(wide));
+        EXPECT_EQ(w, m) << "\"" << c.name << "\" as UTF-16";
+    }
+    EXPECT_EQ(findMethod(StringView(u"fn_ValidaCédula")), nullptr);
+
+    const std::pair<std::int32_t, int> byDispid[] = {
+        {0x60030000, 1}, {0x60030087, 116}, {0x60030093, 119}, {0x6003007D, 115}, {0x6003006B, 98},
+        {0x60030001, 0}, {0x6003006C, 0},   {0x60030094, 0},   {0x00030000, 0},   {0, 0},
+    };
+    for (auto [dispid, order] : byDispid) {
+        const MethodInfo* m = findMethod(dispid);
+        EXPECT_EQ(m ? m->order : 0, order) << std::hex << "0x" << dispid;
+    }
+    for (const auto& m : catalogue()) {
+        EXPECT_EQ(findMethod(m.dispid), &m) << m.name;
+        EXPECT_EQ(findMethod(m.name), &m) << m.name;
+    }
+}
+
+TEST(PublishedEnumerations, MembersInDeclarationOrder) {
+    const auto& enums = enumerations();
+    ASSERT_EQ(enums.size(), 13u);
+    const std::pair<const char*, std::size_t> counts[] = {
+        {"PermisosShareFolder", 10}, {"eTipoRecurso", 4}, {"ClavesRegistro", 4}, {"TipoCarpetaSys", 3},
+        {"TipoAtributoArch", 5},     {"TipoUnidad", 6},   {"enMouseEvent", 8},   {"enBotonMouse", 3},
+        {"enMode", 5},               {"eSexo", 2},        {"LadoCadena", 2},     {"TipoDato", 3},
+        {"ConstApagar", 3},
+    };
+    for (std::size_t i = 0; i < std::size(counts); ++i) {
+        EXPECT_EQ(enums[i].name, counts[i].first) << "enumeration " << i;
+        EXPECT_EQ(enums[i].members.size(), counts[i].second) << counts[i].first;
+    }
+}
+
+// The published values agree with the C++ declarations that method code uses.
+TEST(PublishedEnumerations, ValuesMatchTheCppDeclarations) {
+    struct Case {
+        const char* enumeration;
+        std::size_t index;
+        const char* member;
+        std::int32_t value;
+    };
+    auto v = [](auto e) { return static_cast<std::int32_t>(e); };
+    const Case cases[] = {
+        {"PermisosShareFolder", 0, "pACCESS_READ", v(PermisosShareFolder::pACCESS_READ)},
+        {"PermisosShareFolder", 7, "pACCESS_ALL", v(PermisosShareFolder::pACCESS_ALL)},
+        {"PermisosShareFolder", 8, "pWNTYPE_DRIVE", v(PermisosShareFolder::pWNTYPE_DRIVE)},
+        {"PermisosShareFolder", 9, "pSHI_USES_UNLIMITED", v(PermisosShareFolder::pSHI_USES_UNLIMITED)},
+        {"eTipoRecurso", 3, "rSTYPE_IPC", v(eTipoRecurso::rSTYPE_IPC)},
+        {"ClavesRegistro", 2, "HKEY_LOCAL_MACHINE_", v(ClavesRegistro::HKEY_LOCAL_MACHINE_)},
+        {"TipoCarpetaSys", 2, "deTemp", v(TipoCarpetaSys::deTemp)},
+        {"TipoAtributoArch", 4, "aNormal", v(TipoAtributoArch::aNormal)},
+        {"TipoUnidad", 5, "uRemovible", v(TipoUnidad::uRemovible)},
+        {"enMouseEvent", 4, "RightBtnDown", v(enMouseEvent::RightBtnDown)},
+        {"enMouseEvent", 6, "MouseMove", v(enMouseEvent::MouseMove)},
+        {"enMouseEvent", 7, "Absolute", v(enMouseEvent::Absolute)},
+        {"enBotonMouse", 1, "btnDerecho", v(enBotonMouse::btnDerecho)},
+        {"enMode", 4, "bPulgadas", v(enMode::bPulgadas)},
+        {"eSexo", 1, "Masculino", v(eSexo::Masculino)},
+        {"LadoCadena", 0, "Izquierdo", v(LadoCadena::Izquierdo)},
+        {"TipoDato", 2, "Fecha_", v(TipoDato::Fecha_)},
+        {"ConstApagar", 2, "Reiniciar_", v(ConstApagar::Reiniciar_)},
+    };
+    for (const auto& c : cases) {
+        const EnumInfo* e = enumerationNamed(c.enumeration);
+        ASSERT_NE(e, nullptr) << c.enumeration;
+        ASSERT_LT(c.index, e->members.size()) << c.enumeration;
+        EXPECT_EQ(e->members[c.index].name, c.member) << c.enumeration << " member " << c.index;
+        EXPECT_EQ(e->members[c.index].value, c.value) << c.enumeration << "." << c.member;
+    }
+    // Kept as published: two members worth 1, one worth -1, Absolute below zero.
+    EXPECT_EQ(v(PermisosShareFolder::pWNTYPE_DRIVE), 1);
+    EXPECT_EQ(v(PermisosShareFolder::pSHI_USES_UNLIMITED), -1);
+    EXPECT_EQ(v(enMouseEvent::Absolute), -32768);
+}
+
+TEST(PublishedRecords, FieldsInOrder) {
+    struct Case {
+        const char* record;
+        const char* fields;  // "name:type" joined by blanks
+        std::size_t cppSize;
+    };
+    const Case cases[] = {
+        {"POINTAPI", "x:Long y:Long", sizeof(POINTAPI)},
+        {"RECT", "Left:Long Top:Long Right:Long Bottom:Long", sizeof(RECT)},
+        {"CoordenadasMouse", "x:Variant y:Variant", 0},
+    };
+    const auto& recs = records();
+    ASSERT_EQ(recs.size(), std::size(cases));
+    for (std::size_t i = 0; i < recs.size(); ++i) {
+        const auto& c = cases[i];
+        EXPECT_EQ(recs[i].name, c.record);
+        std::string fields;
+        std::size_t longs = 0;
+        for (const auto& f : recs[i].fields) {
+            fields += (fields.empty() ? "" : " ") + std::string(f.name) + ":" + std::string(f.typeName);
+            if (f.typeName == "Long") ++longs;
+        }
+        EXPECT_EQ(fields, c.fields) << c.record;
+        // The packed C++ records hold one 32-bit field per Long.
+        if (c.cppSize != 0) {
+            EXPECT_EQ(c.cppSize, 4 * longs) << c.record;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace telvaro
