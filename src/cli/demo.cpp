@@ -99,6 +99,18 @@ void identitySection(std::ostream& out, Fun& fun) {
     show(out, fun, "fn_ValidaRUC", {Variant(u"1790011674004")}, "\"1790011674004\"");
 }
 
+void iniSection(std::ostream& out, Fun& fun) {
+    out << "INI files (under the home folder; C:\\Windows for a bare file name)\n";
+    show(out, fun, "INI_GuardarIni", {Variant(u"telvaro-demo.ini"), Variant(u"Conexion"), Variant(u"Servidor"),
+                                      Variant(u"srv01")},
+         "\"telvaro-demo.ini\", \"Conexion\", \"Servidor\", \"srv01\"");
+    show(out, fun, "INI_LeerIni", {Variant(u"telvaro-demo.ini"), Variant(u"CONEXION"), Variant(u"servidor")},
+         "\"telvaro-demo.ini\", \"CONEXION\", \"servidor\"");
+    show(out, fun, "INI_LeerIni", {Variant(u"telvaro-demo.ini"), Variant(u"Conexion"), Variant(u"Puerto"),
+                                   Variant(u"1433")},
+         "\"telvaro-demo.ini\", \"Conexion\", \"Puerto\", \"1433\"");
+}
+
 void dispatchSection(std::ostream& out, Fun& fun) {
     out << "Late-bound calls\n";
     std::vector<Variant> args{Variant(u"banana"), Variant(u"A")};
@@ -129,6 +141,7 @@ void runDemo(std::ostream& out) {
         [&] { amountSection(out, fun); },
         [&] { datesSection(out, fun); },
         [&] { identitySection(out, fun); },
+        [&] { iniSection(out, fun); },
         [&] { dispatchSection(out, fun); },
         [&] { batchSection(out); },
     };

@@ -6,6 +6,7 @@
 #include <deque>
 #include <vector>
 
+#include "platform/default_platform.h"
 #include "platform/platform.h"
 
 namespace telvaro::cli {
@@ -33,6 +34,7 @@ class ScriptedPlatform : public Platform {
 public:
     explicit ScriptedPlatform(std::vector<int> answers) : boxes_(std::move(answers)) {}
     MessageBoxService& messageBoxes() override { return boxes_; }
+    ProfileFiles& profileFiles() override { return defaultPlatform().profileFiles(); }
     const ScriptedMessageBox& boxes() const { return boxes_; }
 
 private:

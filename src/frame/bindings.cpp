@@ -7,6 +7,7 @@
 #include "dates/date_helpers.h"
 #include "frame/standard_messages.h"
 #include "ident/cedula_ruc.h"
+#include "system/ini_files.h"
 #include "text/amount_in_words.h"
 #include "text/formula.h"
 #include "text/fractions.h"
@@ -53,6 +54,9 @@ const std::vector<Binding>& bindings() {
         bind<&ident::fn_ValidaRUC>("fn_ValidaRUC"),
         bind<&ident::fn_ValidaRUC2>("fn_ValidaRUC2"),
         bind<&ident::fn_ValidaRUC3>("fn_ValidaRUC3"),
+        // Files, INI and registry
+        bind<&system::INI_LeerIni>("INI_LeerIni"),
+        bind<&system::INI_GuardarIni>("INI_GuardarIni"),
     };
     return all;
 }

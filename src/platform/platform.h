@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/message_box.h"
+#include "platform/profile_files.h"
 
 namespace telvaro {
 
@@ -11,6 +12,7 @@ class Platform {
 public:
     virtual ~Platform() = default;
     virtual MessageBoxService& messageBoxes() = 0;
+    virtual ProfileFiles& profileFiles() = 0;
 };
 
 }  // namespace telvaro

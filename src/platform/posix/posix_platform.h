@@ -12,9 +12,11 @@ public:
     PosixPlatform();
     ~PosixPlatform() override;
     MessageBoxService& messageBoxes() override;
+    ProfileFiles& profileFiles() override;
 
 private:
     std::unique_ptr<MessageBoxService> messageBoxes_;
+    std::unique_ptr<ProfileFiles> profileFiles_;
 };
 
 }  // namespace telvaro::posix
