@@ -1,37 +1,128 @@
+// The runtime's text comparison and string functions.
+//
+// Equality, search, replacement and Like fold each UTF-16 unit with ICU's
+// simple case folding, so "A" equals "a" and "Á" equals "á" while "á" and
+// "a" stay different letters. Ordering uses a Spanish ICU collator at
+// secondary strength (case ignored, accents counted), with ties broken on
+// the folded units so that textCompare answers 0 exactly when textEquals
+// holds. Searches fold their pattern once and the searched text unit by unit
+// as they go (Knuth-Morris-Pratt), so every call is linear in the text and
+// stops at the first match: callers run them in loops over long texts.
 #include "runtime/text.h"
 
 #include <unicode/coll.h>
 #include <unicode/locid.h>
 #include <unicode/uchar.h>
 
-#include <memory>
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <limits>
+#include <memory>
+#include <new>
+#include <utility>
 #include <vector>
 
 #include "runtime/error.h"
 
 namespace telvaro {
 
-char16_t foldCase(char16_t c) {
-    if (c < 0x80) return (c >= u'A' && c <= u'Z') ? char16_t(c + 32) : c;
-    if (c >= 0xD800 && c <= 0xDFFF) return c;
-    UChar32 f = u_foldCase(c, U_FOLD_CASE_DEFAULT);
+namespace {
+
+constexpr int kInvalidPatternString = 93;
+
+// The longest text the runtime can hold: 2^31 - 1 bytes of UTF-16.
+constexpr std::int64_t kMaxTextLength = std::numeric_limits<std::int32_t>::max() / 2;
+
+bool isSurrogate(char16_t c) { return c >= 0xD800 && c <= 0xDFFF; }
+
+char16_t fold(char16_t c) {
+    if (c < 0x80) return (c >= u'A' && c <= u'Z') ? static_cast<char16_t>(c + 32) : c;
+    if (isSurrogate(c)) return c;
+    const UChar32 f = u_foldCase(c, U_FOLD_CASE_DEFAULT);
     return f <= 0xFFFF ? static_cast<char16_t>(f) : c;
 }
 
-static String folded(StringView s) {
+String folded(StringView s) {
     String out(s);
-    for (auto& c : out) c = foldCase(c);
+    for (auto& c : out) c = fold(c);
     return out;
 }
+
+std::int32_t position(std::size_t index) { return static_cast<std::int32_t>(index + 1); }
+
+// A search pattern folded once, with the border table of Knuth-Morris-Pratt
+// so that a scan never reads a unit of the text twice. The text is reached
+// through `at(i)`, which lets the same scan run forwards or backwards.
+class Pattern {
+public:
+    explicit Pattern(StringView find, bool reversed = false) : units_(folded(find)) {
+        if (reversed) std::reverse(units_.begin(), units_.end());
+        const std::size_t m = units_.size();
+        if (m < 2) return;
+        border_.assign(m, 0);
+        std::size_t k = 0;
+        for (std::size_t q = 1; q < m; ++q) {
+            while (k > 0 && units_[q] != units_[k]) k = border_[k - 1];
+            if (units_[q] == units_[k]) ++k;
+            border_[q] = k;
+        }
+    }
+
+    std::size_t size() const { return units_.size(); }
+
+    // Calls onMatch(start) for each occurrence in the units at(from) ..
+    // at(length - 1), left to right, until onMatch returns false. With
+    // `overlapping` an occurrence may begin inside the previous one;
+    // otherwise the scan goes on after it.
+    template <typename At, typename OnMatch>
+    void scan(std::size_t from, std::size_t length, At at, bool overlapping, OnMatch onMatch) const {
+        const std::size_t m = units_.size();
+        if (m == 0 || length < m) return;
+        if (m == 1) {
+            const char16_t wanted = units_[0];
+            for (std::size_t i = from; i < length; ++i)
+                if (fold(at(i)) == wanted && !onMatch(i)) return;
+            return;
+        }
+        std::size_t q = 0;
+        for (std::size_t i = from; i < length; ++i) {
+            const char16_t c = fold(at(i));
+            while (q > 0 && units_[q] != c) q = border_[q - 1];
+            if (units_[q] == c) ++q;
+            if (q == m) {
+                if (!onMatch(i + 1 - m)) return;
+                q = overlapping ? border_[m - 1] : 0;
+            }
+        }
+    }
+
+    // Index of the first occurrence at or after `from`, npos when none.
+    std::size_t firstIn(StringView s, std::size_t from) const {
+        std::size_t found = StringView::npos;
+        scan(from, s.size(), [&](std::size_t i) { return s[i]; }, false, [&](std::size_t i) {
+            found = i;
+            return false;
+        });
+        return found;
+    }
+
+private:
+    String units_;
+    std::vector<std::size_t> border_;
+};
+
+}  // namespace
+
+char16_t foldCase(char16_t c) { return fold(c); }
 
 // Maps each UTF-16 unit through a simple case mapping; surrogates and
 // mappings outside the basic plane are left as they are.
 static String mapCase(StringView s, UChar32 (*mapping)(UChar32)) {
     String out(s);
     for (auto& c : out) {
-        if (c >= 0xD800 && c <= 0xDFFF) continue;
-        UChar32 u = mapping(c);
+        if (isSurrogate(c)) continue;
+        const UChar32 u = mapping(c);
         if (u <= 0xFFFF) c = static_cast<char16_t>(u);
     }
     return out;
@@ -43,24 +134,27 @@ String lowerCase(StringView s) { return mapCase(s, u_tolower); }
 bool textEquals(StringView a, StringView b) {
     if (a.size() != b.size()) return false;
     for (std::size_t i = 0; i < a.size(); ++i)
-        if (a[i] != b[i] && foldCase(a[i]) != foldCase(b[i])) return false;
+        if (a[i] != b[i] && fold(a[i]) != fold(b[i])) return false;
     return true;
 }
 
 namespace {
 
 // A Spanish collator that ignores case but not accents. ICU collators are
-// not safe for concurrent use, so each thread keeps its own.
+// not safe for concurrent use, so each thread keeps its own; without ICU's
+// data the order falls back to the folded units alone.
 icu::Collator* collator() {
-    thread_local std::unique_ptr<icu::Collator> c = [] {
+    thread_local const std::unique_ptr<icu::Collator> instance = [] {
         UErrorCode status = U_ZERO_ERROR;
         std::unique_ptr<icu::Collator> made(icu::Collator::createInstance(icu::Locale("es"), status));
-        if (U_FAILURE(status)) made.reset();
-        if (made) made->setStrength(icu::Collator::SECONDARY);
+        if (U_FAILURE(status)) return std::unique_ptr<icu::Collator>();
+        made->setStrength(icu::Collator::SECONDARY);
         return made;
     }();
-    return c.get();
+    return instance.get();
 }
+
+const UChar* icuText(StringView s) { return reinterpret_cast<const UChar*>(s.data()); }
 
 }  // namespace
 
@@ -68,74 +162,87 @@ int textCompare(StringView a, StringView b) {
     if (textEquals(a, b)) return 0;
     if (icu::Collator* c = collator()) {
         UErrorCode status = U_ZERO_ERROR;
-        auto r = c->compare(reinterpret_cast<const UChar*>(a.data()), static_cast<int32_t>(a.size()),
-                            reinterpret_cast<const UChar*>(b.data()), static_cast<int32_t>(b.size()), status);
+        const UCollationResult r = c->compare(icuText(a), static_cast<std::int32_t>(a.size()), icuText(b),
+                                              static_cast<std::int32_t>(b.size()), status);
         if (U_SUCCESS(status) && r != UCOL_EQUAL) return r == UCOL_LESS ? -1 : 1;
     }
-    // Equal under the collator but not as folded text: order by folded units.
-    String fa = folded(a), fb = folded(b);
-    return fa < fb ? -1 : 1;
+    // Equal for the collator (or no collator) but different folded texts:
+    // the folded units decide, so that only equal texts compare as 0.
+    return folded(a) < folded(b) ? -1 : 1;
 }
 
 std::int32_t inStr(std::int32_t start, StringView s, StringView find) {
     if (start < 1) raise(err::InvalidProcedureCall);
-    auto n = static_cast<std::int64_t>(s.size());
+    const auto n = static_cast<std::int64_t>(s.size());
     if (start > n + 1) return 0;
     if (find.empty()) return start;
-    String fs = folded(s), ff = folded(find);
-    auto pos = fs.find(ff, static_cast<std::size_t>(start - 1));
-    return pos == String::npos ? 0 : static_cast<std::int32_t>(pos + 1);
+    const std::size_t found = Pattern(find).firstIn(s, static_cast<std::size_t>(start - 1));
+    return found == StringView::npos ? 0 : position(found);
 }
 
 std::int32_t inStrRev(StringView s, StringView find, std::int32_t start) {
     if (start == 0 || start < -1) raise(err::InvalidProcedureCall);
-    auto n = static_cast<std::int64_t>(s.size());
+    const auto n = static_cast<std::int64_t>(s.size());
     if (start == -1) start = static_cast<std::int32_t>(n);
     if (start > n) return 0;
     if (find.empty()) return start;
-    if (static_cast<std::int64_t>(find.size()) > start) return 0;
-    String fs = folded(s.substr(0, static_cast<std::size_t>(start))), ff = folded(find);
-    auto pos = fs.rfind(ff);
-    return pos == String::npos ? 0 : static_cast<std::int32_t>(pos + 1);
+    // The occurrence must lie within the first `start` units: scan them
+    // from the right with the pattern reversed; the first hit is the last one.
+    const auto end = static_cast<std::size_t>(start);
+    const Pattern reversed(find, true);
+    std::size_t found = StringView::npos;
+    reversed.scan(0, end, [&](std::size_t j) { return s[end - 1 - j]; }, false, [&](std::size_t j) {
+        found = end - j - reversed.size();
+        return false;
+    });
+    return found == StringView::npos ? 0 : position(found);
+}
+
+std::vector<std::int32_t> textOccurrences(StringView s, StringView find) {
+    std::vector<std::int32_t> positions;
+    Pattern(find).scan(0, s.size(), [&](std::size_t i) { return s[i]; }, true, [&](std::size_t i) {
+        positions.push_back(position(i));
+        return true;
+    });
+    return positions;
 }
 
 String replaceText(StringView s, StringView find, StringView with) {
     if (find.empty() || s.empty()) return String(s);
-    String fs = folded(s), ff = folded(find);
     String out;
     out.reserve(s.size());
-    std::size_t from = 0;
-    for (;;) {
-        auto pos = fs.find(ff, from);
-        if (pos == String::npos) break;
-        out.append(s.substr(from, pos - from));
+    std::size_t copied = 0;
+    Pattern(find).scan(0, s.size(), [&](std::size_t i) { return s[i]; }, false, [&](std::size_t i) {
+        out.append(s.substr(copied, i - copied));
         out.append(with);
-        from = pos + find.size();
-    }
-    out.append(s.substr(from));
+        copied = i + find.size();
+        return true;
+    });
+    out.append(s.substr(copied));
     return out;
 }
 
 namespace {
 
-// One element of a Like pattern.
+// One element of a Like pattern, its letters folded.
 struct LikeToken {
-    enum Kind { Literal, AnyOne, AnyMany, Digit, Set } kind = Literal;
-    explicit LikeToken(Kind k) : kind(k) {}
+    enum Kind { Literal, AnyOne, AnyMany, Digit, Set };
+    Kind kind = Literal;
     char16_t ch = 0;
     bool negated = false;
     std::vector<std::pair<char16_t, char16_t>> ranges;
 
+    explicit LikeToken(Kind k, char16_t c = 0) : kind(k), ch(c) {}
+
+    // Whether the (folded) unit c fits this one-unit token.
     bool matches(char16_t c) const {
         switch (kind) {
-            case Literal: return foldCase(c) == ch;
+            case Literal: return c == ch;
             case AnyOne: return true;
             case Digit: return c >= u'0' && c <= u'9';
             case Set: {
-                char16_t fc = foldCase(c);
-                bool in = false;
-                for (auto [lo, hi] : ranges)
-                    if (fc >= lo && fc <= hi) in = true;
+                const bool in = std::any_of(ranges.begin(), ranges.end(),
+                                            [c](const auto& r) { return c >= r.first && c <= r.second; });
                 return in != negated;
             }
             case AnyMany: break;
@@ -144,10 +251,14 @@ struct LikeToken {
     }
 };
 
+// "?" one unit, "*" any run, "#" one digit, "[list]" and "[!list]" one unit
+// in or out of a list of units and ranges "a-z"; any other unit stands for
+// itself. "[" without its "]" and a descending range are malformed (93);
+// "[]" matches nothing and is dropped; "-" first or last in a list is itself.
 std::vector<LikeToken> parseLike(StringView p) {
     std::vector<LikeToken> tokens;
     for (std::size_t i = 0; i < p.size(); ++i) {
-        char16_t c = p[i];
+        const char16_t c = p[i];
         if (c == u'?') {
             tokens.emplace_back(LikeToken::AnyOne);
         } else if (c == u'*') {
@@ -155,35 +266,31 @@ std::vector<LikeToken> parseLike(StringView p) {
         } else if (c == u'#') {
             tokens.emplace_back(LikeToken::Digit);
         } else if (c == u'[') {
-            auto close = p.find(u']', i + 1);
-            if (close == StringView::npos) raise(93);
-            LikeToken t(LikeToken::Set);
+            const std::size_t close = p.find(u']', i + 1);
+            if (close == StringView::npos) raise(kInvalidPatternString);
+            LikeToken set(LikeToken::Set);
             std::size_t k = i + 1;
             if (k < close && p[k] == u'!') {
-                t.negated = true;
+                set.negated = true;
                 ++k;
             }
-            if (k == close && !t.negated) {  // "[]" matches the empty string: drop it
-                i = close;
-                continue;
-            }
+            i = close;
+            if (k == close && !set.negated) continue;
             while (k < close) {
-                char16_t lo = foldCase(p[k]), hi = lo;
+                const char16_t lo = fold(p[k]);
+                char16_t hi = lo;
                 if (k + 2 < close && p[k + 1] == u'-') {
-                    hi = foldCase(p[k + 2]);
-                    if (hi < lo) raise(93);
+                    hi = fold(p[k + 2]);
+                    if (hi < lo) raise(kInvalidPatternString);
                     k += 3;
                 } else {
                     ++k;
                 }
-                t.ranges.emplace_back(lo, hi);
+                set.ranges.emplace_back(lo, hi);
             }
-            tokens.push_back(std::move(t));
-            i = close;
+            tokens.push_back(std::move(set));
         } else {
-            LikeToken t(LikeToken::Literal);
-            t.ch = foldCase(c);
-            tokens.push_back(t);
+            tokens.emplace_back(LikeToken::Literal, fold(c));
         }
     }
     return tokens;
@@ -193,16 +300,19 @@ std::vector<LikeToken> parseLike(StringView p) {
 
 bool likeText(StringView s, StringView pattern) {
     const auto tokens = parseLike(pattern);
-    // Greedy matching with backtracking to the last "*" (linear in practice).
-    std::size_t si = 0, ti = 0, starToken = SIZE_MAX, starText = 0;
-    while (si < s.size()) {
+    const String text = folded(s);
+    // Every token but "*" takes exactly one unit, so matching greedily and
+    // on failure letting the last "*" take one unit more is complete.
+    constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
+    std::size_t si = 0, ti = 0, starToken = none, starText = 0;
+    while (si < text.size()) {
         if (ti < tokens.size() && tokens[ti].kind == LikeToken::AnyMany) {
             starToken = ti++;
             starText = si;
-        } else if (ti < tokens.size() && tokens[ti].matches(s[si])) {
+        } else if (ti < tokens.size() && tokens[ti].matches(text[si])) {
             ++ti;
             ++si;
-        } else if (starToken != SIZE_MAX) {
+        } else if (starToken != none) {
             ti = starToken + 1;
             si = ++starText;
         } else {
@@ -232,27 +342,36 @@ String left(StringView s, std::int32_t length) {
 
 String right(StringView s, std::int32_t length) {
     if (length < 0) raise(err::InvalidProcedureCall);
-    auto n = static_cast<std::size_t>(length);
+    const auto n = static_cast<std::size_t>(length);
     return n >= s.size() ? String(s) : String(s.substr(s.size() - n));
 }
 
 String ltrim(StringView s) {
-    auto b = s.find_first_not_of(u' ');
+    const auto b = s.find_first_not_of(u' ');
     return b == StringView::npos ? String() : String(s.substr(b));
 }
 
 String rtrim(StringView s) {
-    auto e = s.find_last_not_of(u' ');
+    const auto e = s.find_last_not_of(u' ');
     return e == StringView::npos ? String() : String(s.substr(0, e + 1));
 }
 
-String trim(StringView s) { return ltrim(rtrim(s)); }
+String trim(StringView s) {
+    const auto b = s.find_first_not_of(u' ');
+    if (b == StringView::npos) return {};
+    return String(s.substr(b, s.find_last_not_of(u' ') - b + 1));
+}
 
 String space(std::int32_t n) { return repeatChar(n, u' '); }
 
 String repeatChar(std::int32_t n, char16_t c) {
     if (n < 0) raise(err::InvalidProcedureCall);
-    return String(static_cast<std::size_t>(n), c);
+    if (n > kMaxTextLength) raise(err::OutOfStringSpace);
+    try {
+        return String(static_cast<std::size_t>(n), c);
+    } catch (const std::bad_alloc&) {
+        raise(err::OutOfMemory);
+    }
 }
 
 }  // namespace telvaro

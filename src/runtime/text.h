@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "runtime/ustring.h"
 
@@ -25,10 +26,15 @@ int textCompare(StringView a, StringView b);
 // start <= len(s) + 1. Error 5 when start < 1.
 std::int32_t inStr(std::int32_t start, StringView s, StringView find);
 inline std::int32_t inStr(StringView s, StringView find) { return inStr(1, s, find); }
-// InStrRev(s, find, start, vbTextCompare): last position of `find` that
-// starts at or before `start` (-1: the end), 0 when not found.
+// InStrRev(s, find, start, vbTextCompare): position of the last `find`
+// that lies within the first `start` units (-1: the whole text), 0 when not
+// found or when start > len(s); an empty `find` gives `start`.
 // Error 5 when start is 0 or below -1.
 std::int32_t inStrRev(StringView s, StringView find, std::int32_t start = -1);
+// Every position at which `find` occurs in `s`, in ascending order,
+// overlapping occurrences included ("aa" occurs at 1, 2 and 3 of "aaaa"),
+// found in one linear pass; empty when `find` is empty.
+std::vector<std::int32_t> textOccurrences(StringView s, StringView find);
 // Replace(s, find, with, 1, -1, vbTextCompare): every occurrence, one left
 // to right pass (replaced text is not searched again). An empty `find`
 // leaves `s` unchanged.
