@@ -2,9 +2,10 @@
 add_library(telvaro_options INTERFACE)
 target_compile_options(telvaro_options INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor)
 # g++ 12 reports false -Wrestrict and -Wstringop-overflow warnings inside
-# libstdc++ string concatenation at -O3 (GCC bug 105329).
+# libstdc++ string concatenation at -O3 (GCC bug 105329), and false
+# -Wmaybe-uninitialized ones for std::optional payloads.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  target_compile_options(telvaro_options INTERFACE -Wno-restrict -Wno-stringop-overflow)
+  target_compile_options(telvaro_options INTERFACE -Wno-restrict -Wno-stringop-overflow -Wno-maybe-uninitialized)
 endif()
 if(TELVARO_WERROR)
   target_compile_options(telvaro_options INTERFACE -Werror)

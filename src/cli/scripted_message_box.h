@@ -35,6 +35,10 @@ public:
     explicit ScriptedPlatform(std::vector<int> answers) : boxes_(std::move(answers)) {}
     MessageBoxService& messageBoxes() override { return boxes_; }
     ProfileFiles& profileFiles() override { return defaultPlatform().profileFiles(); }
+    FileSystem& fileSystem() override { return defaultPlatform().fileSystem(); }
+    Registry& registry() override { return defaultPlatform().registry(); }
+    RegionalStore& regionalStore() override { return defaultPlatform().regionalStore(); }
+    Environment& environment() override { return defaultPlatform().environment(); }
     const ScriptedMessageBox& boxes() const { return boxes_; }
 
 private:

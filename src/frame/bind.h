@@ -154,7 +154,7 @@ public:
 
 private:
     template <std::size_t... I>
-    static std::tuple<Value<Ps>...> load(std::span<Variant> args, std::index_sequence<I...>) {
+    static std::tuple<Value<Ps>...> load([[maybe_unused]] std::span<Variant> args, std::index_sequence<I...>) {
         return std::tuple<Value<Ps>...>(ArgTraits<Value<Ps>>::from(args[I])...);
     }
     template <std::size_t... I>
@@ -167,7 +167,7 @@ private:
 };
 
 template <auto F, typename R, typename... Ps, std::size_t... I>
-Variant callWith(Fun& fun, std::span<Variant> args, std::index_sequence<I...>) {
+Variant callWith(Fun& fun, [[maybe_unused]] std::span<Variant> args, std::index_sequence<I...>) {
     CallFrame<Ps...> frame(args);
     auto& values = frame.values();
     if constexpr (std::is_void_v<R>) {

@@ -5,9 +5,14 @@
 #include <unordered_map>
 
 #include "dates/date_helpers.h"
+#include "dates/regional_settings.h"
+#include "frame/error_log.h"
 #include "frame/standard_messages.h"
 #include "ident/cedula_ruc.h"
+#include "system/environment.h"
+#include "system/files.h"
 #include "system/ini_files.h"
+#include "system/registry.h"
 #include "text/amount_in_words.h"
 #include "text/formula.h"
 #include "text/fractions.h"
@@ -57,6 +62,29 @@ const std::vector<Binding>& bindings() {
         // Files, INI and registry
         bind<&system::INI_LeerIni>("INI_LeerIni"),
         bind<&system::INI_GuardarIni>("INI_GuardarIni"),
+        bind<&system::fsoBorraArchivo>("fsoBorraArchivo"),
+        bind<&system::fsoExisteCarpeta>("fsoExisteCarpeta"),
+        bind<&system::fsoExisteArchivo>("fsoExisteArchivo"),
+        bind<&system::fsoCarpetaSistema>("fsoCarpetaSistema"),
+        bind<&system::fsoCrearCarpeta>("fsoCrearCarpeta"),
+        bind<&system::fsoLeeArchivo>("fsoLeeArchivo"),
+        bind<&system::fsoGrabaArchivo>("fsoGrabaArchivo"),
+        bind<&system::REG_CreaClave>("REG_CreaClave"),
+        bind<&system::REG_PoneValor>("REG_PoneValor"),
+        bind<&system::REG_BuscaRegistro>("REG_BuscaRegistro"),
+        // Regional settings
+        bind<&dates::fn_CambiaConfRegional>("fn_CambiaConfRegional"),
+        bind<&dates::fn_VerificaConfRegional>("fn_VerificaConfRegional"),
+        // Environment
+        bind<&system::fn_NombreComputador>("fn_NombreComputador"),
+        bind<&system::fn_NombreUsuarioWindows>("fn_NombreUsuarioWindows"),
+        bind<&system::fn_EsperaXSegundos>("fn_EsperaXSegundos"),
+        bind<&system::EjecutaArchivo>("EjecutaArchivo"),
+        bind<&system::HayConexionInternet>("HayConexionInternet"),
+        bind<&system::sndTocaArchivoWab>("sndTocaArchivoWab"),
+        bind<&system::CapturaMsgBox>("CapturaMsgBox"),
+        // Error log
+        bind<&fn_LogErrores>("fn_LogErrores"),
     };
     return all;
 }

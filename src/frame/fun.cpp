@@ -2,6 +2,7 @@
 
 #include "frame/catalogue.h"
 #include "frame/dispatch.h"
+#include "frame/thread_state.h"
 #include "platform/default_platform.h"
 #include "runtime/error.h"
 
@@ -9,6 +10,11 @@ namespace telvaro {
 
 Fun::Fun() : platform_(&defaultPlatform()) {}
 Fun::Fun(Platform& platform) : platform_(&platform) {}
+
+int Fun::showMessage(StringView prompt, int style, StringView title) const {
+    if (threadState().messageBoxCapture) return closingAnswer(style);
+    return platform_->messageBoxes().show(prompt, style, title);
+}
 
 Variant Fun::invoke(const MethodInfo& method, std::vector<Variant>& args) {
     try {

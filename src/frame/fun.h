@@ -21,7 +21,10 @@ public:
     explicit Fun(Platform& platform);
 
     Platform& platform() const { return *platform_; }
-    MessageBoxService& messageBoxes() const { return platform_->messageBoxes(); }
+    // Shows a message box through the platform and returns the answer; while
+    // the calling thread captures message boxes, the box closes at once with
+    // the answer closing gives (closingAnswer).
+    int showMessage(StringView prompt, int style, StringView title) const;
 
     // Late-bound calls. `args` are the caller's arguments in order (an
     // omitted optional argument is absent or the missing marker); by-reference

@@ -22,6 +22,15 @@ ButtonSet buttonsOf(int style) {
     return set;
 }
 
+int closingAnswer(int style) {
+    const ButtonSet set = buttonsOf(style);
+    for (int wanted : {msgbox::Cancel, msgbox::No, msgbox::Ok, msgbox::Abort}) {
+        for (int i = 0; i < set.count; ++i)
+            if (set.answers[i] == wanted) return wanted;
+    }
+    return set.defaultAnswer;
+}
+
 String answerLabel(int answer) {
     switch (answer) {
         case msgbox::Ok: return u"Aceptar";

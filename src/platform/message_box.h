@@ -39,6 +39,9 @@ struct ButtonSet {
     int defaultAnswer = msgbox::Ok;
 };
 ButtonSet buttonsOf(int style);
+// The answer of a box that is closed rather than answered: Cancel when it
+// has that button, else No, else OK, else Abort.
+int closingAnswer(int style);
 // The label of an answer code ("OK", "Sí", "No", "Cancelar", ...).
 String answerLabel(int answer);
 

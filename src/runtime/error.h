@@ -49,6 +49,7 @@ inline constexpr int ObjectDoesNotSupportAction = 445;
 inline constexpr int WrongNumberOfArguments = 450;
 inline constexpr int ArgumentNotOptional = 449;
 inline constexpr int InvalidPropertyValue = 380;
+inline constexpr int UnsupportedAutomationType = 458;
 }  // namespace err
 
 // The runtime's own description of a standard error number ("Type mismatch",

@@ -1,12 +1,13 @@
 // Every built method, called with junk arguments (empty, huge, negative,
 // wrong types, Null, missing, arrays, Nothing), either returns a value or
 // raises a run-time error: never a crash, a hang or another exception.
-// Run under the sanitizers too.
+// Run under the sanitizers too. Message boxes answer their default button.
 #include <gtest/gtest.h>
 
 #include "frame/bind.h"
 #include "frame/fun.h"
 #include "runtime/error.h"
+#include "support/test_platform.h"
 
 namespace telvaro {
 namespace {
@@ -40,7 +41,10 @@ std::vector<Variant> junkValues() {
 }
 
 TEST(Robustness, BuiltMethodsOnlyReturnValuesOrRuntimeErrors) {
-    Fun fun;
+    // Real files, under the test's home folder; nothing launched, played or
+    // probed.
+    fakes::TestPlatform platform;
+    Fun fun(platform);
     const auto junk = junkValues();
     std::size_t calls = 0;
     for (const auto& method : catalogue()) {

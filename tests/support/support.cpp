@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <stdlib.h>
+
+#include <cstdlib>
+#include <filesystem>
+
 #include "frame/fun.h"
 
 namespace telvaro {
@@ -26,4 +31,36 @@ void checkCalls(const std::vector<MethodCase>& cases) {
     }
 }
 
+}  // namespace telvaro
+
+namespace telvaro {
+namespace {
+
+// Every test program starts in an empty home folder, which is also its
+// working folder: what the library writes, relative paths included, stays
+// there, and nothing is left from an earlier run. The folder is
+// $TELVARO_TEST_HOME (emptied first), else a new temporary one; the user's
+// own TELVARO_HOME is never used.
+class FreshHome : public ::testing::Environment {
+public:
+    void SetUp() override {
+        namespace fs = std::filesystem;
+        std::error_code ec;
+        fs::path home;
+        if (const char* given = std::getenv("TELVARO_TEST_HOME"); given && *given) {
+            home = given;
+            fs::remove_all(home, ec);
+            fs::create_directories(home, ec);
+        } else {
+            std::string pattern = (fs::temp_directory_path() / "telvaro-test-XXXXXX").string();
+            if (::mkdtemp(pattern.data())) home = pattern;
+        }
+        ::setenv("TELVARO_HOME", home.c_str(), 1);
+        fs::current_path(home, ec);
+    }
+};
+
+[[maybe_unused]] const auto* const kFreshHome = ::testing::AddGlobalTestEnvironment(new FreshHome);
+
+}  // namespace
 }  // namespace telvaro

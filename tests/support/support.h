@@ -2,7 +2,9 @@
 // texts in failure messages, and the error number a call raises.
 #pragma once
 
+#include <cstdlib>
 #include <functional>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -54,5 +56,22 @@ struct MethodCase {
 // Calls each case through a fresh Fun and checks it, naming the call in
 // every failure.
 void checkCalls(const std::vector<MethodCase>& cases);
+
+// Sets (or, with nullptr, removes) an environment variable for the lifetime
+// of the object, then puts back what was there.
+class ScopedVariable {
+public:
+    ScopedVariable(const char* name, const char* value) : name_(name) {
+        if (const char* old = std::getenv(name)) old_ = old;
+        value ? ::setenv(name, value, 1) : ::unsetenv(name);
+    }
+    ~ScopedVariable() { old_ ? ::setenv(name_.c_str(), old_->c_str(), 1) : ::unsetenv(name_.c_str()); }
+    ScopedVariable(const ScopedVariable&) = delete;
+    ScopedVariable& operator=(const ScopedVariable&) = delete;
+
+private:
+    std::string name_;
+    std::optional<std::string> old_;
+};
 
 }  // namespace telvaro

@@ -25,10 +25,13 @@ protected:
     void SetUp() override {
         home_ = fs::temp_directory_path() / ("telvaro-ini-" + std::to_string(::getpid()));
         fs::remove_all(home_);
-        ::setenv("TELVARO_HOME", home_.c_str(), 1);
+        home_variable_.emplace("TELVARO_HOME", home_.c_str());
         fs::create_directories(posix::mapPath(u"C:\\App"));
     }
-    void TearDown() override { fs::remove_all(home_); }
+    void TearDown() override {
+        home_variable_.reset();
+        fs::remove_all(home_);
+    }
 
     static void writeFile(const char* bytes) { std::ofstream(posix::mapPath(u"C:\\App\\app.ini"), std::ios::binary) << bytes; }
     static std::string readFile() {
@@ -50,6 +53,7 @@ protected:
     }
 
     fs::path home_;
+    std::optional<ScopedVariable> home_variable_;
 };
 
 TEST_F(IniFiles, ReadingFollowsTheProfileRules) {
@@ -134,17 +138,16 @@ TEST_F(IniFiles, TwoProcessesWritingAtOnceLoseNothing) {
 }
 
 TEST(Paths, WindowsFormPathsMapUnderTheHomeFolder) {
-    ::setenv("TELVARO_HOME", "/tmp/th", 1);
-    ::unsetenv("TELVARO_DRIVE_D");
+    ScopedVariable home("TELVARO_HOME", "/tmp/th");
+    ScopedVariable noDriveD("TELVARO_DRIVE_D", nullptr);
     EXPECT_EQ(posix::mapPath(u"C:\\Errores\\ErrLog\\7.txt"), fs::path("/tmp/th/drives/c/Errores/ErrLog/7.txt"));
     EXPECT_EQ(posix::mapPath(u"d:/datos/./x.db"), fs::path("/tmp/th/drives/d/datos/x.db"));
     EXPECT_EQ(posix::mapPath(u"\\windows\\temp"), fs::path("/tmp/th/drives/c/windows/temp"));
     EXPECT_EQ(posix::mapPath(u"\\\\srv\\share\\a.txt"), fs::path("/tmp/th/unc/srv/share/a.txt"));
     EXPECT_EQ(posix::mapPath(u"/var/tmp/a"), fs::path("/var/tmp/a"));
     EXPECT_EQ(posix::mapPath(u"sub\\a.ini"), fs::path("sub/a.ini"));
-    ::setenv("TELVARO_DRIVE_D", "/mnt/datos", 1);
+    ScopedVariable driveD("TELVARO_DRIVE_D", "/mnt/datos");
     EXPECT_EQ(posix::mapPath(u"D:\\x"), fs::path("/mnt/datos/x"));
-    ::unsetenv("TELVARO_DRIVE_D");
 }
 
 TEST(Ansi, EveryByteRoundTrips) {

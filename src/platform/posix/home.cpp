@@ -58,7 +58,7 @@ bool isFullPath(StringView p) {
 fs::path mapPath(StringView p) {
     if (p.size() >= 2 && isDriveLetter(p[0]) && p[1] == u':') return appendComponents(driveFolder(p[0]), p.substr(2));
     if (p.size() >= 2 && p[0] == u'\\' && p[1] == u'\\') return appendComponents(homeFolder() / "unc", p.substr(2));
-    if (!p.empty() && p[0] == u'/') return fs::path(toUtf8(p));
+    if (!p.empty() && p[0] == u'/') return appendComponents(fs::path("/"), p);
     if (!p.empty() && p[0] == u'\\') return appendComponents(driveFolder(u'c'), p);
     return appendComponents(fs::path(), p);
 }

@@ -6,8 +6,8 @@
 // $TELVARO_DRIVE_<LETTER> when set, else to <home>/drives/<letter>; so
 // "C:\Errores\ErrLog\7.txt" is <home>/drives/c/Errores/ErrLog/7.txt. A path
 // that starts with "\" is on drive C; "\\server\share\x" is
-// <home>/unc/server/share/x; a POSIX absolute path is taken as it is; any
-// other path is relative to the current folder. "\" and "/" both separate
+// <home>/unc/server/share/x; a POSIX absolute path ("/tmp\x") stays where it
+// is; any other path is relative to the current folder. "\" and "/" both separate
 // folders. Names keep their case (the Linux file system tells case apart).
 #pragma once
 

@@ -1,0 +1,57 @@
+#include "platform/posix/posix_environment.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <climits>
+#include <cstdlib>
+
+#include "platform/posix/home.h"
+#include "platform/posix/internet_probe.h"
+#include "platform/posix/launcher.h"
+#if __has_include("platform/posix/sound_player.h")
+#include "platform/posix/sound_player.h"
+#define TELVARO_HAS_SOUND_PLAYER 1
+#endif
+
+namespace telvaro::posix {
+
+#ifdef TELVARO_HAS_SOUND_PLAYER
+PosixEnvironment::PosixEnvironment() : sound_(std::make_unique<SoundPlayer>()) {}
+#else
+class SoundPlayer {};
+PosixEnvironment::PosixEnvironment() = default;
+#endif
+PosixEnvironment::~PosixEnvironment() = default;
+
+String PosixEnvironment::computerName() {
+    char name[HOST_NAME_MAX + 1] = {};
+    if (::gethostname(name, sizeof name - 1) != 0) return {};
+    std::string host = name;
+    return fromUtf8(host.substr(0, host.find('.')));
+}
+
+String PosixEnvironment::userName() {
+    passwd entry{};
+    passwd* found = nullptr;
+    char buffer[4096];
+    if (::getpwuid_r(::geteuid(), &entry, buffer, sizeof buffer, &found) == 0 && found) return fromUtf8(found->pw_name);
+    const char* user = std::getenv("USER");
+    return user ? fromUtf8(user) : String();
+}
+
+void PosixEnvironment::open(StringView file, StringView parameters, StringView folder, int /*showCommand*/) {
+    // Linux has no "show without activating": the window manager decides.
+    const auto workingFolder = folder.empty() ? std::filesystem::path() : mapPath(folder);
+    startDetached(launchCommand(file, parameters, workingFolder), workingFolder);
+}
+
+bool PosixEnvironment::internetReachable() { return canConnect(probeAddress(), kProbeTimeoutMs); }
+
+#ifdef TELVARO_HAS_SOUND_PLAYER
+bool PosixEnvironment::playSound(StringView file, int flags) { return sound_->play(mapPath(file), flags); }
+#else
+bool PosixEnvironment::playSound(StringView, int) { return false; }
+#endif
+
+}  // namespace telvaro::posix

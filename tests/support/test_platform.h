@@ -1,0 +1,60 @@
+// A platform for tests: scripted message boxes, the real files, registry and
+// regional store under the test's home folder, and an environment that
+// records what it is asked to do instead of doing it, with a clock the test
+// sets.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "cli/scripted_message_box.h"
+
+namespace telvaro::fakes {
+
+class RecordingEnvironment : public Environment {
+public:
+    struct Opened {
+        String file, parameters, folder;
+        int showCommand;
+    };
+    struct Played {
+        String file;
+        int flags;
+    };
+
+    String computer = u"CAJA01";
+    String user = u"operador";
+    bool reachable = true;
+    std::vector<Opened> opened;
+    std::vector<Played> played;
+    std::vector<bool> captures;
+    int eventsProcessed = 0;
+    int idles = 0;
+    // The clock: the real one unless set; `tick` runs at every reading.
+    std::function<double()> clock;
+
+    String computerName() override { return computer; }
+    String userName() override { return user; }
+    void open(StringView file, StringView parameters, StringView folder, int showCommand) override {
+        opened.push_back({String(file), String(parameters), String(folder), showCommand});
+    }
+    bool internetReachable() override { return reachable; }
+    bool playSound(StringView file, int flags) override {
+        played.push_back({String(file), flags});
+        return true;
+    }
+    void captureMessageBoxes(bool capture) override { captures.push_back(capture); }
+    void processEvents() override { ++eventsProcessed; }
+    double now() override { return clock ? clock() : Environment::now(); }
+    void idle() override { ++idles; }
+};
+
+class TestPlatform : public cli::ScriptedPlatform {
+public:
+    explicit TestPlatform(std::vector<int> answers = {}) : cli::ScriptedPlatform(std::move(answers)) {}
+    Environment& environment() override { return recording; }
+
+    RecordingEnvironment recording;
+};
+
+}  // namespace telvaro::fakes
