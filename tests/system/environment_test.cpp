@@ -1,0 +1,208 @@
+// The environment methods through a recording environment, and the Linux
+// pieces behind them: the launcher and the internet probe.
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <fstream>
+#include <thread>
+
+#include "frame/fun.h"
+#include "platform/posix/home.h"
+#include "platform/posix/internet_probe.h"
+#include "platform/posix/launcher.h"
+#include "runtime/datetime.h"
+#include "support/support.h"
+#include "support/test_platform.h"
+
+namespace telvaro {
+namespace {
+
+namespace fs = std::filesystem;
+
+class EnvironmentMethods : public ::testing::Test {
+protected:
+    Variant call(const char* method, std::vector<Variant> args = {}) { return fun_.invoke(method, args); }
+    fakes::RecordingEnvironment& env() { return platform_.recording; }
+
+    fakes::TestPlatform platform_;
+    Fun fun_{platform_};
+};
+
+TEST_F(EnvironmentMethods, NamesComeFromTheirBuffers) {
+    env().user = String(u"ana") + u'\0' + u"resto";
+    EXPECT_TRUE(identical(call("fn_NombreUsuarioWindows"), Variant(u"ana")));
+    EXPECT_TRUE(identical(call("fn_NombreComputador"), Variant(u"CAJA01")));
+    env().computer = String(300, u'c');
+    EXPECT_EQ(call("fn_NombreComputador").get<String>().size(), 255u);
+}
+
+TEST_F(EnvironmentMethods, OpeningPassesTheShowCommandAndTheDefaults) {
+    call("EjecutaArchivo", {u"C:\\Reportes\\ventas.pdf"});
+    call("EjecutaArchivo", {u"notepad.exe", u"a.txt", u"C:\\Datos", False});
+    ASSERT_EQ(env().opened.size(), 2u);
+    EXPECT_EQ(env().opened[0].file, u"C:\\Reportes\\ventas.pdf");
+    EXPECT_EQ(env().opened[0].parameters, u"");
+    EXPECT_EQ(env().opened[0].folder, u"C:\\");
+    EXPECT_EQ(env().opened[0].showCommand, 1);
+    EXPECT_EQ(env().opened[1].parameters, u"a.txt");
+    EXPECT_EQ(env().opened[1].showCommand, 4);  // shown without activation, not hidden
+}
+
+TEST_F(EnvironmentMethods, SoundRequests) {
+    call("sndTocaArchivoWab", {u"C:\\s\\alerta.wav"});
+    call("sndTocaArchivoWab", {u"C:\\s\\alerta.wav", False, True});
+    call("sndTocaArchivoWab", {u"C:\\s\\ignorado.wav", True, True});
+    ASSERT_EQ(env().played.size(), 3u);
+    EXPECT_EQ(env().played[0].flags, 1);
+    EXPECT_EQ(env().played[1].flags, 9);
+    EXPECT_EQ(env().played[2].file, u"1");  // stopping ignores the file
+    EXPECT_EQ(env().played[2].flags, 0);
+}
+
+TEST_F(EnvironmentMethods, InternetProbeAnswer) {
+    EXPECT_TRUE(identical(call("HayConexionInternet"), Variant(True)));
+    env().reachable = false;
+    EXPECT_TRUE(identical(call("HayConexionInternet"), Variant(False)));
+}
+
+TEST_F(EnvironmentMethods, CapturedMessageBoxesCloseWithoutShowing) {
+    call("CapturaMsgBox");
+    EXPECT_TRUE(identical(call("MsgGuardarRegistro"), Variant(False)));  // closed: not Yes
+    call("MsgDatosGuardados");
+    call("fsoBorraArchivo", {u"C:\\no\\hay.txt", True});
+    EXPECT_TRUE(platform_.boxes().shown().empty());
+    call("CapturaMsgBox", {True});
+    call("MsgDatosGuardados");
+    EXPECT_EQ(platform_.boxes().shown().size(), 1u);
+    EXPECT_EQ(env().captures, (std::vector<bool>{true, false}));
+}
+
+TEST(ClosingAnswer, CancelElseNoElseOkElseAbort) {
+    const std::pair<int, int> cases[] = {{0, 1}, {1, 2}, {2, 3}, {3, 2}, {4, 7}, {5, 2}, {36, 7}, {16, 1}, {0x104, 7}};
+    for (auto [style, answer] : cases) EXPECT_EQ(closingAnswer(style), answer) << style;
+}
+
+// A clock at hh:mm:`second` that moves `step` seconds at every reading.
+std::function<double()> steppingClock(int second, double step, int* readings) {
+    return [=]() mutable {
+        ++*readings;
+        const double at = timeSerial(10, 0, second) + (*readings - 1) * step / 86400.0;
+        return dateSerial(2024, 7, 14) + at;
+    };
+}
+
+TEST_F(EnvironmentMethods, WaitComparesOnlyTheSecondsField) {
+    int readings = 0;
+    env().clock = steppingClock(30, 0, &readings);
+    call("fn_EsperaXSegundos", {0});
+    EXPECT_EQ(readings, 2);  // the target, then one pass
+    EXPECT_EQ(env().eventsProcessed, 0);
+
+    readings = 0;
+    env().clock = steppingClock(30, 1, &readings);
+    call("fn_EsperaXSegundos", {3, True});
+    EXPECT_EQ(readings, 4);  // 30 -> target 33; then 31, 32, 33
+    EXPECT_EQ(env().eventsProcessed, 3);
+
+    // A target past second 59 is never reached: the loop goes on (here until
+    // the clock gives up).
+    readings = 0;
+    env().clock = [&] {
+        if (++readings > 500) throw RuntimeError(err::InternalError);
+        return dateSerial(2024, 7, 14) + timeSerial(10, 0, 55) + readings / 86400.0;
+    };
+    EXPECT_EQ(errorNumberOf([&] { call("fn_EsperaXSegundos", {10}); }), err::InternalError);
+
+    // The target is an Integer sum.
+    env().clock = steppingClock(5, 0, &readings);
+    EXPECT_EQ(errorNumberOf([&] { call("fn_EsperaXSegundos", {32767}); }), err::Overflow);
+}
+
+// Waits until `file` exists, up to five seconds.
+bool appears(const fs::path& file) {
+    for (int i = 0; i < 500 && !fs::exists(file); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    return fs::exists(file);
+}
+
+TEST(Launcher, ProgramsStartWithTheirParametersInTheirFolder) {
+    const fs::path folder = fs::current_path() / "lanzar";
+    fs::create_directories(folder);
+    const fs::path script = folder / "programa";
+    std::ofstream(script) << "#!/bin/sh\npwd > salida.tmp\nfor a in \"$@\"; do echo \"[$a]\" >> salida.tmp; done\nmv salida.tmp salida.txt\n";
+    fs::permissions(script, fs::perms::owner_all);
+
+    const auto command = posix::launchCommand(fromUtf8(script.string()), u"uno \"dos tres\" \"\"\"q\"\"\"", folder);
+    ASSERT_EQ(command.size(), 4u);
+    EXPECT_TRUE(posix::startDetached(command, folder));
+    ASSERT_TRUE(appears(folder / "salida.txt"));
+    std::ifstream in(folder / "salida.txt");
+    std::string pwd, a, b, c;
+    std::getline(in, pwd);
+    std::getline(in, a);
+    std::getline(in, b);
+    std::getline(in, c);
+    EXPECT_EQ(fs::path(pwd), fs::canonical(folder));
+    EXPECT_EQ(a, "[uno]");
+    EXPECT_EQ(b, "[dos tres]");
+    EXPECT_EQ(c, "[\"q\"]");
+}
+
+TEST(Launcher, DocumentsAndAddressesGoToTheOpener) {
+    const fs::path folder = fs::current_path() / "docs";
+    fs::create_directories(folder);
+    std::ofstream(folder / "informe.pdf") << "%PDF";
+    ScopedVariable opener("TELVARO_OPENER", "/bin/echo");
+    EXPECT_EQ(posix::launchCommand(u"informe.pdf", u"ignorado", folder),
+              (std::vector<std::string>{"/bin/echo", (folder / "informe.pdf").string()}));
+    EXPECT_EQ(posix::launchCommand(u"https://example.com/a b", u"", {}),
+              (std::vector<std::string>{"/bin/echo", "https://example.com/a b"}));
+    EXPECT_TRUE(posix::launchCommand(u"C:\\no\\existe.pdf", u"", {}).empty());
+    EXPECT_TRUE(posix::launchCommand(u"", u"", {}).empty());
+    ScopedVariable noOpener("TELVARO_OPENER", "/no/such/opener");
+    EXPECT_TRUE(posix::launchCommand(u"informe.pdf", u"", folder).empty());
+    // A program on the PATH, named as on Windows.
+    EXPECT_EQ(posix::launchCommand(u"true.exe", u"", {}).size(), 1u);
+}
+
+TEST(InternetProbe, ConnectsWithinTheBound) {
+    const int listener = ::socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    ASSERT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(::listen(listener, 4), 0);
+    socklen_t size = sizeof address;
+    ::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
+    const std::string port = std::to_string(ntohs(address.sin_port));
+
+    EXPECT_TRUE(posix::canConnect(posix::parseProbeAddress("127.0.0.1:" + port), 3000));
+    ::close(listener);
+    EXPECT_FALSE(posix::canConnect(posix::parseProbeAddress("127.0.0.1:" + port), 3000));
+    EXPECT_FALSE(posix::canConnect(posix::parseProbeAddress("no-such-host.invalid:443"), 3000));
+    EXPECT_FALSE(posix::canConnect(posix::parseProbeAddress(""), 3000));
+}
+
+TEST(InternetProbe, AddressForms) {
+    struct Case {
+        const char* text;
+        const char* host;
+        const char* port;
+    } cases[] = {
+        {"mail.example.com:8443", "mail.example.com", "8443"},
+        {"mail.example.com", "mail.example.com", "443"},
+        {"[::1]:80", "::1", "80"},
+        {"[::1]", "::1", "443"},
+        {"::1", "::1", "443"},
+    };
+    for (const auto& c : cases) {
+        const auto a = posix::parseProbeAddress(c.text);
+        EXPECT_EQ(a.host, c.host) << c.text;
+        EXPECT_EQ(a.port, c.port) << c.text;
+    }
+}
+
+}  // namespace
+}  // namespace telvaro
