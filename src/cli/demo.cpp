@@ -7,9 +7,16 @@
 
 #include "cli/batch.h"
 #include "cli/commands.h"
+#include "cli/scripted_message_box.h"
 #include "frame/bind.h"
 #include "frame/catalogue.h"
 #include "frame/fun.h"
+#include "platform/ansi.h"
+#include "platform/posix/atomic_file.h"
+#include "platform/posix/posix_file_system.h"
+#include "runtime/datetime.h"
+#include "runtime/object.h"
+#include "runtime/regional.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -111,6 +118,83 @@ void iniSection(std::ostream& out, Fun& fun) {
          "\"telvaro-demo.ini\", \"Conexion\", \"Puerto\", \"1433\"");
 }
 
+void filesSection(std::ostream& out, Fun& fun) {
+    out << "Files, records and the registry (drive C is <home>/drives/c)\n";
+    show(out, fun, "fsoCrearCarpeta", {Variant(u"C:\\Demo\\2024\\Julio")}, "\"C:\\Demo\\2024\\Julio\"");
+    show(out, fun, "fsoExisteCarpeta", {Variant(u"C:\\Demo\\2024")}, "\"C:\\Demo\\2024\"");
+    show(out, fun, "fsoGrabaArchivo", {Variant(u"C:\\Demo\\ult.dat"), Variant(std::int16_t(3)), Variant(u"F-0012")},
+         "\"C:\\Demo\\ult.dat\", 3, \"F-0012\"");
+    show(out, fun, "fsoLeeArchivo", {Variant(u"C:\\Demo\\ult.dat"), Variant(std::int16_t(3))}, "\"C:\\Demo\\ult.dat\", 3");
+    show(out, fun, "fsoLeeArchivo", {Variant(u"C:\\Demo\\ult.dat"), Variant(std::int16_t(0))}, "\"C:\\Demo\\ult.dat\", 0");
+    show(out, fun, "fsoGrabaArchivo",
+         {Variant(u"C:\\Demo\\ult.dat"), Variant(std::int16_t(1)), Variant(String(200, u'x'))},
+         "\"C:\\Demo\\ult.dat\", 1, <200 characters>");
+    show(out, fun, "REG_PoneValor",
+         {Variant(std::int32_t(1)), Variant(u"Software\\Demo"), Variant(u"Puerto"), Variant(u"1433"), Variant(std::int32_t(4))},
+         "HKEY_CURRENT_USER_, \"Software\\Demo\", \"Puerto\", \"1433\", 4");
+    show(out, fun, "REG_BuscaRegistro", {Variant(std::int32_t(1)), Variant(u"software\\demo"), Variant(u"PUERTO")},
+         "HKEY_CURRENT_USER_, \"software\\demo\", \"PUERTO\"");
+    show(out, fun, "REG_BuscaRegistro", {Variant(std::int32_t(7)), Variant(u"Software\\Demo"), Variant(u"Puerto")},
+         "7, \"Software\\Demo\", \"Puerto\"");
+}
+
+void regionalSection(std::ostream& out, Fun& fun) {
+    out << "Regional settings (the check under two configurations)\n";
+    RegionalSettings comma = RegionalSettings::standard();
+    comma.shortDate = u"d/M/yy";
+    comma.decimalSeparator = u",";
+    comma.thousandSeparator = u".";
+    {
+        RegionalScope scope(comma);
+        out << "  with d/M/yy and \",\" decimals:\n";
+        show(out, fun, "fn_VerificaConfRegional", {}, "");
+    }
+    {
+        RegionalScope scope(RegionalSettings::standard());
+        out << "  with dd/MM/yyyy and \".\" decimals, what fn_CambiaConfRegional writes:\n";
+        show(out, fun, "fn_VerificaConfRegional", {}, "");
+    }
+}
+
+// A control on a form, as an application passes it to the error log.
+class DemoControl : public Object {
+public:
+    explicit DemoControl(std::vector<std::pair<String, Variant>> members) : members_(std::move(members)) {}
+    Variant invoke(StringView member, InvokeKind, std::span<Variant>) override {
+        for (const auto& [name, value] : members_)
+            if (name == member) return value;
+        raiseNoSuchMember();
+    }
+
+private:
+    std::vector<std::pair<String, Variant>> members_;
+};
+
+void errorLogSection(std::ostream& out) {
+    out << "The error log (a failure in txtCodigo, inside Frame1, on frmClientes)\n";
+    ScriptedPlatform platform({});
+    Fun fun(platform);
+    auto form = std::make_shared<DemoControl>(std::vector<std::pair<String, Variant>>{{u"Name", Variant(u"frmClientes")}});
+    auto frame = std::make_shared<DemoControl>(std::vector<std::pair<String, Variant>>{{u"Name", Variant(u"Frame1")}});
+    auto control = std::make_shared<DemoControl>(std::vector<std::pair<String, Variant>>{
+        {u"Name", Variant(u"txtCodigo")}, {u"Parent", Variant(ObjectRef(form))}, {u"Container", Variant(ObjectRef(frame))}});
+    auto error = std::make_shared<DemoControl>(
+        std::vector<std::pair<String, Variant>>{{u"Number", Variant(std::int32_t(6))}, {u"Description", Variant(u"Overflow")}});
+    show(out, fun, "fn_LogErrores", {Variant(ObjectRef(control)), Variant(ObjectRef(error)), Variant(u"Validar")},
+         "txtCodigo, Err, \"Validar\"");
+    for (const auto& box : platform.boxes().shown())
+        out << "  message box \"" << toUtf8(box.title) << "\" (style " << box.style << "):\n    " << toUtf8(box.prompt) << '\n';
+    const String month = toString(Variant(static_cast<std::int32_t>(civilDate(now()).month)));
+    const auto file = posix::PosixFileSystem::resolve(u"C:\\Errores\\ErrLog\\" + month + u".txt");
+    const std::string log = posix::readBytes(file).value_or("");
+    // The last entry: the two lines before the end.
+    std::size_t end = log.size() >= 2 ? log.rfind("\r\n", log.size() - 3) : std::string::npos;
+    std::size_t start = end == std::string::npos ? std::string::npos : log.rfind("\r\n", end - 1);
+    start = start == std::string::npos ? 0 : start + 2;
+    out << "  last entry of " << file.string() << ":\n    "
+        << (end == std::string::npos ? std::string() : toUtf8(fromAnsi(log.substr(start, end - start)))) << '\n';
+}
+
 void dispatchSection(std::ostream& out, Fun& fun) {
     out << "Late-bound calls\n";
     std::vector<Variant> args{Variant(u"banana"), Variant(u"A")};
@@ -142,6 +226,9 @@ void runDemo(std::ostream& out) {
         [&] { datesSection(out, fun); },
         [&] { identitySection(out, fun); },
         [&] { iniSection(out, fun); },
+        [&] { filesSection(out, fun); },
+        [&] { regionalSection(out, fun); },
+        [&] { errorLogSection(out); },
         [&] { dispatchSection(out, fun); },
         [&] { batchSection(out); },
     };
