@@ -9,19 +9,11 @@
 #include "platform/posix/home.h"
 #include "platform/posix/internet_probe.h"
 #include "platform/posix/launcher.h"
-#if __has_include("platform/posix/sound_player.h")
-#include "platform/posix/sound_player.h"
-#define TELVARO_HAS_SOUND_PLAYER 1
-#endif
+#include "platform/posix/sound_output.h"
 
 namespace telvaro::posix {
 
-#ifdef TELVARO_HAS_SOUND_PLAYER
-PosixEnvironment::PosixEnvironment() : sound_(std::make_unique<SoundPlayer>()) {}
-#else
-class SoundPlayer {};
-PosixEnvironment::PosixEnvironment() = default;
-#endif
+PosixEnvironment::PosixEnvironment() : sound_(std::make_unique<SoundOutput>()) {}
 PosixEnvironment::~PosixEnvironment() = default;
 
 String PosixEnvironment::computerName() {
@@ -48,10 +40,6 @@ void PosixEnvironment::open(StringView file, StringView parameters, StringView f
 
 bool PosixEnvironment::internetReachable() { return canConnect(probeAddress(), kProbeTimeoutMs); }
 
-#ifdef TELVARO_HAS_SOUND_PLAYER
 bool PosixEnvironment::playSound(StringView file, int flags) { return sound_->play(mapPath(file), flags); }
-#else
-bool PosixEnvironment::playSound(StringView, int) { return false; }
-#endif
 
 }  // namespace telvaro::posix

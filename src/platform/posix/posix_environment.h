@@ -11,7 +11,7 @@
 
 namespace telvaro::posix {
 
-class SoundPlayer;
+class SoundOutput;
 
 class PosixEnvironment : public Environment {
 public:
@@ -30,7 +30,7 @@ public:
     static constexpr int kProbeTimeoutMs = 3000;
 
 private:
-    std::unique_ptr<SoundPlayer> sound_;
+    std::unique_ptr<SoundOutput> sound_;
 };
 
 }  // namespace telvaro::posix
