@@ -2,6 +2,8 @@
 // line and its separator, the order of the late-bound reads, the message,
 // and the failures that leave the log untouched.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <map>
@@ -116,6 +118,27 @@ TEST_F(ErrorLog, ObjectsWithoutParentOrContainerFailBeforeWriting) {
     EXPECT_EQ(errorNumberOf([&] { log(Variant(u"txtCodigo")); }), err::ObjectRequired);
     EXPECT_EQ(logFile(7), before);
     EXPECT_TRUE(platform_.boxes().shown().empty());
+}
+
+TEST_F(ErrorLog, TwoProcessesLoggingAtOnceLoseNothing) {
+    setDate(2024, 3, 9);
+    constexpr int kEntries = 50;
+    pid_t children[2];
+    for (pid_t& child : children) {
+        child = ::fork();
+        if (child == 0) {
+            for (int i = 0; i < kEntries; ++i) log(Variant(ObjectRef(control_)), u"Concurrente");
+            ::_exit(0);
+        }
+    }
+    for (pid_t child : children) ::waitpid(child, nullptr, 0);
+    const std::string file = logFile(3);
+    std::size_t lines = 0, entries = 0;
+    for (std::size_t at = 0; (at = file.find("\r\n", at)) != std::string::npos; at += 2) ++lines;
+    for (std::size_t at = 0; (at = file.find("09/03/2024 - ", at)) != std::string::npos; ++at) ++entries;
+    EXPECT_EQ(lines, 4u * kEntries);
+    EXPECT_EQ(entries, 2u * kEntries);
+    EXPECT_EQ(file.find(std::string(127, '-') + "0"), std::string::npos);  // no entry inside a separator
 }
 
 }  // namespace
