@@ -22,9 +22,9 @@ public:
     virtual bool folderExists(StringView path) = 0;
     // One level: the parent must exist. 58 when the name exists already.
     virtual void createFolder(StringView path) = 0;
-    // Deletes the files `spec` names ("*" and "?" allowed in its last part),
+    // Deletes the files `files` names ("*" and "?" allowed in its last part),
     // read-only ones included. 53 when no file matches.
-    virtual void deleteFiles(StringView spec) = 0;
+    virtual void deleteFiles(StringView files) = 0;
     // 0 the Windows folder, 1 the system folder, 2 the temporary folder.
     virtual String specialFolder(int which) = 0;
     // Where the calling application runs from; its first three characters

@@ -120,11 +120,11 @@ void PosixFileSystem::createFolder(StringView path) {
     raiseFromErrno(error, folder, err::PathFileAccessError);
 }
 
-void PosixFileSystem::deleteFiles(StringView spec) {
-    std::size_t cut = spec.size();
-    while (cut > 0 && !isSeparator(spec[cut - 1])) --cut;
-    const StringView pattern = spec.substr(cut);
-    const fs::path folder = cut == 0 ? fs::current_path() : resolve(spec.substr(0, cut));
+void PosixFileSystem::deleteFiles(StringView files) {
+    std::size_t cut = files.size();
+    while (cut > 0 && !isSeparator(files[cut - 1])) --cut;
+    const StringView pattern = files.substr(cut);
+    const fs::path folder = cut == 0 ? fs::current_path() : resolve(files.substr(0, cut));
     std::error_code ec;
     if (!fs::is_directory(folder, ec)) raiseFileError(err::PathNotFound, folder);
 

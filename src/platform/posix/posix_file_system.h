@@ -17,7 +17,7 @@ public:
     bool fileExists(StringView path) override;
     bool folderExists(StringView path) override;
     void createFolder(StringView path) override;
-    void deleteFiles(StringView spec) override;
+    void deleteFiles(StringView files) override;
     String specialFolder(int which) override;
     String applicationPath() override;
     void appendToFile(StringView path, std::string_view bytes) override;
