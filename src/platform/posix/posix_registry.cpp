@@ -47,6 +47,9 @@ std::optional<PosixRegistry::OpenKey> PosixRegistry::keyOf(std::int32_t handle) 
 std::int32_t PosixRegistry::createKey(std::int32_t root, StringView path) {
     const auto key = normalizedKeyPath(path);
     if (!rootName(root) || !key) return 0;
+    // An existing key is opened without rewriting the store.
+    const RegistryDocument current(rootName(root), readBytes(fileOf(root)).value_or(std::string()));
+    if (current.hasKey(*key)) return newHandle(root, *key);
     std::error_code ec;
     fs::create_directories(folder(), ec);
     const bool stored = changeFile(fileOf(root), [&](const std::string& old) {
