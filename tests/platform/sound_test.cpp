@@ -53,6 +53,8 @@ TEST(WaveFile, FormatsAndDamage) {
         {"odd chunk padded", riff(fmt(1, 1, 8000, 8) + chunk("junk", "abc") + chunk("data", pcm)), true, 1, 8, 8},
         {"data longer than the file", riff(fmt(1, 2, 8000, 16) + "data" + le(1000, 4) + std::string(10, 'a')), true, 2,
          16, 8},
+        {"block size not the frame size", riff(chunk("fmt ", le(1, 2) + le(2, 2) + le(8000, 4) + le(32000, 4) + le(1, 2) +
+                                                   le(16, 2)) + chunk("data", pcm)), false, 0, 0, 0},
         {"float samples", riff(fmt(3, 1, 8000, 32) + chunk("data", pcm)), false, 0, 0, 0},
         {"24-bit", riff(fmt(1, 1, 8000, 24) + chunk("data", pcm)), false, 0, 0, 0},
         {"extensible float", riff(fmt(0, 1, 8000, 16, true, 3) + chunk("data", pcm)), false, 0, 0, 0},
@@ -133,6 +135,12 @@ TEST_F(SoundOutputTest, SynchronousPlaysEverythingOnce) {
     EXPECT_TRUE(out.play(file_, sound::Synchronous));
     EXPECT_EQ(bytes(), kBytes);
     EXPECT_EQ(log_->closes, 1);
+}
+
+TEST_F(SoundOutputTest, LoopWithoutAsynchronousPlaysOnce) {
+    auto out = output();
+    EXPECT_TRUE(out.play(file_, sound::Loop));
+    EXPECT_EQ(bytes(), kBytes);
 }
 
 TEST_F(SoundOutputTest, LoopRepeatsUntilTheNextRequest) {

@@ -34,10 +34,13 @@ public:
         static const bool quiet = (snd_lib_error_set_handler(silentAlsaErrors), true);
         (void)quiet;
         frameSize_ = w.frameSize();
-        if (snd_pcm_open(&pcm_, "default", SND_PCM_STREAM_PLAYBACK, 0) < 0) {
+        // A busy device answers at once instead of making the caller wait;
+        // once open, writes block as the player expects.
+        if (snd_pcm_open(&pcm_, "default", SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0) {
             pcm_ = nullptr;
             return false;
         }
+        snd_pcm_nonblock(pcm_, 0);
         const snd_pcm_format_t format = w.bitsPerSample == 8 ? SND_PCM_FORMAT_U8 : SND_PCM_FORMAT_S16_LE;
         if (snd_pcm_set_params(pcm_, format, SND_PCM_ACCESS_RW_INTERLEAVED, static_cast<unsigned>(w.channels),
                                static_cast<unsigned>(w.sampleRate), 1, 200000) < 0) {

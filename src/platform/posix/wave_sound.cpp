@@ -40,7 +40,8 @@ std::optional<WaveSound> parseWave(std::string_view bytes) {
             w.sampleRate = static_cast<int>(little(bytes, body + 4, 4));
             w.bitsPerSample = static_cast<int>(little(bytes, body + 14, 2));
             if (tag != kFormatPcm || (w.channels != 1 && w.channels != 2) ||
-                (w.bitsPerSample != 8 && w.bitsPerSample != 16) || w.sampleRate < 1000 || w.sampleRate > 192000)
+                (w.bitsPerSample != 8 && w.bitsPerSample != 16) || w.sampleRate < 1000 || w.sampleRate > 192000 ||
+                little(bytes, body + 12, 2) != w.frameSize())
                 return std::nullopt;
             format = w;
         } else if (id == "data") {
