@@ -21,22 +21,21 @@ bool isSeparator(char16_t c) { return c == u'\\' || c == u'/'; }
 
 bool hasWildcards(StringView s) { return s.find_first_of(u"*?") != StringView::npos; }
 
-// The runtime's error for a failed open, create or delete, with the
-// standard description that callers show and compare.
-[[noreturn]] void raiseFileError(int number, const fs::path&) { raise(number); }
 
-[[noreturn]] void raiseFromErrno(int error, const fs::path& path, int otherwise) {
+// The runtime's error for a failed call, with the standard description that
+// callers show and compare.
+[[noreturn]] void raiseFromErrno(int error, int otherwise) {
     switch (error) {
         case ENOENT:
-        case ENOTDIR: raiseFileError(err::PathNotFound, path);
+        case ENOTDIR: raise(err::PathNotFound);
         case EACCES:
         case EPERM:
-        case EROFS: raiseFileError(err::PermissionDenied, path);
+        case EROFS: raise(err::PermissionDenied);
         case ENOSPC:
-        case EDQUOT: raiseFileError(err::DiskFull, path);
+        case EDQUOT: raise(err::DiskFull);
         case EMFILE:
-        case ENFILE: raiseFileError(err::TooManyFiles, path);
-        default: raiseFileError(otherwise, path);
+        case ENFILE: raise(err::TooManyFiles);
+        default: raise(otherwise);
     }
 }
 
@@ -65,17 +64,17 @@ bool wildcardMatch(StringView name, StringView pattern) {
 
 // Open fails as the runtime's Open does: 76 for a missing folder, 75 for
 // anything it may not open (a folder, a read-only file).
-[[noreturn]] void raiseOpenError(int error, const fs::path& path) {
-    if (error == ENOENT || error == ENOTDIR) raiseFileError(err::PathNotFound, path);
-    if (error == EMFILE || error == ENFILE) raiseFileError(err::TooManyFiles, path);
-    raiseFileError(err::PathFileAccessError, path);
+[[noreturn]] void raiseOpenError(int error) {
+    if (error == ENOENT || error == ENOTDIR) raise(err::PathNotFound);
+    if (error == EMFILE || error == ENFILE) raise(err::TooManyFiles);
+    raise(err::PathFileAccessError);
 }
 
 // A descriptor for random access, created when missing; closed on scope exit.
 class RandomFile {
 public:
     explicit RandomFile(const fs::path& path) : fd_(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644)) {
-        if (fd_ < 0) raiseOpenError(errno, path);
+        if (fd_ < 0) raiseOpenError(errno);
     }
     ~RandomFile() { ::close(fd_); }
     RandomFile(const RandomFile&) = delete;
@@ -116,8 +115,8 @@ void PosixFileSystem::createFolder(StringView path) {
     const fs::path folder = resolve(path);
     if (::mkdir(folder.c_str(), 0755) == 0) return;
     const int error = errno;
-    if (error == EEXIST) raiseFileError(err::FileAlreadyExists, folder);
-    raiseFromErrno(error, folder, err::PathFileAccessError);
+    if (error == EEXIST) raise(err::FileAlreadyExists);
+    raiseFromErrno(error, err::PathFileAccessError);
 }
 
 void PosixFileSystem::deleteFiles(StringView files) {
@@ -126,11 +125,11 @@ void PosixFileSystem::deleteFiles(StringView files) {
     const StringView pattern = files.substr(cut);
     const fs::path folder = cut == 0 ? fs::current_path() : resolve(files.substr(0, cut));
     std::error_code ec;
-    if (!fs::is_directory(folder, ec)) raiseFileError(err::PathNotFound, folder);
+    if (!fs::is_directory(folder, ec)) raise(err::PathNotFound);
 
     std::vector<fs::path> victims;
     if (pattern.empty()) {
-        raiseFileError(err::FileNotFound, folder);
+        raise(err::FileNotFound);
     } else if (hasWildcards(pattern)) {
         for (const auto& entry : fs::directory_iterator(folder, ec)) {
             if (entry.is_regular_file(ec) && wildcardMatch(fromUtf8(entry.path().filename().string()), pattern))
@@ -140,10 +139,10 @@ void PosixFileSystem::deleteFiles(StringView files) {
         const fs::path file = folder / toUtf8(pattern);
         if (fs::is_regular_file(file, ec)) victims.push_back(file);
     }
-    if (victims.empty()) raiseFileError(err::FileNotFound, folder / toUtf8(pattern));
+    if (victims.empty()) raise(err::FileNotFound);
     // The folder's permissions decide on Linux; a read-only file goes too.
     for (const auto& file : victims) {
-        if (::unlink(file.c_str()) != 0) raiseFromErrno(errno, file, err::PathFileAccessError);
+        if (::unlink(file.c_str()) != 0) raiseFromErrno(errno, err::PathFileAccessError);
     }
 }
 
@@ -173,12 +172,12 @@ String PosixFileSystem::applicationPath() {
 void PosixFileSystem::appendToFile(StringView path, std::string_view bytes) {
     const fs::path file = resolve(path);
     const int fd = ::open(file.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
-    if (fd < 0) raiseOpenError(errno, file);
+    if (fd < 0) raiseOpenError(errno);
     // One write: appends of other processes land before or after, not inside.
     const ssize_t written = ::write(fd, bytes.data(), bytes.size());
     const int error = errno;
     ::close(fd);
-    if (written != static_cast<ssize_t>(bytes.size())) raiseFromErrno(written < 0 ? error : ENOSPC, file, err::DeviceIOError);
+    if (written != static_cast<ssize_t>(bytes.size())) raiseFromErrno(written < 0 ? error : ENOSPC, err::DeviceIOError);
 }
 
 std::string PosixFileSystem::readRecord(StringView path, std::int32_t number, std::size_t length) {
@@ -189,7 +188,7 @@ std::string PosixFileSystem::readRecord(StringView path, std::int32_t number, st
     std::size_t done = 0;
     while (done < length) {
         const ssize_t got = ::pread(random.fd(), record.data() + done, length - done, offset + static_cast<off_t>(done));
-        if (got < 0) raiseFromErrno(errno, file, err::DeviceIOError);
+        if (got < 0) raiseFromErrno(errno, err::DeviceIOError);
         if (got == 0) break;  // past the end: the rest reads as zeros
         done += static_cast<std::size_t>(got);
     }
@@ -204,7 +203,7 @@ void PosixFileSystem::writeRecord(StringView path, std::int32_t number, std::str
     while (done < bytes.size()) {
         const ssize_t put =
             ::pwrite(random.fd(), bytes.data() + done, bytes.size() - done, offset + static_cast<off_t>(done));
-        if (put < 0) raiseFromErrno(errno, file, err::DeviceIOError);
+        if (put < 0) raiseFromErrno(errno, err::DeviceIOError);
         done += static_cast<std::size_t>(put);
     }
 }
