@@ -587,7 +587,11 @@ String dateToString(Date d, const RegionalSettings& settings) {
 double now() {
     const std::time_t t = std::time(nullptr);
     std::tm local{};
+#ifdef _WIN32
+    localtime_s(&local, &t);
+#else
     localtime_r(&t, &local);
+#endif
     const double day = dateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
     const double time = (local.tm_hour * 3600.0 + local.tm_min * 60.0 + std::min(local.tm_sec, 59)) / 86400.0;
     return dateTimeSerial(day, time);

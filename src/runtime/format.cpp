@@ -4,8 +4,6 @@
 // Named formats ("Currency", "Short Date", ...) are recognised first.
 #include "runtime/format.h"
 
-#include <unicode/uchar.h>
-
 #include <array>
 #include <optional>
 #include <string_view>
@@ -14,6 +12,7 @@
 #include "runtime/error.h"
 #include "runtime/format_internal.h"
 #include "runtime/object.h"
+#include "runtime/unicode.h"
 
 namespace telvaro {
 
@@ -225,10 +224,7 @@ String formatTextSection(const Section& section, StringView value) {
     }
     String text(value);
     if (caseRule != 0) {
-        for (char16_t& c : text) {
-            UChar32 mapped = caseRule == u'>' ? u_toupper(c) : u_tolower(c);
-            if (mapped <= 0xFFFF) c = static_cast<char16_t>(mapped);
-        }
+        for (char16_t& c : text) c = caseRule == u'>' ? unicode::toUpper(c) : unicode::toLower(c);
     }
     std::size_t missing = text.size() < placeholders ? placeholders - text.size() : 0;
     std::size_t next = 0, index = 0;

@@ -1,29 +1,25 @@
 // The runtime's text comparison and string functions.
 //
-// Equality, search, replacement and Like fold each UTF-16 unit with ICU's
-// simple case folding, so "A" equals "a" and "Á" equals "á" while "á" and
-// "a" stay different letters. Ordering uses a Spanish ICU collator at
-// secondary strength (case ignored, accents counted), with ties broken on
+// Equality, search, replacement and Like fold each UTF-16 unit with the
+// platform's simple case folding, so "A" equals "a" and "Á" equals "á" while
+// "á" and "a" stay different letters. Ordering uses the platform's Spanish
+// order (case ignored, accents counted), with ties broken on
 // the folded units so that textCompare answers 0 exactly when textEquals
 // holds. Searches fold their pattern once and the searched text unit by unit
 // as they go (Knuth-Morris-Pratt), so every call is linear in the text and
 // stops at the first match: callers run them in loops over long texts.
 #include "runtime/text.h"
 
-#include <unicode/coll.h>
-#include <unicode/locid.h>
-#include <unicode/uchar.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <memory>
 #include <new>
 #include <utility>
 #include <vector>
 
 #include "runtime/error.h"
+#include "runtime/unicode.h"
 
 namespace telvaro {
 
@@ -34,13 +30,9 @@ constexpr int kInvalidPatternString = 93;
 // The longest text the runtime can hold: 2^31 - 1 bytes of UTF-16.
 constexpr std::int64_t kMaxTextLength = std::numeric_limits<std::int32_t>::max() / 2;
 
-bool isSurrogate(char16_t c) { return c >= 0xD800 && c <= 0xDFFF; }
-
 char16_t fold(char16_t c) {
     if (c < 0x80) return (c >= u'A' && c <= u'Z') ? static_cast<char16_t>(c + 32) : c;
-    if (isSurrogate(c)) return c;
-    const UChar32 f = u_foldCase(c, U_FOLD_CASE_DEFAULT);
-    return f <= 0xFFFF ? static_cast<char16_t>(f) : c;
+    return unicode::foldCase(c);
 }
 
 String folded(StringView s) {
@@ -116,20 +108,15 @@ private:
 
 char16_t foldCase(char16_t c) { return fold(c); }
 
-// Maps each UTF-16 unit through a simple case mapping; surrogates and
-// mappings outside the basic plane are left as they are.
-static String mapCase(StringView s, UChar32 (*mapping)(UChar32)) {
+// Maps each UTF-16 unit through a simple case mapping of the platform.
+static String mapCase(StringView s, char16_t (*mapping)(char16_t)) {
     String out(s);
-    for (auto& c : out) {
-        if (isSurrogate(c)) continue;
-        const UChar32 u = mapping(c);
-        if (u <= 0xFFFF) c = static_cast<char16_t>(u);
-    }
+    for (auto& c : out) c = mapping(c);
     return out;
 }
 
-String upperCase(StringView s) { return mapCase(s, u_toupper); }
-String lowerCase(StringView s) { return mapCase(s, u_tolower); }
+String upperCase(StringView s) { return mapCase(s, unicode::toUpper); }
+String lowerCase(StringView s) { return mapCase(s, unicode::toLower); }
 
 bool textEquals(StringView a, StringView b) {
     if (a.size() != b.size()) return false;
@@ -138,35 +125,11 @@ bool textEquals(StringView a, StringView b) {
     return true;
 }
 
-namespace {
-
-// A Spanish collator that ignores case but not accents. ICU collators are
-// not safe for concurrent use, so each thread keeps its own; without ICU's
-// data the order falls back to the folded units alone.
-icu::Collator* collator() {
-    thread_local const std::unique_ptr<icu::Collator> instance = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        std::unique_ptr<icu::Collator> made(icu::Collator::createInstance(icu::Locale("es"), status));
-        if (U_FAILURE(status)) return std::unique_ptr<icu::Collator>();
-        made->setStrength(icu::Collator::SECONDARY);
-        return made;
-    }();
-    return instance.get();
-}
-
-const UChar* icuText(StringView s) { return reinterpret_cast<const UChar*>(s.data()); }
-
-}  // namespace
 
 int textCompare(StringView a, StringView b) {
     if (textEquals(a, b)) return 0;
-    if (icu::Collator* c = collator()) {
-        UErrorCode status = U_ZERO_ERROR;
-        const UCollationResult r = c->compare(icuText(a), static_cast<std::int32_t>(a.size()), icuText(b),
-                                              static_cast<std::int32_t>(b.size()), status);
-        if (U_SUCCESS(status) && r != UCOL_EQUAL) return r == UCOL_LESS ? -1 : 1;
-    }
-    // Equal for the collator (or no collator) but different folded texts:
+    if (const int order = unicode::collate(a, b)) return order;
+    // Equal in the Spanish order (or no order known) but different folded texts:
     // the folded units decide, so that only equal texts compare as 0.
     return folded(a) < folded(b) ? -1 : 1;
 }

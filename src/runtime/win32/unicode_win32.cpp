@@ -1,0 +1,76 @@
+// Case mappings and the Spanish order from the Win32 national-language
+// functions. The case tables of the whole basic plane are built once, each
+// with a single LCMapStringEx call, so a mapping is an array lookup.
+#include <windows.h>
+
+#include <array>
+#include <climits>
+
+#include "runtime/unicode.h"
+
+namespace telvaro::unicode {
+
+namespace {
+
+using Table = std::array<char16_t, 0x10000>;
+
+bool isSurrogate(unsigned c) { return c >= 0xD800 && c <= 0xDFFF; }
+
+Table identity() {
+    Table t{};
+    for (unsigned c = 0; c < t.size(); ++c) t[c] = static_cast<char16_t>(c);
+    return t;
+}
+
+// The plane mapped by one LCMapStringEx flag; surrogates and units whose
+// mapping changes the length are left as they are.
+Table mappedPlane(DWORD flag) {
+    Table source = identity();
+    for (unsigned c = 0xD800; c <= 0xDFFF; ++c) source[c] = u' ';
+    Table out{};
+    const int n = LCMapStringEx(LOCALE_NAME_INVARIANT, flag, reinterpret_cast<LPCWSTR>(source.data() + 1),
+                                static_cast<int>(source.size() - 1), reinterpret_cast<LPWSTR>(out.data() + 1),
+                                static_cast<int>(out.size() - 1), nullptr, nullptr, 0);
+    if (n != static_cast<int>(out.size() - 1)) return identity();
+    out[0] = 0;
+    for (unsigned c = 0xD800; c <= 0xDFFF; ++c) out[c] = static_cast<char16_t>(c);
+    return out;
+}
+
+const Table& upperTable() {
+    static const Table t = mappedPlane(LCMAP_UPPERCASE);
+    return t;
+}
+const Table& lowerTable() {
+    static const Table t = mappedPlane(LCMAP_LOWERCASE);
+    return t;
+}
+// Simple folding: the lower case of the upper case, so that letters with
+// two small forms (final sigma, long s) fold together.
+const Table& foldTable() {
+    static const Table t = [] {
+        Table f{};
+        for (unsigned c = 0; c < f.size(); ++c)
+            f[c] = isSurrogate(c) ? static_cast<char16_t>(c) : lowerTable()[upperTable()[c]];
+        return f;
+    }();
+    return t;
+}
+
+int length(StringView s) { return s.size() > INT_MAX ? INT_MAX : static_cast<int>(s.size()); }
+
+}  // namespace
+
+char16_t foldCase(char16_t c) { return foldTable()[c]; }
+char16_t toUpper(char16_t c) { return upperTable()[c]; }
+char16_t toLower(char16_t c) { return lowerTable()[c]; }
+
+int collate(StringView a, StringView b) {
+    const int r = CompareStringEx(L"es-ES", NORM_IGNORECASE, reinterpret_cast<LPCWSTR>(a.data()), length(a),
+                                  reinterpret_cast<LPCWSTR>(b.data()), length(b), nullptr, nullptr, 0);
+    if (r == CSTR_LESS_THAN) return -1;
+    if (r == CSTR_GREATER_THAN) return 1;
+    return 0;
+}
+
+}  // namespace telvaro::unicode
