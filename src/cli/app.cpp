@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "cli/batch.h"
+#include "cli/com_source.h"
 #include "cli/commands.h"
 
 namespace telvaro::cli {
@@ -26,6 +27,12 @@ int run(int argc, char** argv) {
     auto* batch = app.add_subcommand("batch", "Answer JSON Lines requests from stdin on stdout");
     auto* demo = app.add_subcommand("demo", "A guided tour of what the library can do");
 
+    std::string part;
+    auto* comSource = app.add_subcommand("com-source", "Print a source of the Windows server made from the catalogue");
+    comSource->add_option("part", part, "idl: the type library's description; vtable: the C++ v-table")
+        ->required()
+        ->check(CLI::IsMember({"idl", "vtable"}));
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {
@@ -40,6 +47,13 @@ int run(int argc, char** argv) {
     if (batch->parsed()) {
         std::ios::sync_with_stdio(false);
         runBatch(std::cin, std::cout);
+        return 0;
+    }
+    if (comSource->parsed()) {
+        if (part == "idl")
+            writeInterfaceDescription(std::cout);
+        else
+            writeVtableDeclaration(std::cout);
         return 0;
     }
     if (demo->parsed()) {

@@ -39,6 +39,10 @@ const char* argTypeName(ArgType t) {
     return "?";
 }
 
+bool textDefaultOutsideWidl(const ParamInfo& p) {
+    return p.optional && p.defaultValue.isString() && (p.byRef || p.type == ArgType::Variant);
+}
+
 std::size_t MethodInfo::requiredCount() const {
     std::size_t n = 0;
     for (const auto& p : params)

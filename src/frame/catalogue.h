@@ -36,6 +36,11 @@ struct ParamInfo {
     Variant defaultValue;
 };
 
+// A text default on a by-reference parameter or on a Variant: the type
+// library the MinGW build compiles cannot hold it, so the parameter is only
+// optional there and the server supplies the default when it is omitted.
+bool textDefaultOutsideWidl(const ParamInfo& p);
+
 struct MethodInfo {
     int order = 0;              // 1-based place among the methods of the v-table
     std::int32_t dispid = 0;    // 0x60030000 + member number

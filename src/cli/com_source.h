@@ -1,0 +1,14 @@
+// The sources of the Windows automation server that follow from the
+// catalogue, written out so that the two faces of the library cannot
+// drift apart: the interface description (IDL) that builds the type
+// library, and the C++ declaration of the _Fun v-table.
+#pragma once
+
+#include <iosfwd>
+
+namespace telvaro::cli {
+
+void writeInterfaceDescription(std::ostream& out);
+void writeVtableDeclaration(std::ostream& out);
+
+}  // namespace telvaro::cli
