@@ -1,0 +1,32 @@
+// A caller's object (its form, control, connection, error object ...) as
+// the core's late-bound Object: members are looked up by name with
+// GetIDsOfNames and called with Invoke, by-reference arguments are passed
+// as by-reference VARIANTs and written back, and a failure of the object
+// becomes the run-time error it reports (438 for a member it lacks).
+#pragma once
+
+#include <oaidl.h>
+
+#include "com/com_handles.h"
+#include "runtime/object.h"
+
+namespace telvaro::com {
+
+class DispatchObject : public Object {
+public:
+    explicit DispatchObject(ComPtr<IDispatch> dispatch) : dispatch_(std::move(dispatch)) {}
+
+    Variant invoke(StringView member, InvokeKind kind, std::span<Variant> args) override;
+    String typeName() const override;
+
+    // The caller's IDispatch with a reference for whoever receives it.
+    IDispatch* share() const {
+        dispatch_->AddRef();
+        return dispatch_.get();
+    }
+
+private:
+    ComPtr<IDispatch> dispatch_;
+};
+
+}  // namespace telvaro::com
