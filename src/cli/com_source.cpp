@@ -106,11 +106,10 @@ std::string paramAttributes(const ParamInfo& p) {
     std::string a = p.byRef ? "in, out" : "in";
     if (p.optional) {
         a += ", optional";
-        if (p.defaultValue.isMissing()) {
-        } else if (textDefaultOutsideWidl(p)) {
-            a += " TEXT_DEFAULT(" + defaultLiteral(p.defaultValue) + ")";
-        } else {
-            a += ", defaultvalue(" + defaultLiteral(p.defaultValue) + ")";
+        switch (storedDefault(p)) {
+            case StoredDefault::None: break;
+            case StoredDefault::OutsideWidl: a += " DEFAULT_OUTSIDE_WIDL(" + defaultLiteral(p.defaultValue) + ")"; break;
+            case StoredDefault::Everywhere: a += ", defaultvalue(" + defaultLiteral(p.defaultValue) + ")"; break;
         }
     }
     return "[" + a + "]";
@@ -161,15 +160,17 @@ void writeInterfaceDescription(std::ostream& out) {
 // earlier versions of that interface, and the public enumerations and
 // records.
 //
-// widl has no predeclid attribute and stores no text default on a
-// by-reference text or on a Variant: under widl those defaults are left out
-// (the parameters stay optional and the server applies the defaults) and
-// the MinGW build sets the pre-declared flag in the compiled library.
+// widl has no predeclid attribute, and stores whole-number defaults of
+// by-value texts, integers and Booleans only. Under widl the other defaults
+// are left out (the parameters stay optional and the server applies the
+// defaults) and the MinGW build sets the pre-declared flag in the compiled
+// library. Optional objects have no stored default: omitted, they are
+// Nothing.
 #ifdef __WIDL__
-#define TEXT_DEFAULT(text)
+#define DEFAULT_OUTSIDE_WIDL(value)
 #define PREDECLARED
 #else
-#define TEXT_DEFAULT(text) , defaultvalue(text)
+#define DEFAULT_OUTSIDE_WIDL(value) , defaultvalue(value)
 #define PREDECLARED , predeclid
 #endif
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
 #include <new>
 #include <vector>
 
@@ -64,6 +65,12 @@ void writeBack(VARIANTARG& arg, const Variant& value) {
     storeInto(static_cast<VARTYPE>(vt & VT_TYPEMASK), V_BYREF(&arg), value);
 }
 
+// A name as GetIDsOfNames receives it: a zero-ended string, not a BSTR.
+String nameText(const OLECHAR* name) {
+    if (!name) return {};
+    return String(reinterpret_cast<const char16_t*>(name), wcslen(name));
+}
+
 }  // namespace
 
 HRESULT FunObject::create(REFIID iid, void** object) {
@@ -117,13 +124,13 @@ HRESULT FunObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, 
     if (!IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     if (!names || !ids || count == 0) return E_INVALIDARG;
     std::fill(ids, ids + count, DISPID_UNKNOWN);
-    const MethodInfo* method = findMethod(textOf(names[0]));
+    const MethodInfo* method = findMethod(nameText(names[0]));
     if (!method) return DISP_E_UNKNOWNNAME;
     ids[0] = method->dispid;
     HRESULT hr = S_OK;
     // Named arguments: the position of the parameter.
     for (UINT i = 1; i < count; ++i) {
-        const String name = textOf(names[i]);
+        const String name = nameText(names[i]);
         const auto found = std::find_if(method->params.begin(), method->params.end(), [&](const ParamInfo& p) {
             return textEquals(fromUtf8(std::string(p.name)), name);
         });
@@ -193,14 +200,17 @@ Variant FunObject::run(const MethodInfo& method, std::span<VARIANTARG* const> ar
         for (std::size_t i = 0; i < args.size() && i < method.params.size(); ++i)
             if (args[i] && method.params[i].byRef && !values[i].isMissing()) writeBack(*args[i], values[i]);
     };
+    // The arguments go back also when the method fails, before its error
+    // leaves.
     Variant result;
+    std::exception_ptr failure;
     try {
         result = dispatch(fun_, method, values);
     } catch (...) {
-        giveBack();
-        throw;
+        failure = std::current_exception();
     }
     giveBack();
+    if (failure) std::rethrow_exception(failure);
     return result;
 }
 

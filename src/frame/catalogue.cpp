@@ -39,8 +39,16 @@ const char* argTypeName(ArgType t) {
     return "?";
 }
 
-bool textDefaultOutsideWidl(const ParamInfo& p) {
-    return p.optional && p.defaultValue.isString() && (p.byRef || p.type == ArgType::Variant);
+StoredDefault storedDefault(const ParamInfo& p) {
+    if (!p.optional || p.defaultValue.isMissing() || p.type == ArgType::Object) return StoredDefault::None;
+    switch (p.type) {
+        case ArgType::Variant:
+        case ArgType::Double:
+        case ArgType::Date:
+        case ArgType::Currency: return StoredDefault::OutsideWidl;
+        case ArgType::String: return p.byRef ? StoredDefault::OutsideWidl : StoredDefault::Everywhere;
+        default: return StoredDefault::Everywhere;
+    }
 }
 
 std::size_t MethodInfo::requiredCount() const {

@@ -36,10 +36,15 @@ struct ParamInfo {
     Variant defaultValue;
 };
 
-// A text default on a by-reference parameter or on a Variant: the type
-// library the MinGW build compiles cannot hold it, so the parameter is only
-// optional there and the server supplies the default when it is omitted.
-bool textDefaultOutsideWidl(const ParamInfo& p);
+// Where a parameter's default is kept in the type library. An optional
+// object's default (Nothing) is never stored: the parameter is optional and
+// arrives as Nothing. The MinGW build's IDL compiler stores whole-number
+// defaults of by-value texts, integers and Booleans only; a text default
+// on a by-reference parameter, any default on a Variant, Double, Date or
+// Currency stays out of its library (MSVC's keeps it). Either way the
+// server applies the catalogue's default to an omitted argument.
+enum class StoredDefault { None, Everywhere, OutsideWidl };
+StoredDefault storedDefault(const ParamInfo& p);
 
 struct MethodInfo {
     int order = 0;              // 1-based place among the methods of the v-table

@@ -1,0 +1,188 @@
+// An early- and late-bound client of Telvaro.Fun: creates the object by
+// ProgID, calls fn_ValidaCedula2 through v-table slot 116 and through
+// Invoke with its DISPID, and checks errors, by-reference write-back and
+// omitted optional arguments as a compiled client and a script see them.
+#include <windows.h>
+#include <oleauto.h>
+
+#include <string>
+#include <vector>
+
+#include "check.h"
+
+using wine_test::check;
+using wine_test::hex;
+
+namespace {
+
+constexpr DISPID kValidaCedula2 = 0x60030087;
+constexpr DISPID kCuentaCaracteres = 0x60030000;
+constexpr int kDispatchSlots = 7;  // IUnknown and IDispatch come first
+
+// fn_ValidaCedula2(NumCedula As String, Advertir As Boolean) As Boolean
+using ValidaCedula2 = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, VARIANT_BOOL*, VARIANT_BOOL*);
+// strCuentaCaracteres(Cadena As String, Caracter As String, [PosInicio As Integer = 1]) As Integer
+using CuentaCaracteres = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, BSTR*, short*, short*);
+
+template <class F>
+F slot(IDispatch* object, int method) {
+    void** table = *reinterpret_cast<void***>(object);
+    return reinterpret_cast<F>(table[kDispatchSlots + method - 1]);
+}
+
+VARIANT text(const wchar_t* s) {
+    VARIANT v;
+    VariantInit(&v);
+    V_VT(&v) = VT_BSTR;
+    V_BSTR(&v) = SysAllocString(s);
+    return v;
+}
+
+VARIANT boolean(bool b) {
+    VARIANT v;
+    VariantInit(&v);
+    V_VT(&v) = VT_BOOL;
+    V_BOOL(&v) = b ? VARIANT_TRUE : VARIANT_FALSE;
+    return v;
+}
+
+// Invoke with arguments in natural order (reversed for DISPPARAMS).
+HRESULT invoke(IDispatch* object, DISPID id, std::vector<VARIANT> args, VARIANT* result, EXCEPINFO* exception) {
+    std::vector<VARIANT> reversed(args.rbegin(), args.rend());
+    DISPPARAMS params{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
+    UINT bad = 0;
+    VariantInit(result);
+    const HRESULT hr = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+                                      &params, result, exception, &bad);
+    for (auto& a : args) VariantClear(&a);
+    return hr;
+}
+
+void sameAnswerThroughSlotAndDispid(IDispatch* fun) {
+    const wchar_t* cedulas[] = {L"1710034065", L"1710034066", L"0926687856", L"abc", L""};
+    for (const wchar_t* cedula : cedulas) {
+        BSTR number = SysAllocString(cedula);
+        VARIANT_BOOL warn = VARIANT_FALSE, answer = 1;
+        const HRESULT hr = slot<ValidaCedula2>(fun, 116)(fun, &number, &warn, &answer);
+        SysFreeString(number);
+
+        VARIANT result;
+        EXCEPINFO exception{};
+        const HRESULT hrInvoke = invoke(fun, kValidaCedula2, {text(cedula), boolean(false)}, &result, &exception);
+        const std::string label = "fn_ValidaCedula2 slot 116 and DISPID 0x60030087";
+        check(hr == S_OK && hrInvoke == S_OK, label, hex(hr) + " " + hex(hrInvoke));
+        check(V_VT(&result) == VT_BOOL && V_BOOL(&result) == answer, label, "different answers");
+        check(answer == VARIANT_TRUE || answer == VARIANT_FALSE, label, "a Boolean is -1 or 0");
+        VariantClear(&result);
+    }
+}
+
+void runtimeErrorsReachTheCaller(IDispatch* fun) {
+    // InStr from position 0: invalid procedure call (5).
+    BSTR cadena = SysAllocString(L"a,b"), caracter = SysAllocString(L",");
+    short start = 0, count = 99;
+    const HRESULT hr = slot<CuentaCaracteres>(fun, 1)(fun, &cadena, &caracter, &start, &count);
+    check(hr == static_cast<HRESULT>(0x800A0005), "v-table error HRESULT", hex(hr));
+    check(count == 0, "a failed call leaves its result cleared");
+    IErrorInfo* info = nullptr;
+    check(GetErrorInfo(0, &info) == S_OK && info, "IErrorInfo is set");
+    if (info) {
+        BSTR description = nullptr, source = nullptr;
+        info->GetDescription(&description);
+        info->GetSource(&source);
+        check(description && std::wstring(description) == L"Invalid procedure call or argument", "error description");
+        check(source && std::wstring(source) == L"Telvaro", "error source");
+        SysFreeString(description);
+        SysFreeString(source);
+        info->Release();
+    }
+    ISupportErrorInfo* support = nullptr;
+    check(SUCCEEDED(fun->QueryInterface(IID_ISupportErrorInfo, reinterpret_cast<void**>(&support))),
+          "ISupportErrorInfo");
+    if (support) {
+        const IID funIid = {0xCC6D850A, 0x0003, 0x43B1, {0xAE, 0xE8, 0x89, 0xE5, 0x2B, 0x79, 0xC2, 0x00}};
+        check(support->InterfaceSupportsErrorInfo(funIid) == S_OK, "_Fun supports error info");
+        support->Release();
+    }
+    SysFreeString(cadena);
+    SysFreeString(caracter);
+
+    VARIANT result;
+    EXCEPINFO exception{};
+    const HRESULT hrInvoke = invoke(fun, kCuentaCaracteres, {text(L"a,b"), text(L","), text(L"0")}, &result, &exception);
+    check(hrInvoke == DISP_E_EXCEPTION && exception.scode == static_cast<SCODE>(0x800A0005), "Invoke error",
+          hex(hrInvoke) + " " + hex(exception.scode));
+    SysFreeString(exception.bstrDescription);
+    SysFreeString(exception.bstrSource);
+}
+
+void scriptVariablesAreCoercedAndWrittenBack(IDispatch* fun) {
+    // A script passes its variable as a by-reference Variant holding "2"
+    // to the by-reference Integer PosInicio: coerced, and written back.
+    VARIANT variable = text(L"2");
+    VARIANT ref;
+    VariantInit(&ref);
+    V_VT(&ref) = VT_VARIANT | VT_BYREF;
+    V_VARIANTREF(&ref) = &variable;
+    VARIANT result;
+    EXCEPINFO exception{};
+    const HRESULT hr = invoke(fun, kCuentaCaracteres, {text(L"a,b,c"), text(L","), ref}, &result, &exception);
+    check(hr == S_OK, "by-reference Variant to a typed parameter", hex(hr));
+    check(V_VT(&result) == VT_I2 && V_I2(&result) == 2, "count from position 2");
+    check(V_VT(&variable) == VT_I2 && V_I2(&variable) == 2, "the variable holds the coerced Integer");
+    VariantClear(&variable);
+}
+
+void omittedOptionalArgumentsTakeTheirDefaults(IDispatch* fun) {
+    VARIANT omitted, given;
+    EXCEPINFO exception{};
+    check(invoke(fun, kCuentaCaracteres, {text(L"a,b,c"), text(L",")}, &omitted, &exception) == S_OK, "omitted");
+    VARIANT missing;
+    VariantInit(&missing);
+    V_VT(&missing) = VT_ERROR;
+    V_ERROR(&missing) = DISP_E_PARAMNOTFOUND;
+    check(invoke(fun, kCuentaCaracteres, {text(L"a,b,c"), text(L","), missing}, &given, &exception) == S_OK,
+          "missing marker");
+    check(V_I2(&omitted) == 2 && V_I2(&given) == 2, "default PosInicio = 1");
+
+    // A compiled client passes a null pointer for nothing: also the default.
+    BSTR cadena = SysAllocString(L"a,b,c"), caracter = SysAllocString(L",");
+    short count = 0;
+    check(slot<CuentaCaracteres>(fun, 1)(fun, &cadena, &caracter, nullptr, &count) == S_OK && count == 2,
+          "null optional pointer takes the default");
+    SysFreeString(cadena);
+    SysFreeString(caracter);
+}
+
+void namesAndNamedArguments(IDispatch* fun) {
+    LPOLESTR names[] = {const_cast<LPOLESTR>(L"STRCUENTACARACTERES"), const_cast<LPOLESTR>(L"posinicio")};
+    DISPID ids[2] = {};
+    check(fun->GetIDsOfNames(IID_NULL, names, 2, LOCALE_USER_DEFAULT, ids) == S_OK, "GetIDsOfNames");
+    check(ids[0] == kCuentaCaracteres && ids[1] == 2, "DISPID and parameter position");
+    LPOLESTR unknown[] = {const_cast<LPOLESTR>(L"NoSuchMethod")};
+    DISPID none = 0;
+    check(fun->GetIDsOfNames(IID_NULL, unknown, 1, LOCALE_USER_DEFAULT, &none) == DISP_E_UNKNOWNNAME,
+          "unknown name");
+}
+
+}  // namespace
+
+int main() {
+    CoInitialize(nullptr);
+    CLSID clsid;
+    check(CLSIDFromProgID(L"Telvaro.Fun", &clsid) == S_OK, "ProgID Telvaro.Fun");
+    IDispatch* fun = nullptr;
+    const HRESULT hr = CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                                        reinterpret_cast<void**>(&fun));
+    check(hr == S_OK && fun, "CoCreateInstance", hex(hr));
+    if (fun) {
+        scriptVariablesAreCoercedAndWrittenBack(fun);
+        sameAnswerThroughSlotAndDispid(fun);
+        runtimeErrorsReachTheCaller(fun);
+        omittedOptionalArgumentsTakeTheirDefaults(fun);
+        namesAndNamedArguments(fun);
+        fun->Release();
+    }
+    CoUninitialize();
+    return wine_test::finish("com_client");
+}
