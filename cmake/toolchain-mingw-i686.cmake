@@ -1,15 +1,4 @@
-# Cross-compiling the Windows build with MinGW-w64 (i686), using the
-# compilers of the posix threading model (std::thread and std::mutex).
-set(CMAKE_SYSTEM_NAME Windows)
+# Cross-compiling the Windows build with MinGW-w64 (i686).
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(TELVARO_MINGW_PREFIX i686-w64-mingw32)
-
-set(CMAKE_C_COMPILER ${TELVARO_MINGW_PREFIX}-gcc-posix)
-set(CMAKE_CXX_COMPILER ${TELVARO_MINGW_PREFIX}-g++-posix)
-set(CMAKE_RC_COMPILER ${TELVARO_MINGW_PREFIX}-windres)
-set(TELVARO_WIDL ${TELVARO_MINGW_PREFIX}-widl)
-
-set(CMAKE_FIND_ROOT_PATH /usr/${TELVARO_MINGW_PREFIX})
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+include(${CMAKE_CURRENT_LIST_DIR}/toolchain-mingw-common.cmake)
