@@ -17,9 +17,13 @@ HEADER_INTS = 21             # magic1 .. res50
 HELP_DLL_FLAG = 0x0100       # the header's varflags announce a help DLL offset
 SEGMENTS = 15                # segment directory entries of 16 bytes
 TYPEINFO_SIZE = 0x64         # one MSFT_TypeInfoBase
+TYPEINFO_KIND = 0x00         # low 4 bits: the TYPEKIND
 TYPEINFO_POSGUID = 0x2C
 TYPEINFO_FLAGS = 0x30
-GUID_ENTRY_SIZE = 24         # GUID, hreftype, next hash
+TYPEINFO_NAME = 0x34
+TYPEINFO_VTABLE_SIZE = 0x4E  # 16 bits: bytes of the v-table
+TYPEINFO_INSTANCE_SIZE = 0x50
+NAME_INTRO_SIZE = 12         # hreftype, next hash, length in the low byte
 
 
 def segment(data, directory, index):
@@ -27,7 +31,24 @@ def segment(data, directory, index):
     return offset, length
 
 
-def set_type_flags(data, guid, flags):
+class TypeInfo:
+    """One type of the library: where its MSFT_TypeInfoBase starts, and what it says."""
+
+    def __init__(self, data, at, guids, names):
+        self.at = at
+        self.kind = struct.unpack_from("<i", data, at + TYPEINFO_KIND)[0] & 0xF
+        posguid, = struct.unpack_from("<i", data, at + TYPEINFO_POSGUID)
+        self.guid = None if posguid < 0 else uuid.UUID(bytes_le=bytes(data[guids + posguid:guids + posguid + 16]))
+        name_at = names + struct.unpack_from("<i", data, at + TYPEINFO_NAME)[0]
+        length = struct.unpack_from("<i", data, name_at + 8)[0] & 0xFF
+        self.name = bytes(data[name_at + NAME_INTRO_SIZE:name_at + NAME_INTRO_SIZE + length]).decode("latin-1")
+        self.flags, = struct.unpack_from("<I", data, at + TYPEINFO_FLAGS)
+        self.vtable_size, = struct.unpack_from("<H", data, at + TYPEINFO_VTABLE_SIZE)
+        self.instance_size, = struct.unpack_from("<i", data, at + TYPEINFO_INSTANCE_SIZE)
+
+
+def type_infos(data):
+    """The library's system kind (SYS_WIN16/32/64) and its types, in order."""
     magic, = struct.unpack_from("<I", data, 0)
     if magic != MAGIC:
         raise ValueError("not a type library in MSFT format")
@@ -36,12 +57,17 @@ def set_type_flags(data, guid, flags):
     directory = 4 * HEADER_INTS + 4 * count + (4 if varflags & HELP_DLL_FLAG else 0)
     infos, infos_length = segment(data, directory, 0)
     guids, _ = segment(data, directory, 5)
-    wanted = uuid.UUID(guid).bytes_le
-    for at in range(infos, infos + infos_length, TYPEINFO_SIZE):
-        posguid, = struct.unpack_from("<i", data, at + TYPEINFO_POSGUID)
-        if posguid < 0 or bytes(data[guids + posguid:guids + posguid + 16]) != wanted:
+    names, _ = segment(data, directory, 7)
+    return varflags & 0xF, [TypeInfo(data, at, guids, names)
+                            for at in range(infos, infos + infos_length, TYPEINFO_SIZE)]
+
+
+def set_type_flags(data, guid, flags):
+    wanted = uuid.UUID(guid)
+    for info in type_infos(data)[1]:
+        if info.guid != wanted:
             continue
-        old, = struct.unpack_from("<I", data, at + TYPEINFO_FLAGS)
+        at, old = info.at, info.flags
         struct.pack_into("<I", data, at + TYPEINFO_FLAGS, old | flags)
         new, = struct.unpack_from("<I", data, at + TYPEINFO_FLAGS)
         if new & flags != flags:

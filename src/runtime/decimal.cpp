@@ -12,18 +12,8 @@ namespace telvaro {
 
 namespace {
 
-__extension__ typedef unsigned __int128 u128;
-
-constexpr u128 kMax96 = (u128(1) << 96) - 1;
-
 constexpr std::array<std::uint32_t, 10> kPow10 = {1,      10,      100,      1000,      10000,
                                                   100000, 1000000, 10000000, 100000000, 1000000000};
-
-constexpr u128 pow10(int n) {
-    u128 r = 1;
-    for (int i = 0; i < n; ++i) r *= 10;
-    return r;
-}
 
 // An unsigned integer of 192 bits in 32-bit words, least significant first.
 // It holds the exact product of two 96-bit mantissas and a 96-bit mantissa
@@ -35,11 +25,14 @@ public:
     static constexpr int kWords = 6;
 
     Wide() = default;
-    explicit Wide(u128 v) {
-        for (auto& w : words_) {
-            w = static_cast<std::uint32_t>(v);
-            v >>= 32;
-        }
+    explicit Wide(std::uint64_t v) {
+        words_[0] = static_cast<std::uint32_t>(v);
+        words_[1] = static_cast<std::uint32_t>(v >> 32);
+    }
+    static Wide pow10(int n) {
+        Wide r(1);
+        r.scaleUp(n);
+        return r;
     }
     static Wide mantissaOf(const Decimal& d) {
         Wide m;
@@ -55,10 +48,8 @@ public:
     }
     bool isOdd() const { return (words_[0] & 1) != 0; }
     bool fits96() const { return words_[3] == 0 && words_[4] == 0 && words_[5] == 0; }
-    bool fits128() const { return words_[4] == 0 && words_[5] == 0; }
-    u128 low128() const {
-        return (u128(words_[3]) << 96) | (u128(words_[2]) << 64) | (u128(words_[1]) << 32) | u128(words_[0]);
-    }
+    bool fits64() const { return fits96() && words_[2] == 0; }
+    std::uint64_t low64() const { return (std::uint64_t(words_[1]) << 32) | words_[0]; }
 
     // *this = *this * factor + addend.
     void multiplyAdd(std::uint32_t factor, std::uint32_t addend = 0) {
@@ -127,6 +118,24 @@ public:
         return product;
     }
 
+    // *this %= divisor (nonzero); returns the quotient. Binary long
+    // division, one bit of the dividend at a time from its highest word.
+    Wide divideBy(const Wide& divisor) {
+        Wide quotient, remainder;
+        int words = kWords;
+        while (words > 0 && words_[static_cast<std::size_t>(words - 1)] == 0) --words;
+        for (int bit = words * 32; bit-- > 0;) {
+            remainder.shiftLeftOne();
+            remainder.words_[0] |= (words_[static_cast<std::size_t>(bit / 32)] >> (bit % 32)) & 1;
+            if (remainder >= divisor) {
+                remainder.subtract(divisor);
+                quotient.words_[static_cast<std::size_t>(bit / 32)] |= std::uint32_t(1) << (bit % 32);
+            }
+        }
+        *this = remainder;
+        return quotient;
+    }
+
     friend std::strong_ordering operator<=>(const Wide& a, const Wide& b) {
         for (std::size_t i = kWords; i-- > 0;) {
             if (a.words_[i] != b.words_[i]) return a.words_[i] <=> b.words_[i];
@@ -135,10 +144,13 @@ public:
     }
 
 private:
+    void shiftLeftOne() {
+        for (std::size_t i = kWords; i-- > 1;) words_[i] = (words_[i] << 1) | (words_[i - 1] >> 31);
+        words_[0] <<= 1;
+    }
+
     std::array<std::uint32_t, kWords> words_{};
 };
-
-u128 mantissa128(const Decimal& d) { return Wide::mantissaOf(d).low128(); }
 
 // The mantissa of d brought to `scale` places (scale >= d.scale()), exactly.
 Wide alignedMantissa(const Decimal& d, int scale) {
@@ -200,10 +212,11 @@ Decimal withoutTrailingZeros(const Decimal& d, int minScale) {
     return fromMantissa(m, scale, d.isNegative());
 }
 
-// A magnitude below 2^128 as an int64 with its sign; error 6 outside int64.
+// A magnitude as an int64 with its sign; error 6 outside int64.
 std::int64_t toSignedInt64(const Wide& magnitude, bool negative) {
-    const u128 limit = u128(1) << 63;
-    const u128 v = magnitude.fits128() ? magnitude.low128() : ~u128(0);
+    const std::uint64_t limit = std::uint64_t(1) << 63;
+    if (!magnitude.fits64()) raise(err::Overflow);
+    const std::uint64_t v = magnitude.low64();
     if (negative) {
         if (v > limit) raise(err::Overflow);
         return v == limit ? INT64_MIN : -static_cast<std::int64_t>(v);
@@ -216,22 +229,22 @@ std::int64_t toSignedInt64(const Wide& magnitude, bool negative) {
 // Reading text.
 
 // A number as read from text: value = digits * 10^exponent. Only the first
-// kKept significant digits are kept exactly (10^38 < 2^127); of the rest,
+// kKept significant digits are kept exactly; of the rest,
 // only whether any is nonzero matters, for rounding.
 struct NumberText {
     static constexpr int kKept = 38;
     static constexpr std::int64_t kExponentLimit = 1000000;
 
     bool negative = false;
-    u128 digits = 0;
+    Wide digits;
     int kept = 0;
     bool cutNonzero = false;
     std::int64_t exponent = 0;
 
     void addDigit(int digit, bool inFraction) {
         if (kept < kKept) {
-            digits = digits * 10 + static_cast<unsigned>(digit);
-            if (digits != 0) ++kept;  // leading zeros are not significant
+            digits.multiplyAdd(10, static_cast<std::uint32_t>(digit));
+            if (!digits.isZero()) ++kept;  // leading zeros are not significant
             if (inFraction) --exponent;
         } else {
             cutNonzero = cutNonzero || digit != 0;
@@ -296,21 +309,21 @@ std::optional<NumberText> readNumberText(StringView text, char16_t decimalMark, 
 
 // The Decimal nearest to the number read; error 6 when its whole part does not fit.
 Decimal toDecimal(const NumberText& number) {
-    if (number.digits == 0) {
+    if (number.digits.isZero()) {
         const auto places = std::clamp<std::int64_t>(-number.exponent, 0, Decimal::kMaxScale);
         return fromMantissa(Wide(), static_cast<int>(places), false);
     }
     if (number.exponent >= 0) {
         // 10^29 > 2^96: more than 29 whole digits never fit.
         if (number.kept + number.exponent > Decimal::kMaxScale + 1) raise(err::Overflow);
-        Wide m(number.digits);
+        Wide m = number.digits;
         m.scaleUp(static_cast<int>(number.exponent));
         return nearest(m, 0, number.negative);
     }
     const std::int64_t scale = -number.exponent;
     // Below 10^-30 the value rounds to zero at the last place.
     if (scale - number.kept >= Decimal::kMaxScale + 2) return fromMantissa(Wide(), Decimal::kMaxScale, false);
-    return nearest(Wide(number.digits), static_cast<int>(scale), number.negative, number.cutNonzero);
+    return nearest(number.digits, static_cast<int>(scale), number.negative, number.cutNonzero);
 }
 
 }  // namespace
@@ -380,7 +393,7 @@ std::int64_t Decimal::toCurrency() const {
 
 String Decimal::toString(char16_t decimalMark) const {
     std::string digits;
-    for (u128 m = mantissa128(*this); m != 0; m /= 10) digits += static_cast<char>('0' + static_cast<int>(m % 10));
+    for (Wide m = Wide::mantissaOf(*this); !m.isZero();) digits += static_cast<char>('0' + m.divide(10));
     const auto places = static_cast<std::size_t>(scale_);
     if (digits.size() <= places) digits.resize(places + 1, '0');  // "0.05", not ".05"
     std::reverse(digits.begin(), digits.end());
@@ -431,26 +444,27 @@ Decimal operator*(const Decimal& a, const Decimal& b) {
 Decimal operator/(const Decimal& a, const Decimal& b) {
     if (b.isZero()) raise(err::DivisionByZero);
     const bool negative = a.isNegative() != b.isNegative();
-    const u128 divisor = mantissa128(b);
-    u128 quotient = mantissa128(a) / divisor;
-    u128 remainder = mantissa128(a) % divisor;
+    const Wide divisor = Wide::mantissaOf(b);
+    Wide remainder = Wide::mantissaOf(a);
+    Wide quotient = remainder.divideBy(divisor);
     int scale = a.scale() - b.scale();
-    const bool exact = remainder == 0;
+    const bool exact = remainder.isZero();
     auto nextDigit = [&] {
-        remainder *= 10;  // below 10 * 2^96
-        quotient = quotient * 10 + remainder / divisor;
-        remainder %= divisor;
+        remainder.multiplyAdd(10);  // below 10 * 2^96
+        std::uint32_t digit = 0;
+        for (; remainder >= divisor; ++digit) remainder.subtract(divisor);
+        quotient.multiplyAdd(10, digit);
         ++scale;
     };
     // Places down to the units belong to the whole part.
     while (scale < 0) {
-        if (quotient > kMax96) raise(err::Overflow);
+        if (!quotient.fits96()) raise(err::Overflow);
         nextDigit();
     }
     // While inexact: one digit beyond what a Decimal holds, for the rounding.
-    constexpr u128 kTooManyDigits = pow10(Decimal::kMaxScale + 1);
-    while (remainder != 0 && scale <= Decimal::kMaxScale && quotient < kTooManyDigits) nextDigit();
-    const Decimal rounded = nearest(Wide(quotient), scale, negative, remainder != 0);
+    static const Wide kTooManyDigits = Wide::pow10(Decimal::kMaxScale + 1);
+    while (!remainder.isZero() && scale <= Decimal::kMaxScale && quotient < kTooManyDigits) nextDigit();
+    const Decimal rounded = nearest(quotient, scale, negative, !remainder.isZero());
     return exact ? rounded : withoutTrailingZeros(rounded, 0);
 }
 
