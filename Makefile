@@ -13,7 +13,7 @@ WIN32_BUILD ?= build-win32
 MINGW      := $(shell command -v x86_64-w64-mingw32-g++-posix >/dev/null 2>&1 && echo yes)
 WINE64     := $(shell (command -v wine64 || ls /usr/lib/wine/wine64) 2>/dev/null | head -n 1)
 
-.PHONY: all setup build build-asan build-windows build-win32 demo test test-release test-asan test-windows bench clean
+.PHONY: all setup build build-asan build-windows build-win32 demo test test-release test-asan test-windows bench bench-windows clean
 
 all: build
 
@@ -37,7 +37,7 @@ $(WIN64_BUILD)/CMakeCache.txt: | setup
 	  -DCMAKE_TOOLCHAIN_FILE=cmake/toolchain-mingw-x86_64.cmake
 
 $(WIN32_BUILD)/CMakeCache.txt: | setup
-	cmake -S . -B $(WIN32_BUILD) $(GENERATOR) -DCMAKE_BUILD_TYPE=Release -DTELVARO_TESTS=OFF \
+	cmake -S . -B $(WIN32_BUILD) $(GENERATOR) -DCMAKE_BUILD_TYPE=Release -DTELVARO_TESTS=OFF -DTELVARO_BENCH=OFF \
 	  -DCMAKE_TOOLCHAIN_FILE=cmake/toolchain-mingw-i686.cmake
 
 # telvaro.dll for x64.
@@ -76,6 +76,14 @@ endif
 
 bench: build
 	$(BUILD)/telvaro_bench
+
+# The server's late binding under Wine: Invoke by DISPID against the v-table.
+bench-windows: build-windows
+ifneq ($(WINE64),)
+	python3 bench/wine/run_com_bench.py $(WIN64_BUILD)
+else
+	@echo "wine64 not found: the server's benchmark was not run"
+endif
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD) $(WIN64_BUILD) $(WIN32_BUILD)

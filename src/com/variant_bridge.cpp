@@ -2,6 +2,7 @@
 
 #include <oleauto.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -147,6 +148,12 @@ SAFEARRAY* toSafeArray(const Array& array) {
     return a;
 }
 
+// Whether a caller's BSTR holds exactly `text`; a null one never does.
+bool says(BSTR b, StringView text) {
+    return b && SysStringLen(b) == text.size() &&
+           std::equal(text.begin(), text.end(), reinterpret_cast<const char16_t*>(b));
+}
+
 IDispatch* dispatchOf(const Variant& value) {
     if (!value.isObject()) raise(err::TypeMismatch);
     const ObjectRef& object = value.get<ObjectRef>();
@@ -276,10 +283,14 @@ void storeInto(VARTYPE vt, void* target, const Variant& value) {
             return;
         }
         case VT_BSTR: {
-            Bstr text(toString(value));
             BSTR* slot = static_cast<BSTR*>(target);
+            // A string that already says it stays the caller's own: no new
+            // allocation, and the caller's pointer does not change.
+            if (value.holds<String>() && says(*slot, value.get<String>())) return;
+            Bstr fresh(toString(value));
+            if (!fresh.get()) raise(err::OutOfMemory);
             SysFreeString(*slot);
-            *slot = text.detach();
+            *slot = fresh.detach();
             return;
         }
         case VT_DECIMAL: *static_cast<DECIMAL*>(target) = toDecimalStruct(toDecimal(value)); return;

@@ -2,12 +2,9 @@
 // ProgID, calls fn_ValidaCedula2 through v-table slot 116 and through
 // Invoke with its DISPID, and checks errors, by-reference write-back and
 // omitted optional arguments as a compiled client and a script see them.
-#include <windows.h>
-#include <oleauto.h>
-
 #include <string>
-#include <vector>
 
+#include "automation_client.h"
 #include "check.h"
 
 using wine_test::check;
@@ -15,60 +12,22 @@ using wine_test::hex;
 
 namespace {
 
-constexpr DISPID kValidaCedula2 = 0x60030087;
-constexpr DISPID kCuentaCaracteres = 0x60030000;
-constexpr int kDispatchSlots = 7;  // IUnknown and IDispatch come first
-
-// fn_ValidaCedula2(NumCedula As String, Advertir As Boolean) As Boolean
-using ValidaCedula2 = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, VARIANT_BOOL*, VARIANT_BOOL*);
-// strCuentaCaracteres(Cadena As String, Caracter As String, [PosInicio As Integer = 1]) As Integer
-using CuentaCaracteres = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, BSTR*, short*, short*);
-
-template <class F>
-F slot(IDispatch* object, int method) {
-    void** table = *reinterpret_cast<void***>(object);
-    return reinterpret_cast<F>(table[kDispatchSlots + method - 1]);
-}
-
-VARIANT text(const wchar_t* s) {
-    VARIANT v;
-    VariantInit(&v);
-    V_VT(&v) = VT_BSTR;
-    V_BSTR(&v) = SysAllocString(s);
-    return v;
-}
-
-VARIANT boolean(bool b) {
-    VARIANT v;
-    VariantInit(&v);
-    V_VT(&v) = VT_BOOL;
-    V_BOOL(&v) = b ? VARIANT_TRUE : VARIANT_FALSE;
-    return v;
-}
-
-// Invoke with arguments in natural order (reversed for DISPPARAMS).
-HRESULT invoke(IDispatch* object, DISPID id, std::vector<VARIANT> args, VARIANT* result, EXCEPINFO* exception) {
-    std::vector<VARIANT> reversed(args.rbegin(), args.rend());
-    DISPPARAMS params{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
-    UINT bad = 0;
-    VariantInit(result);
-    const HRESULT hr = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
-                                      &params, result, exception, &bad);
-    for (auto& a : args) VariantClear(&a);
-    return hr;
-}
+using namespace automation_client;
 
 void sameAnswerThroughSlotAndDispid(IDispatch* fun) {
     const wchar_t* cedulas[] = {L"1710034065", L"1710034066", L"0926687856", L"abc", L""};
     for (const wchar_t* cedula : cedulas) {
         BSTR number = SysAllocString(cedula);
+        const BSTR given = number;
         VARIANT_BOOL warn = VARIANT_FALSE, answer = 1;
         const HRESULT hr = slot<ValidaCedula2>(fun, 116)(fun, &number, &warn, &answer);
+        // The method leaves NumCedula as it was: the caller keeps its own BSTR.
+        check(number == given, "an unchanged by-reference String keeps the caller's BSTR");
         SysFreeString(number);
 
         VARIANT result;
         EXCEPINFO exception{};
-        const HRESULT hrInvoke = invoke(fun, kValidaCedula2, {text(cedula), boolean(false)}, &result, &exception);
+        const HRESULT hrInvoke = invoke(fun, kValidaCedula2, {text(cedula), variantBool(false)}, &result, &exception);
         const std::string label = "fn_ValidaCedula2 slot 116 and DISPID 0x60030087";
         check(hr == S_OK && hrInvoke == S_OK, label, hex(hr) + " " + hex(hrInvoke));
         check(V_VT(&result) == VT_BOOL && V_BOOL(&result) == answer, label, "different answers");
@@ -169,12 +128,9 @@ void namesAndNamedArguments(IDispatch* fun) {
 
 int main() {
     CoInitialize(nullptr);
-    CLSID clsid;
-    check(CLSIDFromProgID(L"Telvaro.Fun", &clsid) == S_OK, "ProgID Telvaro.Fun");
-    IDispatch* fun = nullptr;
-    const HRESULT hr = CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
-                                        reinterpret_cast<void**>(&fun));
-    check(hr == S_OK && fun, "CoCreateInstance", hex(hr));
+    HRESULT hr = S_OK;
+    IDispatch* fun = createFun(hr);
+    check(hr == S_OK && fun, "Telvaro.Fun created by its ProgID", hex(hr));
     if (fun) {
         scriptVariablesAreCoercedAndWrittenBack(fun);
         sameAnswerThroughSlotAndDispid(fun);

@@ -11,40 +11,15 @@ library's identities may remain in the registry. Exits non-zero when
 anything failed.
 """
 import os
-import shutil
 import subprocess
 import sys
-import tempfile
+
+from wine_prefix import DLL, FOLDER, new_prefix
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 IDENTITIES = ["4C93F8DD-15B8-41E9-A125-4A84D77E1B1A", "6CE2A736-78E9-4882-B138-7048AE8A278F",
               "CC6D850A-0003-43B1-AEE8-89E52B79C200", "D41F957A-54AD-4162-835A-6F914662BC33",
               "4C0D0C89-3622-494B-8A64-7A494921F448", "Telvaro.Fun"]
-
-
-def find_wine():
-    for candidate in ("wine64", "/usr/lib/wine/wine64", "/usr/lib64/wine/wine64"):
-        path = shutil.which(candidate) or (candidate if os.path.exists(candidate) else None)
-        if path:
-            return path
-    sys.exit("wine64 not found")
-
-
-class Wine:
-    def __init__(self, prefix):
-        self.wine = find_wine()
-        self.env = dict(os.environ, WINEPREFIX=prefix, WINEDEBUG="-all", WINEDLLOVERRIDES="mscoree,mshtml=",
-                        DISPLAY="")
-        self.drive = os.path.join(prefix, "drive_c")
-
-    def run(self, *args, timeout=300):
-        done = subprocess.run([self.wine, *args], env=self.env, capture_output=True, timeout=timeout,
-                              stdin=subprocess.DEVNULL)
-        return done.returncode, done.stdout.decode("latin-1").replace("\r", "")
-
-    def wait(self):
-        server = os.path.join(os.path.dirname(self.wine), "wineserver")
-        subprocess.run([server if os.path.exists(server) else "wineserver", "-w"], env=self.env, timeout=120)
 
 
 failures = []
@@ -102,23 +77,16 @@ def parity_script(calls):
 def main(build, telvaro):
     telvaro = os.path.abspath(telvaro)
     build = os.path.abspath(build)
-    prefix = os.path.join(build, "wine-prefix")
-    shutil.rmtree(prefix, ignore_errors=True)
-    wine = Wine(prefix)
-    code, _ = wine.run("wineboot", "-i")
-    expect(code == 0, "new Wine prefix")
-    work = os.path.join(wine.drive, "telvaro-tests")
-    os.makedirs(work)
-    shutil.copy(os.path.join(build, "telvaro.dll"), work)
-    for exe in ("com_client.exe", "typelib_check.exe"):
-        shutil.copy(os.path.join(build, "wine-tests", exe), work)
-    dll = "C:\\telvaro-tests\\telvaro.dll"
+    clients = ("com_client.exe", "typelib_check.exe")
+    wine, booted = new_prefix(build, "wine-prefix", [os.path.join("wine-tests", exe) for exe in clients])
+    expect(booted, "new Wine prefix")
+    work = wine.work
 
-    code, out = wine.run("regsvr32", "/s", dll)
+    code, out = wine.run("regsvr32", "/s", DLL)
     expect(code == 0, "regsvr32 registers telvaro.dll", out)
 
-    for exe in ("com_client.exe", "typelib_check.exe"):
-        code, out = wine.run("C:\\telvaro-tests\\" + exe)
+    for exe in clients:
+        code, out = wine.run(FOLDER + exe)
         print(out.strip())
         expect(code == 0, exe)
 
@@ -131,7 +99,7 @@ def main(build, telvaro):
             script = prelude + "\n" + f.read()
         with open(os.path.join(work, name), "w", encoding="cp1252", newline="\r\n") as f:
             f.write(script)
-        code, out = wine.run("cscript", "//nologo", "C:\\telvaro-tests\\" + name)
+        code, out = wine.run("cscript", "//nologo", FOLDER + name)
         print(out.strip())
         # A script that stops on an error it did not expect prints no summary.
         summary = "%s: " % name[:-4]
@@ -141,7 +109,7 @@ def main(build, telvaro):
     calls = parity_calls()
     with open(os.path.join(work, "parity.vbs"), "w", encoding="cp1252", newline="\r\n") as f:
         f.write(prelude + "\n" + parity_script(calls))
-    code, out = wine.run("cscript", "//nologo", "C:\\telvaro-tests\\parity.vbs")
+    code, out = wine.run("cscript", "//nologo", FOLDER + "parity.vbs")
     answers = [line[2:] for line in out.split("\n") if line.startswith("= ")]
     for (method, args), windows in zip(calls, answers):
         linux = linux_answer(telvaro, method, args)
@@ -149,12 +117,12 @@ def main(build, telvaro):
                "Windows [%s] Linux [%s]" % (windows, linux))
     expect(len(answers) == len(calls), "every parity call answered")
 
-    code, out = wine.run("regsvr32", "/s", "/u", dll)
+    code, out = wine.run("regsvr32", "/s", "/u", DLL)
     expect(code == 0, "regsvr32 /u unregisters telvaro.dll", out)
     wine.wait()
     left = []
     for hive in ("system.reg", "user.reg", "userdef.reg"):
-        path = os.path.join(prefix, hive)
+        path = os.path.join(wine.prefix, hive)
         if os.path.exists(path):
             with open(path, encoding="latin-1") as f:
                 text = f.read().lower()
