@@ -1,5 +1,7 @@
 #include "com/dispatch_object.h"
 
+#include <dispex.h>
+
 #include <vector>
 
 #include "com/com_error.h"
@@ -58,14 +60,22 @@ private:
 
 }  // namespace
 
+DISPID DispatchObject::memberId(StringView member) const {
+    Bstr name(member);
+    DISPID id = DISPID_UNKNOWN;
+    // Script objects answer names through IDispatchEx (Wine's script
+    // classes only there); other objects through GetIDsOfNames.
+    ComPtr<IDispatchEx> expando;
+    if (SUCCEEDED(dispatch_->QueryInterface(__uuidof(IDispatchEx), reinterpret_cast<void**>(expando.put()))) && expando &&
+        SUCCEEDED(expando->GetDispID(name.get(), fdexNameCaseInsensitive, &id)))
+        return id;
+    LPOLESTR names[] = {name.get()};
+    if (FAILED(dispatch_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id))) raise(err::ObjectDoesNotSupport);
+    return id;
+}
+
 Variant DispatchObject::invoke(StringView member, InvokeKind kind, std::span<Variant> args) {
-    DISPID id = DISPID_VALUE;
-    if (!member.empty()) {
-        Bstr name(member);
-        LPOLESTR names[] = {name.get()};
-        if (FAILED(dispatch_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id)))
-            raise(err::ObjectDoesNotSupport);
-    }
+    const DISPID id = member.empty() ? DISPID_VALUE : memberId(member);
     const bool put = kind == InvokeKind::PropertyPut || kind == InvokeKind::PropertyPutRef;
     ArgumentFrame frame(args, put);
     DISPID putId = DISPID_PROPERTYPUT;

@@ -1,6 +1,7 @@
 // A caller's object (its form, control, connection, error object ...) as
-// the core's late-bound Object: members are looked up by name with
-// GetIDsOfNames and called with Invoke, by-reference arguments are passed
+// the core's late-bound Object: members are looked up by name (through
+// IDispatchEx when the object has it, else GetIDsOfNames) and called with
+// Invoke, by-reference arguments are passed
 // as by-reference VARIANTs and written back, and a failure of the object
 // becomes the run-time error it reports (438 for a member it lacks).
 #pragma once
@@ -26,6 +27,10 @@ public:
     }
 
 private:
+    // The DISPID of a member by name, case-insensitively; error 438 when
+    // the object has no such member.
+    DISPID memberId(StringView member) const;
+
     ComPtr<IDispatch> dispatch_;
 };
 

@@ -124,6 +124,89 @@ void namesAndNamedArguments(IDispatch* fun) {
           "unknown name");
 }
 
+// The attributes of a type, released with the type.
+struct TypeAttributes {
+    ITypeInfo* type;
+    TYPEATTR* attributes = nullptr;
+    explicit TypeAttributes(ITypeInfo* t) : type(t) {
+        if (type) type->GetTypeAttr(&attributes);
+    }
+    ~TypeAttributes() {
+        if (attributes) type->ReleaseTypeAttr(attributes);
+    }
+};
+
+// A compiled client that references the library calls the methods of the
+// application object as global functions. Its compiler binds the bare
+// name through the library's ITypeComp and learns that it belongs to the
+// implicit application object (the pre-declared instance of the class);
+// it binds the name again on the class to find the method of its
+// interface, creates the instance and calls through the v-table.
+void globalFunctionsOfTheApplicationObject() {
+    const GUID libid = {0x4C93F8DD, 0x15B8, 0x41E9, {0xA1, 0x25, 0x4A, 0x84, 0xD7, 0x7E, 0x1B, 0x1A}};
+    const CLSID funClass = {0x6CE2A736, 0x78E9, 0x4882, {0xB1, 0x38, 0x70, 0x48, 0xAE, 0x8A, 0x27, 0x8F}};
+    ITypeLib* library = nullptr;
+    check(LoadRegTypeLib(libid, 1, 2, 0, &library) == S_OK && library, "the registered library 1.2 loads");
+    if (!library) return;
+    ITypeComp* libraryNames = nullptr;
+    library->GetTypeComp(&libraryNames);
+    LPOLESTR name = const_cast<LPOLESTR>(L"strCuentaCaracteres");
+    const ULONG hash = LHashValOfNameSys(SYS_WIN64, 0, name);
+    ITypeInfo* owner = nullptr;
+    DESCKIND kind = DESCKIND_NONE;
+    BINDPTR binding{};
+    HRESULT hr = libraryNames ? libraryNames->Bind(name, hash, INVOKE_FUNC, &owner, &kind, &binding) : E_FAIL;
+    check(hr == S_OK && kind == DESCKIND_IMPLICITAPPOBJ, "a bare method name binds to the application object",
+          hex(hr) + " kind " + std::to_string(kind));
+    if (kind == DESCKIND_IMPLICITAPPOBJ && owner) {
+        owner->ReleaseVarDesc(binding.lpvardesc);
+        const TypeAttributes ownerType(owner);
+        check(ownerType.attributes && ownerType.attributes->typekind == TKIND_COCLASS &&
+                  ownerType.attributes->guid == funClass,
+              "the application object is the class Fun");
+
+        ITypeComp* classNames = nullptr;
+        owner->GetTypeComp(&classNames);
+        ITypeInfo* interfaceType = nullptr;
+        hr = classNames ? classNames->Bind(name, hash, INVOKE_FUNC, &interfaceType, &kind, &binding) : E_FAIL;
+        check(hr == S_OK && kind == DESCKIND_FUNCDESC, "the class binds the name to its method", hex(hr));
+        if (kind == DESCKIND_FUNCDESC && interfaceType) {
+            const MEMBERID member = binding.lpfuncdesc->memid;
+            check(member == kCuentaCaracteres, "bound to strCuentaCaracteres", hex(member));
+            interfaceType->ReleaseFuncDesc(binding.lpfuncdesc);
+            const TypeAttributes interfaceAttributes(interfaceType);
+            IUnknown* instance = nullptr;
+            CoCreateInstance(funClass, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                             reinterpret_cast<void**>(&instance));
+            void* object = nullptr;
+            if (instance && interfaceAttributes.attributes)
+                instance->QueryInterface(interfaceAttributes.attributes->guid, &object);
+            check(object != nullptr, "the instance has the interface of the method");
+            if (object) {
+                // Through the v-table slot the library describes.
+                std::vector<VARIANT> reversed = {text(L"3"), text(L","), text(L"a,b,c")};
+                DISPPARAMS params{reversed.data(), nullptr, 3, 0};
+                VARIANT result;
+                VariantInit(&result);
+                EXCEPINFO exception{};
+                UINT bad = 0;
+                hr = interfaceType->Invoke(object, member, DISPATCH_METHOD, &params, &result, &exception, &bad);
+                check(hr == S_OK && V_VT(&result) == VT_I2 && V_I2(&result) == 1, "the global call answers",
+                      hex(hr) + " type " + std::to_string(V_VT(&result)) + " value " + std::to_string(V_I2(&result)));
+                VariantClear(&result);
+                for (auto& a : reversed) VariantClear(&a);
+                static_cast<IUnknown*>(object)->Release();
+            }
+            if (instance) instance->Release();
+            interfaceType->Release();
+        }
+        if (classNames) classNames->Release();
+        owner->Release();
+    }
+    if (libraryNames) libraryNames->Release();
+    library->Release();
+}
+
 }  // namespace
 
 int main() {
@@ -139,6 +222,7 @@ int main() {
         namesAndNamedArguments(fun);
         fun->Release();
     }
+    globalFunctionsOfTheApplicationObject();
     CoUninitialize();
     return wine_test::finish("com_client");
 }

@@ -24,8 +24,9 @@ class Wine:
     def __init__(self, prefix):
         self.prefix = prefix
         self.wine = find_wine()
-        self.env = dict(os.environ, WINEPREFIX=prefix, WINEDEBUG="-all", WINEDLLOVERRIDES="mscoree,mshtml=",
-                        DISPLAY="")
+        # WINEDEBUG set outside (trace+vbscript ...) reaches the programs.
+        self.env = dict(os.environ, WINEPREFIX=prefix, WINEDEBUG=os.environ.get("WINEDEBUG", "-all"),
+                        WINEDLLOVERRIDES="mscoree,mshtml=", DISPLAY="")
         self.drive = os.path.join(prefix, "drive_c")
         self.work = os.path.join(self.drive, "telvaro-tests")
 
