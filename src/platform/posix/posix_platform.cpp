@@ -1,5 +1,6 @@
-#include "platform/posix/posix_platform.h"
-
+// The platform of a process on Linux and other POSIX systems. Creating it
+// puts the stored regional settings in force.
+#include "platform/composed_platform.h"
 #include "platform/default_platform.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
@@ -8,32 +9,22 @@
 #include "platform/posix/posix_registry.h"
 #include "platform/posix/terminal_message_box.h"
 
-namespace telvaro::posix {
-
-PosixPlatform::PosixPlatform()
-    : messageBoxes_(std::make_unique<TerminalMessageBox>()),
-      profileFiles_(std::make_unique<PosixProfileFiles>()),
-      fileSystem_(std::make_unique<PosixFileSystem>()),
-      registry_(std::make_unique<PosixRegistry>()),
-      regionalStore_(std::make_unique<PosixRegionalStore>()),
-      environment_(std::make_unique<PosixEnvironment>()) {
-    setRegional(regionalStore_->load());
-}
-PosixPlatform::~PosixPlatform() = default;
-
-MessageBoxService& PosixPlatform::messageBoxes() { return *messageBoxes_; }
-ProfileFiles& PosixPlatform::profileFiles() { return *profileFiles_; }
-FileSystem& PosixPlatform::fileSystem() { return *fileSystem_; }
-Registry& PosixPlatform::registry() { return *registry_; }
-RegionalStore& PosixPlatform::regionalStore() { return *regionalStore_; }
-Environment& PosixPlatform::environment() { return *environment_; }
-
-}  // namespace telvaro::posix
-
 namespace telvaro {
 
+namespace {
+
+PlatformServices posixServices() {
+    auto regionalStore = std::make_unique<posix::PosixRegionalStore>();
+    setRegional(regionalStore->load());
+    return {std::make_unique<posix::TerminalMessageBox>(), std::make_unique<posix::PosixProfileFiles>(),
+            std::make_unique<posix::PosixFileSystem>(),    std::make_unique<posix::PosixRegistry>(),
+            std::move(regionalStore),                      std::make_unique<posix::PosixEnvironment>()};
+}
+
+}  // namespace
+
 Platform& defaultPlatform() {
-    static posix::PosixPlatform platform;
+    static ComposedPlatform platform(posixServices());
     return platform;
 }
 
