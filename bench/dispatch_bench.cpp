@@ -3,7 +3,9 @@
 // directly as a C++ function.
 #include <benchmark/benchmark.h>
 
-#include "frame/fun.h"
+#include "host/default_platform.h"
+#include "frame/invoke.h"
+#include "context/fun.h"
 #include "text/strings.h"
 
 namespace telvaro {
@@ -12,16 +14,16 @@ namespace {
 const String kText = u"uno,dos,tres,cuatro,cinco,seis,siete,ocho,nueve,diez";
 
 void countByName(benchmark::State& state) {
-    Fun fun;
+    Fun fun(defaultPlatform());
     for (auto _ : state) {
         std::vector<Variant> args{Variant(kText), Variant(u","), Variant(std::int16_t(1))};
-        benchmark::DoNotOptimize(fun.invoke("strCuentaCaracteres", args));
+        benchmark::DoNotOptimize(invoke(fun, "strCuentaCaracteres", args));
     }
 }
 BENCHMARK(countByName)->Name("strCuentaCaracteres/library");
 
 void countDirect(benchmark::State& state) {
-    Fun fun;
+    Fun fun(defaultPlatform());
     for (auto _ : state) {
         String text = kText, sep = u",";
         benchmark::DoNotOptimize(text::strCuentaCaracteres(fun, text, sep, 1));
@@ -30,16 +32,16 @@ void countDirect(benchmark::State& state) {
 BENCHMARK(countDirect)->Name("strCuentaCaracteres/direct");
 
 void locateByName(benchmark::State& state) {
-    Fun fun;
+    Fun fun(defaultPlatform());
     for (auto _ : state) {
         std::vector<Variant> args{Variant(u"a,b"), Variant(u","), Variant(std::int32_t(3))};
-        benchmark::DoNotOptimize(fun.invoke("strPosicion_XAvo_Caracter", args));
+        benchmark::DoNotOptimize(invoke(fun, "strPosicion_XAvo_Caracter", args));
     }
 }
 BENCHMARK(locateByName)->Name("strPosicion_XAvo_Caracter/library");
 
 void locateDirect(benchmark::State& state) {
-    Fun fun;
+    Fun fun(defaultPlatform());
     for (auto _ : state) {
         String text = u"a,b", sep = u",";
         benchmark::DoNotOptimize(text::strPosicion_XAvo_Caracter(fun, text, sep, 3));

@@ -29,9 +29,9 @@ int run(int argc, char** argv) {
 
     std::string part;
     auto* comSource = app.add_subcommand("com-source", "Print a source of the Windows server made from the catalogue");
-    comSource->add_option("part", part, "idl: the type library's description; vtable: the C++ v-table")
+    comSource->add_option("part", part, "idl: the type library's description; vtable: the C++ v-table; enums: the enumerations and records in C++")
         ->required()
-        ->check(CLI::IsMember({"idl", "vtable"}));
+        ->check(CLI::IsMember({"idl", "vtable", "enums"}));
 
     try {
         app.parse(argc, argv);
@@ -52,8 +52,10 @@ int run(int argc, char** argv) {
     if (comSource->parsed()) {
         if (part == "idl")
             writeInterfaceDescription(std::cout);
-        else
+        else if (part == "vtable")
             writeVtableDeclaration(std::cout);
+        else
+            writeEnumerationHeader(std::cout);
         return 0;
     }
     if (demo->parsed()) {

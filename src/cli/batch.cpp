@@ -1,3 +1,5 @@
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "cli/batch.h"
 
 #include <istream>
@@ -5,8 +7,8 @@
 #include <ostream>
 
 #include "cli/json_values.h"
-#include "cli/scripted_message_box.h"
-#include "frame/fun.h"
+#include "platform/scripted_message_box.h"
+#include "context/fun.h"
 #include "runtime/error.h"
 
 namespace telvaro::cli {
@@ -52,11 +54,11 @@ json answer(const json& request) {
         }
     }
 
-    ScriptedPlatform platform(std::move(answers));
+    ScriptedPlatform platform(defaultPlatform(), std::move(answers));
     Fun fun(platform);
     json out{{"id", id}};
     try {
-        Variant result = fun.invoke(request.at("method").get<std::string>(), args);
+        Variant result = invoke(fun, request.at("method").get<std::string>(), args);
         out["result"] = encodeValue(result);
     } catch (const RuntimeError& e) {
         out["error"] = {{"number", e.number()}, {"description", toUtf8(e.description())}};

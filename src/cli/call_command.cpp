@@ -1,8 +1,10 @@
 #include <ostream>
 
+#include "host/default_platform.h"
+#include "frame/invoke.h"
 #include "cli/commands.h"
 #include "cli/json_values.h"
-#include "frame/fun.h"
+#include "context/fun.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -34,8 +36,8 @@ int callMethod(const std::string& method, const std::vector<std::string>& args, 
     std::vector<Variant> values;
     for (const auto& a : args) values.push_back(Variant(fromUtf8(a)));
     try {
-        Fun fun;
-        Variant result = fun.invoke(method, values);
+        Fun fun(defaultPlatform());
+        Variant result = invoke(fun, method, values);
         printValue(out, result);
         return 0;
     } catch (const RuntimeError& e) {

@@ -1,5 +1,6 @@
 #include "cli/com_source.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <ostream>
 #include <stdexcept>
@@ -242,6 +243,35 @@ struct FunMethods : IDispatch {
         out << "    }\n";
     }
     out << "};\n\n}  // namespace telvaro::com\n";
+}
+
+void writeEnumerationHeader(std::ostream& out) {
+    out << "// The public enumerations and records of the library, for C++ callers and\n"
+           "// method code. Every enumeration is 32-bit signed; members keep their\n"
+           "// published names and values. "
+        << kGeneratedNote << "\n"
+        << "#pragma once\n\n#include <cstdint>\n\n#include \"runtime/variant.h\"\n\n// clang-format off\n"
+           "namespace telvaro {\n\n";
+    for (const auto& e : enumerations()) {
+        out << "enum class " << e.name << " : std::int32_t {\n";
+        for (const auto& m : e.members) out << "    " << m.name << " = " << m.value << ",\n";
+        out << "};\n";
+    }
+    // Records of 32-bit fields have the published packed layout.
+    std::string sizes;
+    for (const auto& r : records()) {
+        const bool packed = std::all_of(r.fields.begin(), r.fields.end(), [](const RecordField& f) { return f.typeName == "Long"; });
+        out << "\n";
+        if (packed) out << "#pragma pack(push, 1)\n";
+        out << "struct " << r.name << " {\n";
+        for (const auto& f : r.fields) out << "    " << (f.typeName == "Long" ? "std::int32_t" : "Variant") << " " << f.name << ";\n";
+        out << "};\n";
+        if (packed) {
+            out << "#pragma pack(pop)\n";
+            out << "static_assert(sizeof(" << r.name << ") == " << 4 * r.fields.size() << ");\n";
+        }
+    }
+    out << "\n}  // namespace telvaro\n// clang-format on\n";
 }
 
 }  // namespace telvaro::cli

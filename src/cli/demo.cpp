@@ -5,12 +5,14 @@
 #include <iomanip>
 #include <ostream>
 
+#include "host/default_platform.h"
+#include "frame/invoke.h"
 #include "cli/batch.h"
 #include "cli/commands.h"
-#include "cli/scripted_message_box.h"
+#include "platform/scripted_message_box.h"
 #include "frame/bind.h"
 #include "frame/catalogue.h"
-#include "frame/fun.h"
+#include "context/fun.h"
 #include "platform/ansi.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/posix_file_system.h"
@@ -38,7 +40,7 @@ std::string shown(const Variant& v) {
 void show(std::ostream& out, Fun& fun, const std::string& method, std::vector<Variant> args, const std::string& text) {
     out << "  " << std::left << std::setw(50) << (method + "(" + text + ")");
     try {
-        std::string result = shown(fun.invoke(method, args));
+        std::string result = shown(invoke(fun, method, args));
         out << " = " << result << '\n';
     } catch (const RuntimeError& e) {
         out << " raises error " << e.number() << ": " << toUtf8(e.description()) << '\n';
@@ -56,7 +58,7 @@ void textSection(std::ostream& out, Fun& fun) {
     show(out, fun, "strPosicion_XAvo_Caracter", {Variant(u"a,b"), Variant(u","), Variant(std::int16_t(3))},
          "\"a,b\", \",\", 3");
     show(out, fun, "fn_LlenaVector", {Variant(u"1,2,3"), Variant(std::int32_t(1))}, "\"1,2,3\", Numero_");
-    Variant list = fun.call("fn_LlenaVector", {Variant(u"Uno,Dos,Tres"), Variant(std::int32_t(0))});
+    Variant list = call(fun, "fn_LlenaVector", {Variant(u"Uno,Dos,Tres"), Variant(std::int32_t(0))});
     show(out, fun, "fn_BuscaEnVector", {list, Variant(u"dos")}, "Array(\"Uno\",\"Dos\",\"Tres\"), \"dos\"");
     show(out, fun, "strCuentaCaracteres", {Variant(String(40000, u'x')), Variant(u"")}, "<40000 characters>, \"\"");
 }
@@ -172,7 +174,7 @@ private:
 
 void errorLogSection(std::ostream& out) {
     out << "The error log (a failure in txtCodigo, inside Frame1, on frmClientes)\n";
-    ScriptedPlatform platform({});
+    ScriptedPlatform platform(defaultPlatform(), {});
     Fun fun(platform);
     auto form = std::make_shared<DemoControl>(std::vector<std::pair<String, Variant>>{{u"Name", Variant(u"frmClientes")}});
     auto frame = std::make_shared<DemoControl>(std::vector<std::pair<String, Variant>>{{u"Name", Variant(u"Frame1")}});
@@ -198,7 +200,7 @@ void errorLogSection(std::ostream& out) {
 void dispatchSection(std::ostream& out, Fun& fun) {
     out << "Late-bound calls\n";
     std::vector<Variant> args{Variant(u"banana"), Variant(u"A")};
-    Variant r = fun.invoke(std::int32_t(0x60030000), args);
+    Variant r = invoke(fun, std::int32_t(0x60030000), args);
     out << "  by DISPID 0x60030000 (strCuentaCaracteres \"banana\", \"A\") = " << shown(r) << '\n';
     show(out, fun, "strCadenaEntrePosicion", {Variant(u"abc"), Variant(u"uno"), Variant(u"2")},
          "\"abc\", \"uno\", \"2\"");
@@ -217,7 +219,7 @@ void batchSection(std::ostream& out) {
 
 void runDemo(std::ostream& out) {
     out << "Telvaro: the Fun library of the data-entry applications\n\n";
-    Fun fun;
+    Fun fun(defaultPlatform());
     const std::vector<std::function<void()>> sections = {
         [&] { textSection(out, fun); },
         [&] { fractionsSection(out, fun); },

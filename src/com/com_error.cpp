@@ -4,6 +4,7 @@
 
 #include "com/com_handles.h"
 #include "com/identities.h"
+#include "frame/invoke.h"
 
 namespace telvaro::com {
 
@@ -43,12 +44,12 @@ RuntimeError currentError() {
     try {
         throw;
     } catch (RuntimeError& e) {
-        if (e.source().empty()) e.setSource(kErrorSource);
+        if (e.source().empty()) e.setSource(String(kErrorSource));
         return e;
     } catch (const std::bad_alloc&) {
-        return RuntimeError(err::OutOfMemory, standardDescription(err::OutOfMemory), kErrorSource);
+        return RuntimeError(err::OutOfMemory, standardDescription(err::OutOfMemory), String(kErrorSource));
     } catch (...) {
-        return RuntimeError(err::InternalError, standardDescription(err::InternalError), kErrorSource);
+        return RuntimeError(err::InternalError, standardDescription(err::InternalError), String(kErrorSource));
     }
 }
 

@@ -11,7 +11,7 @@
 #include "com/identities.h"
 #include "com/server_module.h"
 #include "com/variant_bridge.h"
-#include "frame/dispatch.h"
+#include "frame/invoke.h"
 #include "runtime/text.h"
 
 namespace telvaro::com {
@@ -205,7 +205,7 @@ Variant FunObject::run(const MethodInfo& method, std::span<VARIANTARG* const> ar
     Variant result;
     std::exception_ptr failure;
     try {
-        result = dispatch(fun_, method, values);
+        result = invoke(fun_, method, values);
     } catch (...) {
         failure = std::current_exception();
     }

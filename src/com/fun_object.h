@@ -11,7 +11,8 @@
 
 #include "com/fun_interface.h"
 #include "frame/catalogue.h"
-#include "frame/fun.h"
+#include "context/fun.h"
+#include "host/default_platform.h"
 
 namespace telvaro::com {
 
@@ -47,7 +48,7 @@ private:
     Variant run(const MethodInfo& method, std::span<VARIANTARG* const> args);
 
     std::atomic<ULONG> references_{1};
-    Fun fun_;
+    Fun fun_{defaultPlatform()};
 };
 
 }  // namespace telvaro::com

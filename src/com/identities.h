@@ -24,7 +24,4 @@ inline constexpr GUID kFunV0InterfaceId = {0xD41F957A, 0x54AD, 0x4162, {0x83, 0x
 // Fun___v1 {4C0D0C89-3622-494B-8A64-7A494921F448}
 inline constexpr GUID kFunV1InterfaceId = {0x4C0D0C89, 0x3622, 0x494B, {0x8A, 0x64, 0x7A, 0x49, 0x49, 0x21, 0xF4, 0x48}};
 
-// Where errors of the library say they come from.
-inline constexpr const char16_t* kErrorSource = u"Telvaro";
-
 }  // namespace telvaro::com

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "frame/fun.h"
+#include "context/fun.h"
 #include "runtime/checked.h"
 #include "runtime/convert.h"
 #include "runtime/datetime.h"

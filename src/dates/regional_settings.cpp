@@ -1,7 +1,7 @@
 #include "dates/regional_settings.h"
 
-#include "frame/error_modes.h"
-#include "frame/fun.h"
+#include "context/error_modes.h"
+#include "context/fun.h"
 #include "runtime/convert.h"
 #include "text/strings.h"
 

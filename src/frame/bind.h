@@ -5,8 +5,9 @@
 //     std::int16_t strCuentaCaracteres(Fun&, const String& Cadena,
 //                                      const String& Caracter, std::int16_t PosInicio);
 //
-// bind<&strCuentaCaracteres>() makes the entry that dispatch calls with the
-// arguments already coerced to the declared types. A parameter taken as a
+// bind<&strCuentaCaracteres>() makes the entry that invoke calls: it
+// coerces the caller's arguments straight into the C++ parameter types and
+// supplies the defaults of omitted optional ones. A parameter taken as a
 // non-const reference is by reference: whatever the method leaves in it is
 // written back, also when the method fails. The binding also records the
 // C++ signature so that a test can check it against the catalogue.
@@ -20,7 +21,8 @@
 #include <vector>
 
 #include "frame/catalogue.h"
-#include "frame/enums.h"
+#include "context/enums.h"
+#include "runtime/error.h"
 #include "runtime/checked.h"
 #include "runtime/convert.h"
 #include "runtime/object.h"
@@ -29,7 +31,9 @@ namespace telvaro {
 
 class Fun;
 
-using MethodEntry = Variant (*)(Fun&, std::span<Variant>);
+// Runs a method on the caller's arguments as given (one per parameter at
+// most; an omitted optional one absent or the missing marker).
+using MethodEntry = Variant (*)(Fun&, const MethodInfo&, std::span<Variant>);
 
 struct Binding {
     std::string_view name;
@@ -140,12 +144,40 @@ struct Signature<R (*)(Fun&, Ps...)> {
     static constexpr std::size_t arity = sizeof...(Ps);
 };
 
-// The arguments of one call, converted from the Variants; by-reference ones
-// are written back when the call ends, however it ends.
+inline bool given(std::span<const Variant> args, std::size_t i) { return i < args.size() && !args[i].isMissing(); }
+
+// The value parameter `i` takes: the caller's argument coerced to the
+// declared type, as a late-bound call coerces it (a Null, an error value or
+// an array for a typed parameter, or a non-object for an object parameter,
+// is error 13), or the default of an omitted optional parameter; error 449
+// for an omitted required one.
+template <typename T>
+T argument(const ParamInfo& param, std::span<Variant> args, std::size_t i) {
+    if (!given(args, i)) {
+        if (!param.optional) raise(err::ArgumentNotOptional);
+        return ArgTraits<T>::from(param.defaultValue);
+    }
+    const Variant& v = args[i];
+    if constexpr (ArgTraits<T>::type == ArgType::Object) {
+        if (!v.isObject()) raise(err::TypeMismatch);
+    } else if constexpr (ArgTraits<T>::type != ArgType::Variant) {
+        const VarType t = v.type();
+        if (t == VarType::Null || t == VarType::Error || t == VarType::Array) raise(err::TypeMismatch);
+    }
+    return ArgTraits<T>::from(v);
+}
+
+// The arguments of one call, converted from the caller's Variants in
+// parameter order; the arguments the caller gave for by-reference
+// parameters go back into the caller's Variants, in the declared type and
+// with whatever the method left in them, when the call ends, however it
+// ends. This is
+// the one place where by-reference arguments go back.
 template <typename... Ps>
 class CallFrame {
 public:
-    explicit CallFrame(std::span<Variant> args) : args_(args), values_(load(args, std::index_sequence_for<Ps...>{})) {}
+    CallFrame(const MethodInfo& method, std::span<Variant> args)
+        : method_(method), args_(args), values_(load(method, args, std::index_sequence_for<Ps...>{})) {}
     ~CallFrame() { store(std::index_sequence_for<Ps...>{}); }
     CallFrame(const CallFrame&) = delete;
     CallFrame& operator=(const CallFrame&) = delete;
@@ -153,23 +185,39 @@ public:
     std::tuple<Value<Ps>...>& values() { return values_; }
 
 private:
+    // Braces: the arguments are taken left to right, as the caller wrote them.
     template <std::size_t... I>
-    static std::tuple<Value<Ps>...> load([[maybe_unused]] std::span<Variant> args, std::index_sequence<I...>) {
-        return std::tuple<Value<Ps>...>(ArgTraits<Value<Ps>>::from(args[I])...);
+    static std::tuple<Value<Ps>...> load(const MethodInfo& method, [[maybe_unused]] std::span<Variant> args,
+                                         std::index_sequence<I...>) {
+        if (args.size() > sizeof...(Ps)) raise(err::WrongNumberOfArguments);
+        return std::tuple<Value<Ps>...>{argument<Value<Ps>>(method.params[I], args, I)...};
+    }
+    // A parameter the method cannot change and an argument that already had
+    // the declared type need nothing written: the caller's value stands.
+    template <std::size_t I, typename P>
+    void storeOne() noexcept {
+        if (!method_.params[I].byRef || !given(args_, I)) return;
+        if constexpr (!isByRef<P>) {
+            if (ArgTraits<Value<P>>::type == ArgType::Variant ||
+                args_[I].type() == varTypeOf(ArgTraits<Value<P>>::type))
+                return;
+        }
+        args_[I] = ArgTraits<Value<P>>::to(std::get<I>(values_));
     }
     template <std::size_t... I>
     void store(std::index_sequence<I...>) noexcept {
-        ((isByRef<Ps> ? void(args_[I] = ArgTraits<Value<Ps>>::to(std::get<I>(values_))) : void()), ...);
+        (storeOne<I, Ps>(), ...);
     }
 
+    const MethodInfo& method_;
     std::span<Variant> args_;
     std::tuple<Value<Ps>...> values_;
 };
 
 template <auto F, typename R, typename... Ps, std::size_t... I>
-Variant callWith(Fun& fun, [[maybe_unused]] std::span<Variant> args, std::index_sequence<I...>) {
-    CallFrame<Ps...> frame(args);
-    auto& values = frame.values();
+Variant callWith(Fun& fun, const MethodInfo& method, std::span<Variant> args, std::index_sequence<I...>) {
+    CallFrame<Ps...> frame(method, args);
+    [[maybe_unused]] auto& values = frame.values();
     if constexpr (std::is_void_v<R>) {
         F(fun, std::get<I>(values)...);
         return Variant();
@@ -179,14 +227,14 @@ Variant callWith(Fun& fun, [[maybe_unused]] std::span<Variant> args, std::index_
 }
 
 template <auto F, typename R, typename... Ps>
-Variant entryOf(Fun& fun, std::span<Variant> args, std::tuple<Ps...>*) {
-    return callWith<F, R, Ps...>(fun, args, std::index_sequence_for<Ps...>{});
+Variant entryOf(Fun& fun, const MethodInfo& method, std::span<Variant> args, std::tuple<Ps...>*) {
+    return callWith<F, R, Ps...>(fun, method, args, std::index_sequence_for<Ps...>{});
 }
 
 template <auto F>
-Variant entry(Fun& fun, std::span<Variant> args) {
+Variant entry(Fun& fun, const MethodInfo& method, std::span<Variant> args) {
     using S = Signature<decltype(F)>;
-    return entryOf<F, typename S::Result>(fun, args, static_cast<typename S::Params*>(nullptr));
+    return entryOf<F, typename S::Result>(fun, method, args, static_cast<typename S::Params*>(nullptr));
 }
 
 template <typename R>

@@ -6,8 +6,8 @@
 
 #include "dates/date_helpers.h"
 #include "dates/regional_settings.h"
-#include "frame/error_log.h"
-#include "frame/standard_messages.h"
+#include "messages/error_log.h"
+#include "messages/standard_messages.h"
 #include "ident/cedula_ruc.h"
 #include "system/environment.h"
 #include "system/files.h"

@@ -1,5 +1,7 @@
 #include "frame/catalogue.h"
 
+#include <array>
+#include <type_traits>
 #include <unordered_map>
 
 
@@ -60,24 +62,58 @@ std::size_t MethodInfo::requiredCount() const {
 
 namespace {
 
-// Method names are ASCII: they are folded to upper case byte by byte.
-std::string foldedName(std::string_view name) {
-    std::string folded(name);
-    for (auto& c : folded)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    return folded;
+// Method names are ASCII and compared without regard to case. The index
+// hashes a name's length and a few of its letters, folded to upper case,
+// so a look-up reads little and allocates nothing; a name with other
+// characters names no method.
+template <class Char>
+constexpr char16_t upper(Char c) {
+    const auto u = static_cast<char16_t>(static_cast<std::make_unsigned_t<Char>>(c));
+    return u >= u'a' && u <= u'z' ? static_cast<char16_t>(u - 32) : u;
 }
 
+template <class Text>
+std::uint32_t foldedHash(const Text& name) {
+    const std::size_t n = name.size();
+    if (n == 0) return 0;
+    std::uint32_t h = static_cast<std::uint32_t>(n) * 2654435761u;
+    for (std::size_t i : {std::size_t(0), n / 4, n / 2, (3 * n) / 4, n - 1}) h = (h ^ upper(name[i])) * 16777619u;
+    return h ^ (h >> 15);
+}
+
+template <class Text>
+bool sameName(std::string_view known, const Text& name) {
+    if (known.size() != name.size()) return false;
+    if constexpr (std::is_same_v<Text, std::string_view>)
+        if (known == name) return true;  // as the catalogue spells it: the usual case
+    for (std::size_t i = 0; i < known.size(); ++i)
+        if (upper(known[i]) != upper(name[i])) return false;
+    return true;
+}
+
+// Open addressing over a power of two at least four times the catalogue.
 struct Index {
-    std::unordered_map<std::string, const MethodInfo*> byName;
+    static constexpr std::size_t kSlots = 512;
+    std::array<const MethodInfo*, kSlots> byName{};
     std::unordered_map<std::int32_t, const MethodInfo*> byDispid;
+
+    template <class Text>
+    const MethodInfo* find(const Text& name) const {
+        for (std::size_t i = foldedHash(name) & (kSlots - 1);; i = (i + 1) & (kSlots - 1)) {
+            const MethodInfo* m = byName[i];
+            if (!m || sameName(m->name, name)) return m;
+        }
+    }
 };
 
 const Index& index() {
     static const Index idx = [] {
         Index i;
+        static_assert(Index::kSlots >= 4 * 119);
         for (const auto& m : catalogue()) {
-            i.byName.emplace(foldedName(m.name), &m);
+            std::size_t slot = foldedHash(m.name) & (Index::kSlots - 1);
+            while (i.byName[slot]) slot = (slot + 1) & (Index::kSlots - 1);
+            i.byName[slot] = &m;
             i.byDispid.emplace(m.dispid, &m);
         }
         return i;
@@ -87,16 +123,9 @@ const Index& index() {
 
 }  // namespace
 
-const MethodInfo* findMethod(std::string_view name) {
-    auto it = index().byName.find(foldedName(name));
-    return it == index().byName.end() ? nullptr : it->second;
-}
+const MethodInfo* findMethod(std::string_view name) { return index().find(name); }
 
-const MethodInfo* findMethod(StringView name) {
-    for (char16_t c : name)
-        if (c >= 0x80) return nullptr;  // no method name has other characters
-    return findMethod(std::string_view(toUtf8(name)));
-}
+const MethodInfo* findMethod(StringView name) { return index().find(name); }
 
 const MethodInfo* findMethod(std::int32_t dispid) {
     auto it = index().byDispid.find(dispid);

@@ -1,6 +1,6 @@
 #include "ident/cedula_ruc.h"
 
-#include "frame/fun.h"
+#include "context/fun.h"
 #include "platform/message_box.h"
 #include "runtime/checked.h"
 #include "runtime/convert.h"

@@ -1,7 +1,11 @@
-// The services the methods need from the operating system, behind one
-// interface per concern. A Fun object holds a Platform; the POSIX and
-// Win32 implementations supply the real services, tests supply fakes.
+// The services the methods need from the operating system, one interface
+// per concern, put together once per host (host/) and held by every Fun.
+// This is the one place that lists them. A Platform is a small value: its
+// services are shared, so a copy with one service replaced (scripted
+// message boxes for batch, fakes for tests) costs a few pointers.
 #pragma once
+
+#include <memory>
 
 #include "platform/environment.h"
 #include "platform/file_system.h"
@@ -14,13 +18,27 @@ namespace telvaro {
 
 class Platform {
 public:
-    virtual ~Platform() = default;
-    virtual MessageBoxService& messageBoxes() = 0;
-    virtual ProfileFiles& profileFiles() = 0;
-    virtual FileSystem& fileSystem() = 0;
-    virtual Registry& registry() = 0;
-    virtual RegionalStore& regionalStore() = 0;
-    virtual Environment& environment() = 0;
+    MessageBoxService& messageBoxes() const { return *messageBoxes_; }
+    ProfileFiles& profileFiles() const { return *profileFiles_; }
+    FileSystem& fileSystem() const { return *fileSystem_; }
+    Registry& registry() const { return *registry_; }
+    RegionalStore& regionalStore() const { return *regionalStore_; }
+    Environment& environment() const { return *environment_; }
+
+    void use(std::shared_ptr<MessageBoxService> s) { messageBoxes_ = std::move(s); }
+    void use(std::shared_ptr<ProfileFiles> s) { profileFiles_ = std::move(s); }
+    void use(std::shared_ptr<FileSystem> s) { fileSystem_ = std::move(s); }
+    void use(std::shared_ptr<Registry> s) { registry_ = std::move(s); }
+    void use(std::shared_ptr<RegionalStore> s) { regionalStore_ = std::move(s); }
+    void use(std::shared_ptr<Environment> s) { environment_ = std::move(s); }
+
+private:
+    std::shared_ptr<MessageBoxService> messageBoxes_;
+    std::shared_ptr<ProfileFiles> profileFiles_;
+    std::shared_ptr<FileSystem> fileSystem_;
+    std::shared_ptr<Registry> registry_;
+    std::shared_ptr<RegionalStore> regionalStore_;
+    std::shared_ptr<Environment> environment_;
 };
 
 }  // namespace telvaro

@@ -1,7 +1,7 @@
 #include "system/environment.h"
 
-#include "frame/fun.h"
-#include "frame/thread_state.h"
+#include "context/fun.h"
+#include "context/thread_state.h"
 #include "runtime/checked.h"
 #include "runtime/datetime.h"
 

@@ -1,7 +1,7 @@
 #include "system/files.h"
 
-#include "frame/error_modes.h"
-#include "frame/fun.h"
+#include "context/error_modes.h"
+#include "context/fun.h"
 #include "platform/message_box.h"
 #include "runtime/checked.h"
 #include "system/variant_record.h"

@@ -1,6 +1,6 @@
 #include "system/ini_files.h"
 
-#include "frame/fun.h"
+#include "context/fun.h"
 #include "runtime/convert.h"
 
 namespace telvaro::system {

@@ -1,6 +1,6 @@
 #include "system/registry.h"
 
-#include "frame/fun.h"
+#include "context/fun.h"
 #include "platform/ansi.h"
 #include "runtime/convert.h"
 

@@ -1,6 +1,6 @@
 #include "text/amount_in_words.h"
 
-#include "frame/fun.h"
+#include "context/fun.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/text.h"

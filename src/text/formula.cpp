@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "frame/error_modes.h"
-#include "frame/fun.h"
-#include "frame/thread_state.h"
+#include "context/error_modes.h"
+#include "context/fun.h"
+#include "context/thread_state.h"
 #include "runtime/checked.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"

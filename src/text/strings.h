@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-#include "frame/enums.h"
+#include "context/enums.h"
 #include "runtime/variant.h"
 
 namespace telvaro {

@@ -9,7 +9,7 @@
 
 #include "cli/batch.h"
 #include "cli/json_values.h"
-#include "cli/scripted_message_box.h"
+#include "platform/scripted_message_box.h"
 #include "support/support.h"
 
 namespace telvaro::cli {

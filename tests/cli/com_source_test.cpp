@@ -1,5 +1,6 @@
 // The Windows server's IDL and v-table declaration are made from the
-// catalogue; the copies in src/com must be what the catalogue makes now,
+// catalogue, like the C++ enumerations; the committed copies must be what
+// the catalogue makes now,
 // and the IDL must declare every method with its DISPID in v-table order.
 #include <gtest/gtest.h>
 
@@ -15,18 +16,20 @@ namespace telvaro::cli {
 namespace {
 
 std::string fileText(const std::string& name) {
-    std::ifstream in(std::string(TELVARO_SOURCE_DIR) + "/src/com/" + name, std::ios::binary);
+    std::ifstream in(std::string(TELVARO_SOURCE_DIR) + "/src/" + name, std::ios::binary);
     std::ostringstream text;
     text << in.rdbuf();
     return text.str();
 }
 
 TEST(ComSource, CommittedCopiesAreCurrent) {
-    std::ostringstream idl, vtable;
+    std::ostringstream idl, vtable, enums;
     writeInterfaceDescription(idl);
     writeVtableDeclaration(vtable);
-    EXPECT_EQ(fileText("telvaro.idl"), idl.str()) << "run: telvaro com-source idl > src/com/telvaro.idl";
-    EXPECT_EQ(fileText("fun_interface.h"), vtable.str()) << "run: telvaro com-source vtable > src/com/fun_interface.h";
+    writeEnumerationHeader(enums);
+    EXPECT_EQ(fileText("com/telvaro.idl"), idl.str()) << "run: telvaro com-source idl > src/com/telvaro.idl";
+    EXPECT_EQ(fileText("com/fun_interface.h"), vtable.str()) << "run: telvaro com-source vtable > src/com/fun_interface.h";
+    EXPECT_EQ(fileText("context/enums.h"), enums.str()) << "run: telvaro com-source enums > src/context/enums.h";
 }
 
 TEST(ComSource, EveryMethodInOrderWithItsDispid) {

@@ -2,7 +2,9 @@
 // phrase with its fixed-length calendar, the days of a month, the first day.
 #include <gtest/gtest.h>
 
-#include "frame/fun.h"
+#include "host/default_platform.h"
+#include "frame/invoke.h"
+#include "context/fun.h"
 #include "runtime/datetime.h"
 #include "support/support.h"
 
@@ -10,8 +12,8 @@ namespace telvaro {
 namespace {
 
 Variant call(const char* method, std::vector<Variant> args) {
-    Fun fun;
-    return fun.invoke(method, args);
+    Fun fun(defaultPlatform());
+    return invoke(fun, method, args);
 }
 
 Variant dateOf(int y, int m, int d) { return Variant(Date{dateSerial(y, m, d)}); }

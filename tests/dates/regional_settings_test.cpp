@@ -3,7 +3,9 @@
 // settings a POSIX locale stands for.
 #include <gtest/gtest.h>
 
-#include "frame/fun.h"
+#include "host/default_platform.h"
+#include "frame/invoke.h"
+#include "context/fun.h"
 #include "platform/posix/home.h"
 #include "platform/posix/locale_defaults.h"
 #include "platform/posix/posix_regional_store.h"
@@ -43,12 +45,12 @@ TEST(RegionalCheck, TrueOnlyForDayMonthFourDigitYearAndPointDecimals) {
     };
     for (const auto& c : cases) {
         RegionalScope scope(c.settings);
-        Fun fun;
+        Fun fun(defaultPlatform());
         std::vector<Variant> none;
         if (c.error) {
-            EXPECT_EQ(errorNumberOf([&] { fun.invoke("fn_VerificaConfRegional", none); }), c.error) << c.what;
+            EXPECT_EQ(errorNumberOf([&] { invoke(fun, "fn_VerificaConfRegional", none); }), c.error) << c.what;
         } else {
-            EXPECT_TRUE(identical(fun.invoke("fn_VerificaConfRegional", none), c.expected)) << c.what;
+            EXPECT_TRUE(identical(invoke(fun, "fn_VerificaConfRegional", none), c.expected)) << c.what;
         }
     }
 }
@@ -67,14 +69,19 @@ public:
 
 class StorePlatform : public fakes::TestPlatform {
 public:
-    RegionalStore& regionalStore() override { return store; }
-    RecordingStore store;
+    StorePlatform() { use(std::shared_ptr<RegionalStore>(store_)); }
+
+private:
+    std::shared_ptr<RecordingStore> store_ = std::make_shared<RecordingStore>();
+
+public:
+    RecordingStore& store = *store_;
 };
 
 TEST(RegionalChange, WritesTheEightItemsInOrderAndReportsAnyFailure) {
     StorePlatform platform;
     Fun fun(platform);
-    EXPECT_TRUE(identical(fun.call("fn_CambiaConfRegional"), Variant(True)));
+    EXPECT_TRUE(identical(call(fun, "fn_CambiaConfRegional"), Variant(True)));
     const std::vector<std::pair<int, String>> expected = {
         {31, u"dd/MM/yyyy"}, {32, u"dddd, d' de 'MMMM' de 'yyyy"}, {14, u"."}, {15, u","},
         {4099, u"HH:mm:ss"}, {22, u"."}, {23, u","}, {20, u"$"},
@@ -83,16 +90,16 @@ TEST(RegionalChange, WritesTheEightItemsInOrderAndReportsAnyFailure) {
 
     platform.store.written.clear();
     platform.store.refused = {32};
-    EXPECT_TRUE(identical(fun.call("fn_CambiaConfRegional"), Variant(False)));
+    EXPECT_TRUE(identical(call(fun, "fn_CambiaConfRegional"), Variant(False)));
     EXPECT_EQ(platform.store.written.size(), 8u);  // the rest still written
 }
 
 TEST(RegionalChange, ThroughTheStoreMakesTheCheckPassForEveryLaterProcess) {
     RegionalScope scope(with(u"dd/MM/yy", u",", u"."));
-    Fun fun;
-    EXPECT_TRUE(identical(fun.call("fn_VerificaConfRegional"), Variant(False)));
-    EXPECT_TRUE(identical(fun.call("fn_CambiaConfRegional"), Variant(True)));
-    EXPECT_TRUE(identical(fun.call("fn_VerificaConfRegional"), Variant(True)));
+    Fun fun(defaultPlatform());
+    EXPECT_TRUE(identical(call(fun, "fn_VerificaConfRegional"), Variant(False)));
+    EXPECT_TRUE(identical(call(fun, "fn_CambiaConfRegional"), Variant(True)));
+    EXPECT_TRUE(identical(call(fun, "fn_VerificaConfRegional"), Variant(True)));
     EXPECT_EQ(toString(Variant(1234.5)), u"1234.5");
     // A new store reads what was written, whatever the locale says.
     ScopedVariable locale("LC_ALL", "es_EC.UTF-8");

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "frame/catalogue.h"
-#include "frame/enums.h"
+#include "context/enums.h"
 #include "support/support.h"
 
 namespace telvaro {

@@ -8,7 +8,8 @@
 #include <filesystem>
 #include <map>
 
-#include "frame/fun.h"
+#include "frame/invoke.h"
+#include "context/fun.h"
 #include "platform/ansi.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/home.h"
@@ -59,7 +60,7 @@ protected:
     }
     void log(Variant object, const char16_t* info = u"Validar") {
         std::vector<Variant> args{std::move(object), Variant(ObjectRef(error_)), Variant(info)};
-        fun_.invoke("fn_LogErrores", args);
+        invoke(fun_, "fn_LogErrores", args);
     }
     static std::string logFile(int month) {
         return posix::readBytes(posix::mapPath(u"C:\\Errores\\ErrLog\\" + toString(Variant(month)) + u".txt"))

@@ -1,7 +1,7 @@
 // The statement-skipping and handler error modes.
 #include <gtest/gtest.h>
 
-#include "frame/error_modes.h"
+#include "context/error_modes.h"
 
 namespace telvaro {
 namespace {

@@ -4,8 +4,9 @@
 // Run under the sanitizers too. Message boxes answer their default button.
 #include <gtest/gtest.h>
 
+#include "frame/invoke.h"
 #include "frame/bind.h"
-#include "frame/fun.h"
+#include "context/fun.h"
 #include "runtime/error.h"
 #include "support/test_platform.h"
 
@@ -57,7 +58,7 @@ TEST(Robustness, BuiltMethodsOnlyReturnValuesOrRuntimeErrors) {
                 std::vector<Variant> args(n, Variant(u","));
                 args[position] = value;
                 try {
-                    fun.invoke(method, args);
+                    invoke(fun, method, args);
                 } catch (const RuntimeError&) {
                 } catch (const std::exception& e) {
                     ADD_FAILURE() << method.name << " raised a non-runtime error: " << e.what();
@@ -68,7 +69,7 @@ TEST(Robustness, BuiltMethodsOnlyReturnValuesOrRuntimeErrors) {
         if (method.requiredCount() > 0) {
             std::vector<Variant> none;
             try {
-                fun.invoke(method, none);
+                invoke(fun, method, none);
                 ADD_FAILURE() << method.name << " ran without its required arguments";
             } catch (const RuntimeError& e) {
                 EXPECT_EQ(e.number(), err::ArgumentNotOptional) << method.name;

@@ -1,8 +1,10 @@
 // The standard record-editing messages: texts, styles, titles and results.
 #include <gtest/gtest.h>
 
-#include "cli/scripted_message_box.h"
-#include "frame/fun.h"
+#include "host/default_platform.h"
+#include "frame/invoke.h"
+#include "platform/scripted_message_box.h"
+#include "context/fun.h"
 #include "support/support.h"
 
 namespace telvaro {
@@ -10,13 +12,13 @@ namespace {
 
 struct Shown {
     Variant result;
-    std::vector<cli::ShownMessage> boxes;
+    std::vector<ShownMessage> boxes;
 };
 
 Shown call(const char* method, std::vector<Variant> args, std::vector<int> answers = {}) {
-    cli::ScriptedPlatform platform(std::move(answers));
+    ScriptedPlatform platform(defaultPlatform(), std::move(answers));
     Fun fun(platform);
-    Shown out{fun.invoke(method, args), {}};
+    Shown out{invoke(fun, method, args), {}};
     out.boxes = platform.boxes().shown();
     return out;
 }

@@ -2,8 +2,10 @@
 // prompt answered by a script.
 #include <gtest/gtest.h>
 
-#include "cli/scripted_message_box.h"
-#include "frame/fun.h"
+#include "host/default_platform.h"
+#include "frame/invoke.h"
+#include "platform/scripted_message_box.h"
+#include "context/fun.h"
 #include "support/support.h"
 
 namespace telvaro {
@@ -11,16 +13,16 @@ namespace {
 
 struct Outcome {
     Variant result;
-    std::vector<cli::ShownMessage> shown;
+    std::vector<ShownMessage> shown;
     int error = 0;
 };
 
 Outcome call(const char* method, std::vector<Variant> args, std::vector<int> answers = {}) {
-    cli::ScriptedPlatform platform(std::move(answers));
+    ScriptedPlatform platform(defaultPlatform(), std::move(answers));
     Fun fun(platform);
     Outcome out;
     try {
-        out.result = fun.invoke(method, args);
+        out.result = invoke(fun, method, args);
     } catch (const RuntimeError& e) {
         out.error = e.number();
     }

@@ -1,3 +1,5 @@
+#include "host/default_platform.h"
+#include "frame/invoke.h"
 #include "support/support.h"
 
 #include <gtest/gtest.h>
@@ -7,19 +9,19 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "frame/fun.h"
+#include "context/fun.h"
 
 namespace telvaro {
 
 void checkCalls(const std::vector<MethodCase>& cases) {
     for (const auto& c : cases) {
-        Fun fun;
+        Fun fun(defaultPlatform());
         std::vector<Variant> args = c.args;
         std::string label = std::string(c.method) + "(";
         for (std::size_t i = 0; i < c.args.size(); ++i) label += (i ? ", " : "") + describe(c.args[i]);
         label += ")";
         try {
-            Variant got = fun.invoke(c.method, args);
+            Variant got = invoke(fun, c.method, args);
             EXPECT_EQ(c.error, 0) << label << " returned " << describe(got);
             if (!c.error) {
                 EXPECT_TRUE(identical(got, c.expected)) << label << " gave " << describe(got) << ", not "

@@ -7,7 +7,8 @@
 #include <functional>
 #include <vector>
 
-#include "cli/scripted_message_box.h"
+#include "host/default_platform.h"
+#include "platform/scripted_message_box.h"
 
 namespace telvaro::fakes {
 
@@ -49,12 +50,18 @@ public:
     void idle() override { ++idles; }
 };
 
-class TestPlatform : public cli::ScriptedPlatform {
+class TestPlatform : public ScriptedPlatform {
 public:
-    explicit TestPlatform(std::vector<int> answers = {}) : cli::ScriptedPlatform(std::move(answers)) {}
-    Environment& environment() override { return recording; }
+    explicit TestPlatform(std::vector<int> answers = {})
+        : ScriptedPlatform(defaultPlatform(), std::move(answers)), recording_(std::make_shared<RecordingEnvironment>()) {
+        use(std::shared_ptr<Environment>(recording_));
+    }
 
-    RecordingEnvironment recording;
+private:
+    std::shared_ptr<RecordingEnvironment> recording_;
+
+public:
+    RecordingEnvironment& recording = *recording_;
 };
 
 }  // namespace telvaro::fakes

@@ -9,7 +9,8 @@
 #include <fstream>
 #include <thread>
 
-#include "frame/fun.h"
+#include "frame/invoke.h"
+#include "context/fun.h"
 #include "platform/posix/home.h"
 #include "platform/posix/internet_probe.h"
 #include "platform/posix/launcher.h"
@@ -24,7 +25,7 @@ namespace fs = std::filesystem;
 
 class EnvironmentMethods : public ::testing::Test {
 protected:
-    Variant call(const char* method, std::vector<Variant> args = {}) { return fun_.invoke(method, args); }
+    Variant call(const char* method, std::vector<Variant> args = {}) { return invoke(fun_, method, args); }
     fakes::RecordingEnvironment& env() { return platform_.recording; }
 
     fakes::TestPlatform platform_;

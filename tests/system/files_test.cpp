@@ -6,7 +6,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "frame/fun.h"
+#include "frame/invoke.h"
+#include "context/fun.h"
 #include "platform/posix/home.h"
 #include "support/support.h"
 #include "support/test_platform.h"
@@ -20,12 +21,12 @@ class Files : public ::testing::Test {
 protected:
     void SetUp() override {
         root_ = u"C:\\t" + fromUtf8(::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fun_.call("fsoCrearCarpeta", {root_});
+        call("fsoCrearCarpeta", {root_});
     }
     String path(StringView rest) const { return root_ + u"\\" + String(rest); }
     static fs::path local(StringView windowsPath) { return posix::mapPath(windowsPath); }
     void touch(StringView rest) const { std::ofstream(local(path(rest))) << "x"; }
-    Variant call(const char* method, std::vector<Variant> args) { return fun_.invoke(method, args); }
+    Variant call(const char* method, std::vector<Variant> args) { return invoke(fun_, method, args); }
 
     fakes::TestPlatform platform_;
     Fun fun_{platform_};

@@ -8,7 +8,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "frame/fun.h"
+#include "host/default_platform.h"
+#include "frame/invoke.h"
+#include "context/fun.h"
 #include "platform/ansi.h"
 #include "platform/ini_document.h"
 #include "platform/posix/home.h"
@@ -41,15 +43,15 @@ protected:
         return s.str();
     }
     static String read(const char16_t* section, const char16_t* key, Variant def = Variant::missing()) {
-        Fun fun;
+        Fun fun(defaultPlatform());
         std::vector<Variant> args{Variant(u"C:\\App\\app.ini"), Variant(section), Variant(key), def};
-        return fun.invoke("INI_LeerIni", args).get<String>();
+        return invoke(fun, "INI_LeerIni", args).get<String>();
     }
     static void write(const char16_t* section, const char16_t* key, const String& value,
                       const char16_t* file = u"C:\\App\\app.ini") {
-        Fun fun;
+        Fun fun(defaultPlatform());
         std::vector<Variant> args{Variant(file), Variant(section), Variant(key), Variant(value)};
-        fun.invoke("INI_GuardarIni", args);
+        invoke(fun, "INI_GuardarIni", args);
     }
 
     fs::path home_;
@@ -113,9 +115,9 @@ TEST_F(IniFiles, WritingCreatesAndKeepsEveryOtherLine) {
 TEST_F(IniFiles, AFileNamedWithoutAFolderLivesInTheWindowsFolder) {
     write(u"S", u"K", u"v", u"suelto.ini");
     EXPECT_TRUE(fs::exists(posix::mapPath(u"C:\\Windows\\suelto.ini")));
-    Fun fun;
+    Fun fun(defaultPlatform());
     std::vector<Variant> args{Variant(u"suelto.ini"), Variant(u"S"), Variant(u"K"), Variant::missing()};
-    EXPECT_TRUE(identical(fun.invoke("INI_LeerIni", args), Variant(u"v")));
+    EXPECT_TRUE(identical(invoke(fun, "INI_LeerIni", args), Variant(u"v")));
 }
 
 TEST_F(IniFiles, AMissingFolderIsNotCreatedAndNothingIsRaised) {

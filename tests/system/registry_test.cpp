@@ -8,7 +8,9 @@
 #include <chrono>
 #include <thread>
 
-#include "frame/fun.h"
+#include "host/default_platform.h"
+#include "frame/invoke.h"
+#include "context/fun.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/home.h"
 #include "platform/posix/posix_registry.h"
@@ -21,8 +23,8 @@ namespace {
 constexpr std::int32_t kCurrentUser = 1;
 
 Variant call(const char* method, std::vector<Variant> args) {
-    Fun fun;
-    return fun.invoke(method, args);
+    Fun fun(defaultPlatform());
+    return invoke(fun, method, args);
 }
 
 TEST(Registry, ValuesWrittenAndReadBack) {
@@ -109,10 +111,10 @@ TEST(RegistryDocument, TextRoundTripsAndBadLinesAreDropped) {
 pid_t writeInChild(const char* prefix, int count) {
     const pid_t child = ::fork();
     if (child == 0) {
-        Fun fun;
+        Fun fun(defaultPlatform());
         for (int i = 0; i < count; ++i) {
             std::vector<Variant> args{kCurrentUser, u"Software\\Compartida", fromUtf8(prefix + std::to_string(i)), i, 4};
-            fun.invoke("REG_PoneValor", args);
+            invoke(fun, "REG_PoneValor", args);
         }
         ::_exit(0);
     }

@@ -1,7 +1,9 @@
 // Amounts in words as invoices and cheques print them.
 #include <gtest/gtest.h>
 
-#include "frame/fun.h"
+#include "host/default_platform.h"
+#include "frame/invoke.h"
+#include "context/fun.h"
 #include "support/support.h"
 #include "text/amount_in_words.h"
 
@@ -59,8 +61,8 @@ TEST(NumberInWords, SpanishNumeralsWithGenderAndApocope) {
 }
 
 Variant amount(std::vector<Variant> args) {
-    Fun fun;
-    return fun.invoke("Numero2Letra", args);
+    Fun fun(defaultPlatform());
+    return invoke(fun, "Numero2Letra", args);
 }
 
 TEST(Numero2Letra, InvoicesAndCheques) {

@@ -1,7 +1,9 @@
 // The formula evaluator: the rewriting rules and their deliberate quirks.
 #include <gtest/gtest.h>
 
-#include "frame/fun.h"
+#include "host/default_platform.h"
+#include "frame/invoke.h"
+#include "context/fun.h"
 #include "runtime/regional.h"
 #include "support/support.h"
 #include "text/formula.h"
@@ -10,9 +12,9 @@ namespace telvaro {
 namespace {
 
 double calc(const char16_t* formula) {
-    Fun fun;
+    Fun fun(defaultPlatform());
     std::vector<Variant> args{Variant(formula)};
-    Variant r = fun.invoke("numCalculaFormula", args);
+    Variant r = invoke(fun, "numCalculaFormula", args);
     EXPECT_EQ(r.type(), VarType::Double);
     return r.get<double>();
 }

@@ -2,7 +2,7 @@
 // late-bound as inventory screens call them.
 #include <gtest/gtest.h>
 
-#include "frame/fun.h"
+#include "context/fun.h"
 #include "support/support.h"
 #include "text/fractions.h"
 

@@ -6,7 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "frame/fun.h"
+#include "host/default_platform.h"
+#include "frame/invoke.h"
+#include "context/fun.h"
 #include "runtime/text.h"
 #include "support/support.h"
 #include "text/strings.h"
@@ -174,12 +176,12 @@ TEST(FnLlenaVector, DatesInTheRegionalOrder) {
 // The steps of fn_LlenaVector spelled with the public methods themselves:
 // count the separators, locate each one, cut the pieces, keep the tail.
 Variant splitStepByStep(const String& elementos, const String& separador) {
-    Fun fun;
-    const Variant n = fun.call("strCuentaCaracteres", {S(elementos), S(separador), I(1)});
+    Fun fun(defaultPlatform());
+    const Variant n = call(fun, "strCuentaCaracteres", {S(elementos), S(separador), I(1)});
     std::vector<Variant> pieces;
     std::int32_t prev = 0;
     for (std::int16_t i = 0; i < n.get<std::int16_t>(); ++i) {
-        const Variant pos = fun.call("strPosicion_XAvo_Caracter", {S(elementos), S(separador), I(std::int16_t(i + 1))});
+        const Variant pos = call(fun, "strPosicion_XAvo_Caracter", {S(elementos), S(separador), I(std::int16_t(i + 1))});
         pieces.push_back(mid(elementos, prev + 1, pos.get<std::int16_t>() - prev - 1));
         prev = pos.get<std::int16_t>();
     }
@@ -194,8 +196,8 @@ TEST(FnLlenaVector, SameAsLocatingEachSeparatorInTurn) {
         {u"a|", u"|"},         {u"|a", u"|"},       {u"abab", u"aba"},    {String(1000, u','), u","},
     };
     for (const auto& [elementos, separador] : inputs) {
-        Fun fun;
-        const Variant got = fun.call("fn_LlenaVector", {S(elementos), L(0), S(separador)});
+        Fun fun(defaultPlatform());
+        const Variant got = call(fun, "fn_LlenaVector", {S(elementos), L(0), S(separador)});
         const Variant expected = splitStepByStep(elementos, separador);
         EXPECT_TRUE(identical(got, expected))
             << toUtf8(elementos) << " / " << toUtf8(separador) << ": " << describe(got) << " not "
@@ -235,8 +237,8 @@ TEST(FnBuscaEnVector, ComparesAsTextFromIndexZero) {
 }
 
 TEST(FnBuscaEnVector, FindsWhatFnLlenaVectorBuilt) {
-    Fun fun;
-    const Variant filled = fun.call("fn_LlenaVector", {S(u"10,20,30"), L(1)});
+    Fun fun(defaultPlatform());
+    const Variant filled = call(fun, "fn_LlenaVector", {S(u"10,20,30"), L(1)});
     checkCalls({
         {"fn_BuscaEnVector", {filled, S(u"20")}, L(1)},
         {"fn_BuscaEnVector", {filled, L(30)}, L(2)},

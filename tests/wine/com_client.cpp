@@ -50,7 +50,7 @@ void runtimeErrorsReachTheCaller(IDispatch* fun) {
         info->GetDescription(&description);
         info->GetSource(&source);
         check(description && std::wstring(description) == L"Invalid procedure call or argument", "error description");
-        check(source && std::wstring(source) == L"Telvaro", "error source");
+        check(source && std::wstring(source) == L"Telvaro.Fun", "error source");
         SysFreeString(description);
         SysFreeString(source);
         info->Release();

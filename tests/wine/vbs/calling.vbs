@@ -45,7 +45,7 @@ r = fun.regCargaListaSQL(Nothing, "", Nothing, "")
 CheckError "a method not built yet", 445
 Err.Clear
 r = fun.numTruncar("abc", 2)
-Check "error source", Err.Source, "Telvaro"
+Check "error source", Err.Source, "Telvaro.Fun"
 Check "error description", Err.Description, "Type mismatch"
 On Error Goto 0
 

@@ -1,4 +1,4 @@
-#include "frame/thread_state.h"
+#include "context/thread_state.h"
 
 namespace telvaro {
 

@@ -1,8 +1,8 @@
-#include "frame/error_log.h"
+#include "messages/error_log.h"
 
 #include <cmath>
 
-#include "frame/fun.h"
+#include "context/fun.h"
 #include "platform/ansi.h"
 #include "platform/message_box.h"
 #include "runtime/convert.h"

@@ -1,6 +1,6 @@
-#include "cli/scripted_message_box.h"
+#include "platform/scripted_message_box.h"
 
-namespace telvaro::cli {
+namespace telvaro {
 
 ScriptedMessageBox::ScriptedMessageBox(std::vector<int> answers) : answers_(answers.begin(), answers.end()) {}
 
@@ -14,4 +14,9 @@ int ScriptedMessageBox::show(StringView prompt, int style, StringView title) {
     return answer;
 }
 
-}  // namespace telvaro::cli
+ScriptedPlatform::ScriptedPlatform(const Platform& base, std::vector<int> answers)
+    : Platform(base), boxes_(std::make_shared<ScriptedMessageBox>(std::move(answers))) {
+    use(boxes_);
+}
+
+}  // namespace telvaro

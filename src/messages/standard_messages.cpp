@@ -1,6 +1,6 @@
-#include "frame/standard_messages.h"
+#include "messages/standard_messages.h"
 
-#include "frame/fun.h"
+#include "context/fun.h"
 #include "platform/message_box.h"
 
 namespace telvaro::messages {

@@ -1,0 +1,34 @@
+// The host on Linux and other POSIX systems.
+#include "host/default_platform.h"
+#include "platform/posix/posix_environment.h"
+#include "platform/posix/posix_file_system.h"
+#include "platform/posix/posix_profile_files.h"
+#include "platform/posix/posix_regional_store.h"
+#include "platform/posix/posix_registry.h"
+#include "platform/posix/terminal_message_box.h"
+
+namespace telvaro {
+
+namespace {
+
+Platform posixPlatform() {
+    auto regionalStore = std::make_shared<posix::PosixRegionalStore>();
+    setRegional(regionalStore->load());
+    Platform p;
+    p.use(std::shared_ptr<MessageBoxService>(std::make_shared<posix::TerminalMessageBox>()));
+    p.use(std::shared_ptr<ProfileFiles>(std::make_shared<posix::PosixProfileFiles>()));
+    p.use(std::shared_ptr<FileSystem>(std::make_shared<posix::PosixFileSystem>()));
+    p.use(std::shared_ptr<Registry>(std::make_shared<posix::PosixRegistry>()));
+    p.use(std::shared_ptr<RegionalStore>(std::move(regionalStore)));
+    p.use(std::shared_ptr<Environment>(std::make_shared<posix::PosixEnvironment>()));
+    return p;
+}
+
+}  // namespace
+
+const Platform& defaultPlatform() {
+    static const Platform platform = posixPlatform();
+    return platform;
+}
+
+}  // namespace telvaro

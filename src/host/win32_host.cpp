@@ -1,0 +1,33 @@
+// The host of a process that loads the library on Windows.
+#include "host/default_platform.h"
+#include "platform/win32/win32_environment.h"
+#include "platform/win32/win32_file_system.h"
+#include "platform/win32/win32_message_box.h"
+#include "platform/win32/win32_profile_files.h"
+#include "platform/win32/win32_regional_store.h"
+#include "platform/win32/win32_registry.h"
+
+namespace telvaro {
+
+namespace {
+
+Platform win32Platform() {
+    setRegional(win32::Win32RegionalStore::load());
+    Platform p;
+    p.use(std::shared_ptr<MessageBoxService>(std::make_shared<win32::Win32MessageBox>()));
+    p.use(std::shared_ptr<ProfileFiles>(std::make_shared<win32::Win32ProfileFiles>()));
+    p.use(std::shared_ptr<FileSystem>(std::make_shared<win32::Win32FileSystem>()));
+    p.use(std::shared_ptr<Registry>(std::make_shared<win32::Win32Registry>()));
+    p.use(std::shared_ptr<RegionalStore>(std::make_shared<win32::Win32RegionalStore>()));
+    p.use(std::shared_ptr<Environment>(std::make_shared<win32::Win32Environment>()));
+    return p;
+}
+
+}  // namespace
+
+const Platform& defaultPlatform() {
+    static const Platform platform = win32Platform();
+    return platform;
+}
+
+}  // namespace telvaro
