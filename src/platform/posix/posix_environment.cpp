@@ -10,6 +10,7 @@
 #include "platform/posix/internet_probe.h"
 #include "platform/posix/launcher.h"
 #include "platform/posix/sound_output.h"
+#include "runtime/error.h"
 
 namespace telvaro::posix {
 
@@ -40,6 +41,12 @@ void PosixEnvironment::open(StringView file, StringView parameters, StringView f
 
 bool PosixEnvironment::internetReachable() { return canConnect(probeAddress(), kProbeTimeoutMs); }
 
-bool PosixEnvironment::playSound(StringView file, int flags) { return sound_->play(mapPath(file), flags); }
+bool PosixEnvironment::playSound(StringView file, int flags) {
+    try {
+        return sound_->play(mapPath(file), flags);
+    } catch (const RuntimeError&) {
+        return false;  // a name no file can have: nothing to play
+    }
+}
 
 }  // namespace telvaro::posix
