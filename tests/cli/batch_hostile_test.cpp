@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -148,6 +149,38 @@ TEST(BatchProgram, OutputThatCannotBeWrittenStopsItLoudly) {
         EXPECT_NE(run.err.find("cannot be"), std::string::npos) << c.what << ": " << run.err;
         EXPECT_LT(run.err.size(), 1000u) << c.what << ": one message, not one per request";
     }
+}
+
+// The inputs that once took seconds and gigabytes, through `call` under a
+// 1 GB address-space limit: each answers the runtime's error (or its
+// value) instead of being killed.
+TEST(BatchProgram, OneArgumentCannotTakeTheMachine) {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "AddressSanitizer cannot run under an address-space limit; tests/sweep budgets it instead";
+#else
+    {
+        // A record whose array bounds promise 65,535 by 65,535 elements.
+        std::string record("\x0C\x20\x02\x00\xFF\xFF\x00\x00\x00\x00\x00\x00\xFF\xFF\x00\x00\x00\x00\x00\x00", 20);
+        record.resize(128, '\0');
+        std::filesystem::create_directories("drives/c");
+        std::ofstream("drives/c/cotas.dat", std::ios::binary) << record;
+    }
+    struct Case {
+        std::string args;
+        std::string expected;
+    };
+    const Case cases[] = {
+        {"Numero2Letra 1 2147483647", "Error 14: "},
+        {"Numero2Letra 1 1000000000", "Error 14: "},
+        {"numCalculaFormula 1e+1000000000", "1\n"},
+        {"numCalculaFormula '" + std::string(40000, '\\') + "'", "Error 28: "},
+        {"fsoLeeArchivo 'C:\\cotas.dat' 1", "Error 458: "},
+    };
+    for (const auto& c : cases) {
+        ShellRun run = shell("ulimit -v 1048576; $T call " + c.args);
+        EXPECT_EQ((run.out + run.err).substr(0, c.expected.size()), c.expected) << c.args.substr(0, 60) << ": " << run.err;
+    }
+#endif
 }
 
 }  // namespace
