@@ -35,8 +35,14 @@ String PosixEnvironment::userName() {
 
 void PosixEnvironment::open(StringView file, StringView parameters, StringView folder, int /*showCommand*/) {
     // Linux has no "show without activating": the window manager decides.
-    const auto workingFolder = folder.empty() ? std::filesystem::path() : mapPath(folder);
-    startDetached(launchCommand(file, parameters, workingFolder), workingFolder);
+    std::filesystem::path workingFolder;
+    try {
+        if (!folder.empty()) workingFolder = mapPath(folder);
+        startDetached(launchCommand(file, parameters, workingFolder), workingFolder);
+    } catch (const RuntimeError&) {
+        // A name no file or folder can have: nothing is started, as when
+        // the file is not found.
+    }
 }
 
 bool PosixEnvironment::internetReachable() { return canConnect(probeAddress(), kProbeTimeoutMs); }
