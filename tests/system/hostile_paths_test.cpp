@@ -172,28 +172,8 @@ TEST_F(HostileFileOperations, NoFileOperationReachesOutsideTheHomeFolder) {
         }
         // Run: the file named is never the one outside.
         for (const auto& part : posix::launchCommand(path, u"", home_))
-            EXPECT_NE(fs::path(part), victim()) << "EjecutaArchivo(" << toUtf8(path) << ")";
+            EXPECT_NE(fs::path(part).lexically_normal(), victim()) << "EjecutaArchivo(" << toUtf8(path) << ")";
     }
-}
-
-TEST_F(HostileFileOperations, ClimbingPathsLandAtTheRootOfTheirDrive) {
-    const struct {
-        const char16_t* written;
-        const char16_t* same;
-    } cases[] = {
-        {u"C:\\..\\..\\..\\uno.dat", u"C:\\uno.dat"},
-        {u"..\\..\\dos.dat", u"dos.dat"},
-        {u"\\\\srv\\share\\..\\..\\..\\tres.dat", u"\\\\srv\\share\\tres.dat"},
-        {u"C:/..\\../cuatro.dat.", u"C:\\cuatro.dat"},
-    };
-    for (const auto& c : cases) {
-        Fun fun;
-        std::vector<Variant> write{Variant(c.written), Variant(std::int16_t(1)), Variant(u"hola")};
-        fun.invoke("fsoGrabaArchivo", write);
-        std::vector<Variant> read{Variant(c.same), Variant(std::int16_t(1))};
-        EXPECT_TRUE(identical(fun.invoke("fsoLeeArchivo", read), Variant(u"hola"))) << toUtf8(c.written);
-    }
-    EXPECT_TRUE(outsideHome().empty());
 }
 
 }  // namespace
