@@ -134,7 +134,9 @@ Variant decodeValue(const json& value) {
                   u"an object argument has one of the fields \"missing\", \"empty\", \"date\", \"type\" or "
                   u"\"object\"");
         }
-        default: raise(err::InvalidProcedureCall, u"an argument is a text, a number, true, false, null, an array or an object");
+        default:
+            raise(err::InvalidProcedureCall,
+                  u"an argument is a text, a number, true, false, null, an array or an object");
     }
 }
 

@@ -7,9 +7,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
-
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "cli/batch.h"
 #include "support/support.h"
@@ -85,7 +84,8 @@ std::string slurp(const std::string& path) {
 }
 ShellRun shell(const std::string& script) {
     const std::string dir = testing::TempDir();
-    const std::string scriptFile = dir + "telvaro_script.sh", out = dir + "telvaro_out.txt", err = dir + "telvaro_err.txt";
+    const std::string scriptFile = dir + "telvaro_script.sh", out = dir + "telvaro_out.txt",
+                      err = dir + "telvaro_err.txt";
     std::ofstream(scriptFile) << "T=" << TELVARO_BINARY << "\n" << script << "\n";
     ShellRun run;
     const int rc = std::system(("bash " + scriptFile + " > " + out + " 2> " + err).c_str());
@@ -178,7 +178,8 @@ TEST(BatchProgram, OneArgumentCannotTakeTheMachine) {
     };
     for (const auto& c : cases) {
         ShellRun run = shell("ulimit -v 1048576; $T call " + c.args);
-        EXPECT_EQ((run.out + run.err).substr(0, c.expected.size()), c.expected) << c.args.substr(0, 60) << ": " << run.err;
+        EXPECT_EQ((run.out + run.err).substr(0, c.expected.size()), c.expected)
+            << c.args.substr(0, 60) << ": " << run.err;
     }
 #endif
 }

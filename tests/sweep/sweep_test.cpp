@@ -36,7 +36,9 @@ constexpr std::size_t kMemoryPerCall = std::size_t(256) << 20;
 constexpr auto kHang = 60s;
 
 // What is left in a file's place by a path that climbs out.
-std::string escapeName() { return "telvaro-escape-" + std::to_string(::getpid()); }
+std::string escapeName() {
+    return "telvaro-escape-" + std::to_string(::getpid());
+}
 
 std::vector<Variant> junkValues() {
     const String escape = fromUtf8(escapeName());

@@ -128,14 +128,14 @@ TEST_F(HostileFileOperations, NoFileOperationReachesOutsideTheHomeFolder) {
     // Each path, mapped naively, names v.dat beside the home folder.
     const String up = fromUtf8(root_.string()) + u"/a/v.dat";
     const String paths[] = {
-        u"C:\\..\\..\\..\\v.dat",                       // drive
-        u"..\\v.dat",                                   // relative
-        u"\\\\srv\\share\\..\\..\\..\\..\\v.dat",       // share
-        u"C:/..\\../..\\v.dat",                         // mixed separators
-        u"C:\\\\..\\\\\\..\\\\..\\\\v.dat",             // repeated separators
-        u"C:\\.. \\...\\..\\..\\v.dat.",                // trailing dots and blanks
-        up,                                             // POSIX
-        u"C:\\..\\..\\..\\*.dat",                       // wildcards
+        u"C:\\..\\..\\..\\v.dat",                  // drive
+        u"..\\v.dat",                              // relative
+        u"\\\\srv\\share\\..\\..\\..\\..\\v.dat",  // share
+        u"C:/..\\../..\\v.dat",                    // mixed separators
+        u"C:\\\\..\\\\\\..\\\\..\\\\v.dat",        // repeated separators
+        u"C:\\.. \\...\\..\\..\\v.dat.",           // trailing dots and blanks
+        up,                                        // POSIX
+        u"C:\\..\\..\\..\\*.dat",                  // wildcards
         u"..\\*.*",
     };
     struct Operation {
@@ -143,14 +143,29 @@ TEST_F(HostileFileOperations, NoFileOperationReachesOutsideTheHomeFolder) {
         std::function<std::vector<Variant>(const String&)> args;
     };
     const Operation operations[] = {
-        {"fsoGrabaArchivo", [](const String& p) { return std::vector<Variant>{Variant(p), Variant(std::int16_t(1)), Variant(u"x")}; }},
-        {"fsoLeeArchivo", [](const String& p) { return std::vector<Variant>{Variant(p), Variant(std::int16_t(1))}; }},
+        {"fsoGrabaArchivo",
+         [](const String& p) {
+             return std::vector<Variant>{Variant(p), Variant(std::int16_t(1)), Variant(u"x")};
+         }},
+        {"fsoLeeArchivo",
+         [](const String& p) {
+             return std::vector<Variant>{Variant(p), Variant(std::int16_t(1))};
+         }},
         {"fsoCrearCarpeta", [](const String& p) { return std::vector<Variant>{Variant(p)}; }},
-        {"fsoBorraArchivo", [](const String& p) { return std::vector<Variant>{Variant(p), Variant(False)}; }},
+        {"fsoBorraArchivo",
+         [](const String& p) {
+             return std::vector<Variant>{Variant(p), Variant(False)};
+         }},
         {"fsoExisteArchivo", [](const String& p) { return std::vector<Variant>{Variant(p)}; }},
         {"fsoExisteCarpeta", [](const String& p) { return std::vector<Variant>{Variant(p)}; }},
-        {"INI_GuardarIni", [](const String& p) { return std::vector<Variant>{Variant(p), Variant(u"s"), Variant(u"k"), Variant(u"v")}; }},
-        {"INI_LeerIni", [](const String& p) { return std::vector<Variant>{Variant(p), Variant(u"s"), Variant(u"k"), Variant(u"d")}; }},
+        {"INI_GuardarIni",
+         [](const String& p) {
+             return std::vector<Variant>{Variant(p), Variant(u"s"), Variant(u"k"), Variant(u"v")};
+         }},
+        {"INI_LeerIni",
+         [](const String& p) {
+             return std::vector<Variant>{Variant(p), Variant(u"s"), Variant(u"k"), Variant(u"d")};
+         }},
     };
     for (const auto& path : paths) {
         for (const auto& op : operations) {

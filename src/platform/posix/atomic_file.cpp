@@ -47,7 +47,8 @@ void removeStaleTemporaries(const fs::path& folder) {
 }
 
 bool replaceFile(const fs::path& path, const std::string& bytes) {
-    std::string temp = (path.parent_path() / ("." + path.filename().string() + std::string(kTemporaryMark) + "XXXXXX")).string();
+    const std::string name = "." + path.filename().string() + std::string(kTemporaryMark) + "XXXXXX";
+    std::string temp = (path.parent_path() / name).string();
     int fd = ::mkostemp(temp.data(), O_CLOEXEC);
     if (fd < 0) return false;
     bool ok = ::write(fd, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
