@@ -1,5 +1,7 @@
 #include "cli/app.h"
 
+#include <fcntl.h>
+
 #include <CLI/CLI.hpp>
 #include <iostream>
 
@@ -8,6 +10,18 @@
 #include "cli/commands.h"
 
 namespace telvaro::cli {
+
+namespace {
+
+// A closed stdout cannot take the answers; worse, the first file the
+// library opened would take its place and receive them.
+bool stdoutIsOpen(const char* command) {
+    if (::fcntl(1, F_GETFD) != -1) return true;
+    std::cerr << "telvaro " << command << ": the answers cannot be written: stdout is closed\n";
+    return false;
+}
+
+}  // namespace
 
 int run(int argc, char** argv) {
     CLI::App app{"telvaro: the Fun library's methods from the command line"};
@@ -43,11 +57,11 @@ int run(int argc, char** argv) {
         listMethods(std::cout, missingOnly);
         return 0;
     }
-    if (call->parsed()) return callMethod(method, args, std::cout, std::cerr);
+    if (call->parsed()) return stdoutIsOpen("call") ? callMethod(method, args, std::cout, std::cerr) : 1;
     if (batch->parsed()) {
+        if (!stdoutIsOpen("batch")) return 1;
         std::ios::sync_with_stdio(false);
-        runBatch(std::cin, std::cout);
-        return 0;
+        return runBatch(std::cin, std::cout, std::cerr);
     }
     if (comSource->parsed()) {
         if (part == "idl")

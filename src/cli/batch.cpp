@@ -1,14 +1,17 @@
-#include "frame/invoke.h"
-#include "host/default_platform.h"
 #include "cli/batch.h"
 
+#include <cerrno>
+#include <cstring>
 #include <istream>
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <streambuf>
 
 #include "cli/json_values.h"
-#include "platform/scripted_message_box.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
+#include "platform/scripted_message_box.h"
 #include "runtime/error.h"
 
 namespace telvaro::cli {
@@ -17,8 +20,13 @@ using json = nlohmann::ordered_json;
 
 namespace {
 
+const auto kDump = json::error_handler_t::replace;
+
 json errorAnswer(const json& id, int number, const std::string& description) {
-    return json{{"id", id}, {"error", {{"number", number}, {"description", description}}}};
+    return json{{"id", id},
+                {"error", {{"number", number}, {"description", description}}},
+                {"byref", json::array()},
+                {"messages", json::array()}};
 }
 
 json messagesOf(const ScriptedPlatform& platform) {
@@ -35,29 +43,55 @@ json byRefOf(const std::vector<Variant>& args) {
     return values;
 }
 
+// True when brackets and braces outside texts nest deeper than `limit`.
+bool nestsDeeperThan(const std::string& line, std::size_t limit) {
+    std::size_t depth = 0;
+    bool inText = false;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const char c = line[i];
+        if (inText) {
+            if (c == '\\')
+                ++i;
+            else if (c == '"')
+                inText = false;
+        } else if (c == '"') {
+            inText = true;
+        } else if (c == '[' || c == '{') {
+            if (++depth > limit) return true;
+        } else if ((c == ']' || c == '}') && depth > 0) {
+            --depth;
+        }
+    }
+    return false;
+}
+
 json answer(const json& request) {
-    if (!request.is_object()) throw MalformedRequest("a request is a JSON object");
     const json id = request.contains("id") ? request.at("id") : json();
     if (!request.contains("method") || !request.at("method").is_string())
         throw MalformedRequest("the request has no \"method\" text");
-    std::vector<Variant> args;
-    if (request.contains("args")) {
-        if (!request.at("args").is_array()) throw MalformedRequest("\"args\" is not an array");
-        for (const auto& a : request.at("args")) args.push_back(decodeValue(a));
-    }
+    if (request.contains("args") && !request.at("args").is_array()) throw MalformedRequest("\"args\" is not an array");
     std::vector<int> answers;
     if (request.contains("answers")) {
         if (!request.at("answers").is_array()) throw MalformedRequest("\"answers\" is not an array");
         for (const auto& a : request.at("answers")) {
-            if (!a.is_number_integer()) throw MalformedRequest("an answer is a button code");
+            if (!a.is_number_integer() || a.get<std::int64_t>() < INT32_MIN || a.get<std::int64_t>() > INT32_MAX)
+                throw MalformedRequest("an answer is a button code");
             answers.push_back(a.get<int>());
         }
     }
 
+    std::vector<Variant> args;
+    try {
+        if (request.contains("args"))
+            for (const auto& a : request.at("args")) args.push_back(decodeValue(a));
+    } catch (const RuntimeError& e) {
+        return errorAnswer(id, e.number(), toUtf8(e.description()));
+    }
+
     ScriptedPlatform platform(defaultPlatform(), std::move(answers));
-    Fun fun(platform);
     json out{{"id", id}};
     try {
+        Fun fun(platform);
         Variant result = invoke(fun, request.at("method").get<std::string>(), args);
         out["result"] = encodeValue(result);
     } catch (const RuntimeError& e) {
@@ -68,28 +102,91 @@ json answer(const json& request) {
     return out;
 }
 
+// One line of `in`, without its end; lines longer than `limit` are read to
+// their end but not kept.
+enum class LineRead { Line, TooLong, End };
+LineRead readLine(std::istream& in, std::string& line, std::size_t limit) {
+    line.clear();
+    std::streambuf* buffer = in.rdbuf();
+    bool any = false, tooLong = false;
+    for (;;) {
+        int c;
+        try {
+            c = buffer->sbumpc();
+        } catch (...) {
+            in.setstate(std::ios::badbit);  // a read that failed
+            return LineRead::End;
+        }
+        if (c == std::char_traits<char>::eof()) {
+            in.setstate(std::ios::eofbit);
+            if (!any) return LineRead::End;
+            break;
+        }
+        any = true;
+        if (c == '\n') break;
+        if (line.size() < limit)
+            line.push_back(static_cast<char>(c));
+        else
+            tooLong = true;
+    }
+    if (tooLong) {
+        line.clear();
+        return LineRead::TooLong;
+    }
+    return LineRead::Line;
+}
+
 }  // namespace
 
 std::string answerRequest(const std::string& line) {
     json id = nullptr;
     try {
-        json request = json::parse(line);
-        if (request.is_object() && request.contains("id")) id = request.at("id");
-        return answer(request).dump(-1, ' ', false, json::error_handler_t::replace);
+        if (nestsDeeperThan(line, kMaxNesting))
+            return errorAnswer(id, -1, "the request nests deeper than " + std::to_string(kMaxNesting) + " levels")
+                .dump(-1, ' ', false, kDump);
+        json request = json::parse(line, nullptr, false);
+        if (request.is_discarded()) return errorAnswer(id, -1, "the line is not JSON").dump(-1, ' ', false, kDump);
+        if (!request.is_object())
+            return errorAnswer(id, -1, "a request is a JSON object").dump(-1, ' ', false, kDump);
+        if (request.contains("id")) id = request.at("id");
+        return answer(request).dump(-1, ' ', false, kDump);
+    } catch (const MalformedRequest& e) {
+        return errorAnswer(id, -1, e.what()).dump(-1, ' ', false, kDump);
     } catch (const RuntimeError& e) {
-        return errorAnswer(id, e.number(), toUtf8(e.description())).dump();
-    } catch (const std::exception& e) {
-        return errorAnswer(id, -1, e.what()).dump(-1, ' ', false, json::error_handler_t::replace);
+        return errorAnswer(id, e.number(), toUtf8(e.description())).dump(-1, ' ', false, kDump);
+    } catch (const std::bad_alloc&) {
+        return errorAnswer(id, err::OutOfMemory, toUtf8(standardDescription(err::OutOfMemory)))
+            .dump(-1, ' ', false, kDump);
+    } catch (const std::exception&) {
+        return errorAnswer(id, -1, "the request could not be read").dump(-1, ' ', false, kDump);
     }
 }
 
-void runBatch(std::istream& in, std::ostream& out) {
+int runBatch(std::istream& in, std::ostream& out, std::ostream& err) {
     std::string line;
-    while (std::getline(in, line)) {
-        if (line.find_first_not_of(" \t\r") == std::string::npos) continue;
-        out << answerRequest(line) << '\n';
+    for (;;) {
+        const LineRead read = readLine(in, line, kMaxLineBytes);
+        if (read == LineRead::End) break;
+        if (read == LineRead::Line && line.find_first_not_of(" \t\r") == std::string::npos) continue;
+        errno = 0;
+        out << (read == LineRead::TooLong
+                    ? errorAnswer(nullptr, -1, "the line is longer than " + std::to_string(kMaxLineBytes) + " bytes")
+                          .dump()
+                    : answerRequest(line))
+            << '\n';
         out.flush();
+        if (!out) {
+            err << "telvaro batch: the answers cannot be written"
+                << (errno ? std::string(": ") + std::strerror(errno) : std::string()) << '\n';
+            return 1;
+        }
     }
+    if (in.bad()) {
+        err << "telvaro batch: the requests cannot be read" << (errno ? std::string(": ") + std::strerror(errno) : "")
+            << '\n';
+        return 1;
+    }
+    return 0;
 }
 
 }  // namespace telvaro::cli

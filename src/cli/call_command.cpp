@@ -39,6 +39,11 @@ int callMethod(const std::string& method, const std::vector<std::string>& args, 
         Fun fun(defaultPlatform());
         Variant result = invoke(fun, method, values);
         printValue(out, result);
+        out.flush();
+        if (!out) {
+            err << "telvaro call: the result cannot be written\n";
+            return 1;
+        }
         return 0;
     } catch (const RuntimeError& e) {
         err << "Error " << e.number() << ": " << toUtf8(e.description()) << '\n';

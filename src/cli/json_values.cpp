@@ -1,6 +1,7 @@
 #include "cli/json_values.h"
 
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <limits>
 
@@ -15,51 +16,85 @@ using json = nlohmann::ordered_json;
 
 namespace {
 
-Decimal decimalFrom(const json& value) {
-    std::string text = value.is_string() ? value.get<std::string>() : value.dump();
-    auto d = Decimal::parse(fromUtf8(text), u'.', u'\0');
-    if (!d) throw MalformedRequest("not a decimal number: " + text);
-    return *d;
+const char* const kTypeNames = "Empty, Null, Integer, Long, Double, Currency, Date, String, Boolean, Byte or Decimal";
+
+// An argument that cannot be decoded: error 5, naming the field and what it
+// expects.
+[[noreturn]] void undecodable(const std::string& field, const std::string& expected) {
+    raise(err::InvalidProcedureCall, fromUtf8("the field \"" + field + "\" expects " + expected));
 }
 
-double numberFrom(const json& value) {
+Decimal decimalFrom(const json& value, const std::string& type) {
+    if (value.is_string() || value.is_number()) {
+        std::string text = value.is_string() ? value.get<std::string>() : value.dump();
+        if (auto d = Decimal::parse(fromUtf8(text), u'.', u'\0')) return *d;
+    }
+    undecodable("value", "a decimal number for a " + type + " (a text such as \"12.34\")");
+}
+
+double numberFrom(const json& value, const std::string& type) {
     if (value.is_number()) return value.get<double>();
     if (value.is_string()) {
-        auto n = parseNumber(fromUtf8(value.get<std::string>()));
-        if (n) return *n;
+        if (auto n = parseNumber(fromUtf8(value.get<std::string>()))) return *n;
     }
-    throw MalformedRequest("not a number: " + value.dump());
+    undecodable("value", "a number for a " + type);
 }
 
-std::int64_t integerFrom(const json& value) {
-    double d = numberFrom(value);
-    if (d != std::floor(d) || std::fabs(d) > 9.0e15) throw MalformedRequest("not an integer: " + value.dump());
+// A whole number within [low, high].
+std::int64_t integerFrom(const json& value, const std::string& type, std::int64_t low, std::int64_t high) {
+    double d = 0;
+    try {
+        d = numberFrom(value, type);
+    } catch (const RuntimeError&) {
+        d = 0.5;  // not a number at all: the same answer as a fraction
+    }
+    if (d != std::floor(d) || d < static_cast<double>(low) || d > static_cast<double>(high))
+        undecodable("value", "a whole number from " + std::to_string(low) + " to " + std::to_string(high) + " for " +
+                                 (type == "Integer" ? "an " : "a ") + type);
     return static_cast<std::int64_t>(d);
+}
+
+double dateFrom(const json& value, const std::string& field) {
+    if (value.is_string()) {
+        try {
+            return parseIsoDate(value.get<std::string>());
+        } catch (const MalformedRequest&) {
+        }
+    }
+    undecodable(field, "a date as a text YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS");
 }
 
 // {"type": T, "value": V}: exactly that Variant type.
 Variant typedValue(const json& request) {
-    const std::string type = request.at("type").get<std::string>();
+    const json& typeField = request.at("type");
+    if (!typeField.is_string()) undecodable("type", std::string("one of ") + kTypeNames);
+    const std::string type = typeField.get<std::string>();
     const json value = request.contains("value") ? request.at("value") : json();
-    try {
-        if (type == "Empty") return Variant();
-        if (type == "Null") return Variant(Null{});
-        if (type == "Integer") return Variant(toInt16(integerFrom(value)));
-        if (type == "Long") return Variant(toInt32(integerFrom(value)));
-        if (type == "Byte") return Variant(toByte(integerFrom(value)));
-        if (type == "Double") return Variant(numberFrom(value));
-        if (type == "Currency") return Variant(Currency{decimalFrom(value).toCurrency()});
-        if (type == "Decimal") return Variant(decimalFrom(value));
-        if (type == "Date") return Variant(Date{parseIsoDate(value.get<std::string>())});
-        if (type == "String") return Variant(fromUtf8(value.is_string() ? value.get<std::string>() : value.dump()));
-        if (type == "Boolean") {
-            if (value.is_boolean()) return Variant(Boolean(value.get<bool>()));
-            return Variant(Boolean::fromBits(toInt16(integerFrom(value))));
+    if (type == "Empty") return Variant();
+    if (type == "Null") return Variant(Null{});
+    if (type == "Integer") return Variant(static_cast<std::int16_t>(integerFrom(value, type, INT16_MIN, INT16_MAX)));
+    if (type == "Long") return Variant(static_cast<std::int32_t>(integerFrom(value, type, INT32_MIN, INT32_MAX)));
+    if (type == "Byte") return Variant(static_cast<std::uint8_t>(integerFrom(value, type, 0, 255)));
+    if (type == "Double") return Variant(numberFrom(value, type));
+    if (type == "Currency") {
+        try {
+            return Variant(Currency{decimalFrom(value, type).toCurrency()});
+        } catch (const RuntimeError& e) {
+            if (e.number() != err::Overflow) throw;
+            undecodable("value", "an amount from -922337203685477.5808 to 922337203685477.5807 for a Currency");
         }
-    } catch (const RuntimeError&) {
-        throw MalformedRequest(type + " value out of range: " + value.dump());
     }
-    throw MalformedRequest("unknown type: " + type);
+    if (type == "Decimal") return Variant(decimalFrom(value, type));
+    if (type == "Date") return Variant(Date{dateFrom(value, "value")});
+    if (type == "String") {
+        if (!value.is_string()) undecodable("value", "a text for a String");
+        return Variant(fromUtf8(value.get<std::string>()));
+    }
+    if (type == "Boolean") {
+        if (value.is_boolean()) return Variant(Boolean(value.get<bool>()));
+        return Variant(Boolean::fromBits(static_cast<std::int16_t>(integerFrom(value, type, INT16_MIN, INT16_MAX))));
+    }
+    undecodable("type", std::string("one of ") + kTypeNames);
 }
 
 }  // namespace
@@ -87,15 +122,21 @@ Variant decodeValue(const json& value) {
         case json::value_t::object: {
             if (value.contains("missing")) return Variant::missing();
             if (value.contains("empty")) return Variant();
-            if (value.contains("date")) return Variant(Date{parseIsoDate(value.at("date").get<std::string>())});
+            if (value.contains("date")) return Variant(Date{dateFrom(value.at("date"), "date")});
             if (value.contains("type")) return typedValue(value);
             if (value.contains("object")) {
+                const json& kind = value.at("object");
+                if (!kind.is_string()) undecodable("object", "the kind of object as a text");
                 throw RuntimeError(err::ObjectDoesNotSupportAction,
-                                   u"Object kind not supported yet: " + fromUtf8(value.at("object").dump()));
+                                   u"Object kind not supported yet: " + fromUtf8(kind.get<std::string>()));
             }
-            throw MalformedRequest("unknown typed value: " + value.dump());
+            raise(err::InvalidProcedureCall,
+                  u"an object argument has one of the fields \"missing\", \"empty\", \"date\", \"type\" or "
+                  u"\"object\"");
         }
-        default: throw MalformedRequest("unsupported value: " + value.dump());
+        default:
+            raise(err::InvalidProcedureCall,
+                  u"an argument is a text, a number, true, false, null, an array or an object");
     }
 }
 

@@ -15,6 +15,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// An argument's Variant; error 5 naming the field and what it expects for
+// a value that cannot be decoded.
 Variant decodeValue(const nlohmann::ordered_json& value);
 nlohmann::ordered_json encodeValue(const Variant& value);
 

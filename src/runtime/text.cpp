@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "runtime/error.h"
+#include "runtime/limits.h"
 #include "runtime/unicode.h"
 
 namespace telvaro {
@@ -27,8 +28,6 @@ namespace {
 
 constexpr int kInvalidPatternString = 93;
 
-// The longest text the runtime can hold: 2^31 - 1 bytes of UTF-16.
-constexpr std::int64_t kMaxTextLength = std::numeric_limits<std::int32_t>::max() / 2;
 
 char16_t fold(char16_t c) {
     if (c < 0x80) return (c >= u'A' && c <= u'Z') ? static_cast<char16_t>(c + 32) : c;
@@ -137,7 +136,8 @@ int textCompare(StringView a, StringView b) {
 std::int32_t inStr(std::int32_t start, StringView s, StringView find) {
     if (start < 1) raise(err::InvalidProcedureCall);
     const auto n = static_cast<std::int64_t>(s.size());
-    if (start > n + 1) return 0;
+    // An empty text is tested first: nothing is found in it, not even "".
+    if (n == 0 || start > n + 1) return 0;
     if (find.empty()) return start;
     const std::size_t found = Pattern(find).firstIn(s, static_cast<std::size_t>(start - 1));
     return found == StringView::npos ? 0 : position(found);
@@ -329,7 +329,7 @@ String space(std::int32_t n) { return repeatChar(n, u' '); }
 
 String repeatChar(std::int32_t n, char16_t c) {
     if (n < 0) raise(err::InvalidProcedureCall);
-    if (n > kMaxTextLength) raise(err::OutOfStringSpace);
+    if (n > kMaxBuiltTextLength) raise(err::OutOfStringSpace);
     try {
         return String(static_cast<std::size_t>(n), c);
     } catch (const std::bad_alloc&) {

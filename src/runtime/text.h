@@ -22,8 +22,8 @@ bool textEquals(StringView a, StringView b);
 int textCompare(StringView a, StringView b);
 
 // InStr(start, s, find, vbTextCompare): position of `find` in `s` from
-// `start`, 0 when not found; an empty `find` gives `start` when
-// start <= len(s) + 1. Error 5 when start < 1.
+// `start`, 0 when not found; an empty `s` gives 0, an empty `find` in a
+// text gives `start` when start <= len(s) + 1. Error 5 when start < 1.
 std::int32_t inStr(std::int32_t start, StringView s, StringView find);
 inline std::int32_t inStr(StringView s, StringView find) { return inStr(1, s, find); }
 // InStrRev(s, find, start, vbTextCompare): position of the last `find`
@@ -54,6 +54,7 @@ String trim(StringView s);
 String ltrim(StringView s);
 String rtrim(StringView s);
 String space(std::int32_t n);                   // error 5 when n < 0
-String repeatChar(std::int32_t n, char16_t c);  // String(n, c); error 5 when n < 0
+// String(n, c); error 5 when n < 0, 14 past kMaxBuiltTextLength.
+String repeatChar(std::int32_t n, char16_t c);
 
 }  // namespace telvaro

@@ -52,6 +52,7 @@ public:
         std::memcpy(&v, bytes, sizeof(T));
         return v;
     }
+    std::size_t remaining() const { return bytes_.size() - at_; }
     std::string_view take(std::size_t n) {
         if (n > bytes_.size() - at_) raise(err::UnsupportedAutomationType);
         std::string_view part = bytes_.substr(at_, n);
@@ -130,6 +131,10 @@ Variant readArray(Reader& in, VarType elementType, int depth) {
         if (count[d] < 0 || count[d] > 0xFFFF || lower[d] > INT32_MAX - count[d])
             raise(err::UnsupportedAutomationType);
     }
+    // The bounds are checked against what the record holds before anything
+    // is made of them.
+    const std::uint64_t elements = static_cast<std::uint64_t>(count[0]) * (dimensions == 2 ? count[1] : 1);
+    if (elements * sizeof(std::uint16_t) > in.remaining()) raise(err::UnsupportedAutomationType);
     Array array = dimensions == 1 ? Array::vector(lower[0], lower[0] + count[0] - 1, elementType)
                                   : Array::matrix(lower[0], lower[0] + count[0] - 1, lower[1],
                                                   lower[1] + count[1] - 1, elementType);

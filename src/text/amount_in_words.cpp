@@ -134,7 +134,10 @@ String Numero2Letra(Fun&, String strNum, std::int32_t Lo, std::int32_t NumDecima
         text += u" con " + numberInWords(cents, SexoCentimos, !centsWord.empty());
         if (!centsWord.empty()) text += u" " + centsWord;
     }
-    if (static_cast<std::int64_t>(text.size()) < Lo) text.append(static_cast<std::size_t>(Lo) - text.size(), u'*');
+    // Asterisks up to the length asked for, as String$ makes them: error 14
+    // past the longest text the library builds.
+    if (static_cast<std::int64_t>(text.size()) < Lo)
+        text += repeatChar(static_cast<std::int32_t>(Lo - static_cast<std::int64_t>(text.size())), u'*');
     return text;
 }
 

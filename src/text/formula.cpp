@@ -23,6 +23,24 @@ const StringView kBoundaries = u"%^*/\\+-()";
 // raise that error before the host's stack or memory are at risk.
 constexpr int kMaxDepth = 200;
 constexpr std::size_t kMaxText = 1 << 16;
+// Each step of the rewriting and of the final reading goes over the whole
+// remaining text, so a long run of operators costs the square of its
+// length. The characters gone over by one evaluation are counted, and past
+// this many the evaluation stops with the same error: milliseconds at most,
+// where ordinary formulas go over a few thousand.
+constexpr std::size_t kMaxWork = std::size_t(1) << 20;
+
+thread_local std::size_t workDone = 0;
+
+void spend(std::size_t characters) {
+    workDone += characters;
+    if (workDone > kMaxWork) raise(err::OutOfStackSpace);
+}
+
+// 10^n is read from the text "1" followed by n zeros; from 309 zeros on
+// that number is past the largest Double and reading it overflows. Past
+// this many the overflow is raised without writing the zeros out.
+constexpr std::int32_t kZerosWrittenOut = 400;
 
 bool isOneOf(char16_t c, StringView set) { return set.find(c) != StringView::npos; }
 
@@ -63,8 +81,10 @@ std::int32_t BuscaPrimerOperador(const String& text, StringView tokens, String& 
 // The last occurrence of `wanted` that ends at or before `limit`.
 std::int32_t PosicionInversa(std::int32_t limit, const String& text, const String& wanted) {
     const auto n = static_cast<std::int32_t>(wanted.size());
+    if (limit > static_cast<std::int32_t>(text.size())) limit = static_cast<std::int32_t>(text.size());
+    const StringView whole(text);
     for (std::int32_t i = limit - n + 1; i >= 1; --i)
-        if (textEquals(slice(text, i, i + n - 1), wanted)) return i;
+        if (textEquals(whole.substr(static_cast<std::size_t>(i - 1), static_cast<std::size_t>(n)), wanted)) return i;
     return 0;
 }
 
@@ -129,6 +149,7 @@ void ExtraeNumero(String& rest, String& number) {
         onError([&] {
             const std::int32_t n = Int32::ofDouble(val(from(rest, 3))).value();
             const char16_t expSign = at(rest, 2);
+            if (n > kZerosWrittenOut) raise(err::Overflow);  // as reading the digits would
             const String power = u"1" + repeatChar(n, u'0');
             const double scale = toDouble(Variant(power));
             const double value = toDouble(Variant(number));
@@ -147,6 +168,7 @@ String fence(String G) {
         for (;;) {
             const std::int32_t P = PosicionInversa(S, G, oper);
             if (P == 0) break;
+            spend(G.size());
             std::int32_t L = 0;
             for (std::int32_t j = P - 1; j >= 1; --j)
                 if (isOneOf(at(G, j), kBoundaries)) {
@@ -185,6 +207,7 @@ String evaluate(String F, int depth);
 // Step 3: each innermost group is replaced by the text of its value.
 String replaceGroups(String F, int depth) {
     while (inStr(F, u"(") > 0) {
+        spend(F.size());
         const std::int32_t C = inStr(F, u")");
         if (C == 0) {
             F += u")";
@@ -209,6 +232,7 @@ String leftToRight(String F) {
     Variant accumulator;
     for (;;) {
         if (F.empty()) return toString(accumulator);
+        spend(F.size());
         if (A.empty()) ExtraeNumero(F, A);
         const String op = slice(F, 1, 1);
         F = from(F, 2);
@@ -226,13 +250,19 @@ String leftToRight(String F) {
             if (right.isZero()) {
                 accumulator = Decimal();
             } else {
+                // Both operands become Longs, the left one first, before
+                // the divisor is tested.
+                const std::int32_t dividend = toLong(Variant(left));
                 const std::int32_t divisor = toLong(Variant(right));
                 if (divisor == 0) raise(err::DivisionByZero);
-                accumulator = Int32::of(std::int64_t(toLong(Variant(left))) / divisor).value();
+                accumulator = Int32::of(std::int64_t(dividend) / divisor).value();
             }
         } else if (op == u"^") {
             const double base = left.toDouble(), exponent = right.toDouble();
+            // A negative base with a fractional exponent, and zero to a
+            // negative power, are invalid calls of the power operator.
             if (base < 0 && exponent != std::floor(exponent)) raise(err::InvalidProcedureCall);
+            if (base == 0 && exponent < 0) raise(err::InvalidProcedureCall);
             const double power = std::pow(base, exponent);
             if (std::isinf(power) || std::isnan(power)) raise(err::Overflow);
             accumulator = power;
@@ -274,7 +304,10 @@ String evaluate(String F, int depth) {
 
 }  // namespace
 
-String EvaluaExpresion(const String& formula) { return evaluate(formula, 0); }
+String EvaluaExpresion(const String& formula) {
+    workDone = 0;
+    return evaluate(formula, 0);
+}
 
 double numCalculaFormula(Fun&, String Formula) { return val(EvaluaExpresion(Formula)); }
 

@@ -18,6 +18,7 @@
 #include "runtime/checked.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
+#include "runtime/limits.h"
 #include "runtime/text.h"
 
 namespace telvaro::text {
@@ -50,7 +51,8 @@ public:
     // occurrence at or after `start`, 0 when there is none.
     std::int32_t inStrFrom(std::int32_t start) const {
         if (start < 1) raise(err::InvalidProcedureCall);
-        if (start > textLength_ + 1) return 0;
+        // An empty Cadena is tested first: nothing is found in it.
+        if (textLength_ == 0 || start > textLength_ + 1) return 0;
         if (findIsEmpty_) return start;
         const auto next = std::lower_bound(positions_.begin(), positions_.end(), start);
         return next == positions_.end() ? 0 : *next;
@@ -64,9 +66,6 @@ private:
     bool findIsEmpty_;
     std::vector<std::int32_t> positions_;
 };
-
-// The runtime's longest text, 2^31 - 1 bytes of UTF-16.
-constexpr std::int64_t kMaxTextLength = 0x7FFFFFFF / 2;
 
 }  // namespace
 
@@ -127,7 +126,7 @@ String strRellena(const String& Cadena, const String& Relleno, std::int16_t Long
     //    after it on the right.
     if (d > 0) {
         if (std::int64_t(d) * static_cast<std::int64_t>(Relleno.size()) + static_cast<std::int64_t>(Cadena.size()) >
-            kMaxTextLength)
+            kMaxBuiltTextLength)
             raise(err::OutOfStringSpace);
         String fill;
         try {

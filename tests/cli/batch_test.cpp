@@ -51,11 +51,41 @@ TEST(JsonValues, RequestValuesDecodeToTheirVariantTypes) {
     }
 }
 
-TEST(JsonValues, UndecodableValuesAreMalformed) {
-    for (const char* bad : {R"({"type": "Integer", "value": 40000})", R"({"type": "Integer", "value": 1.5})",
-                            R"({"type": "Quaternion", "value": 1})", R"({"date": "1998-02-30"})",
-                            R"({"date": "ayer"})", R"({"color": 1})"}) {
-        EXPECT_THROW(decodeValue(json::parse(bad)), MalformedRequest) << bad;
+TEST(JsonValues, UndecodableValuesAreError5NamingTheField) {
+    struct Case {
+        const char* json;
+        const char* field;  // named in the description
+    };
+    const Case cases[] = {
+        {R"({"type": "Integer", "value": 40000})", "\"value\""},
+        {R"({"type": "Integer", "value": 1.5})", "\"value\""},
+        {R"({"type": "Long", "value": "abc"})", "\"value\""},
+        {R"({"type": "Long", "value": [1]})", "\"value\""},
+        {R"({"type": "Byte", "value": -1})", "\"value\""},
+        {R"({"type": "Double", "value": {"a": 1}})", "\"value\""},
+        {R"({"type": "Currency", "value": "1e30"})", "\"value\""},
+        {R"({"type": "Currency", "value": "doce"})", "\"value\""},
+        {R"({"type": "Decimal", "value": true})", "\"value\""},
+        {R"({"type": "Date", "value": 5})", "\"value\""},
+        {R"({"type": "String", "value": 5})", "\"value\""},
+        {R"({"type": "Boolean", "value": "si"})", "\"value\""},
+        {R"({"type": "Quaternion", "value": 1})", "\"type\""},
+        {R"({"type": 5})", "\"type\""},
+        {R"({"type": null})", "\"type\""},
+        {R"({"date": 5})", "\"date\""},
+        {R"({"date": "1998-02-30"})", "\"date\""},
+        {R"({"date": "ayer"})", "\"date\""},
+        {R"({"object": 5})", "\"object\""},
+        {R"({"color": 1})", "\"type\""},
+    };
+    for (const auto& c : cases) {
+        try {
+            decodeValue(json::parse(c.json));
+            ADD_FAILURE() << c.json << " was decoded";
+        } catch (const RuntimeError& e) {
+            EXPECT_EQ(e.number(), err::InvalidProcedureCall) << c.json;
+            EXPECT_NE(toUtf8(e.description()).find(c.field), std::string::npos) << c.json << ": " << e.what();
+        }
     }
     EXPECT_EQ(errorNumberOf([] { decodeValue(json::parse(R"({"object": "grid"})")); }),
               err::ObjectDoesNotSupportAction);
@@ -119,7 +149,7 @@ TEST(Batch, ErrorsAnswerTheRuntimeNumbers) {
         {R"([1,2])", -1},
         {R"({"id":8})", -1},
         {R"({"id":9,"method":"strCuentaCaracteres","args":"abc"})", -1},
-        {R"({"id":10,"method":"strCuentaCaracteres","args":[{"type":"Integer","value":99999}]})", -1},
+        {R"({"id":10,"method":"strCuentaCaracteres","args":[{"type":"Integer","value":99999}]})", 5},
     };
     for (const auto& c : cases) {
         json a = answerOf(c.request);

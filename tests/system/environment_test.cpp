@@ -135,7 +135,9 @@ TEST(Launcher, ProgramsStartWithTheirParametersInTheirFolder) {
     std::ofstream(script) << "#!/bin/sh\npwd > salida.tmp\nfor a in \"$@\"; do echo \"[$a]\" >> salida.tmp; done\nmv salida.tmp salida.txt\n";
     fs::permissions(script, fs::perms::owner_all);
 
-    const auto command = posix::launchCommand(fromUtf8(script.string()), u"uno \"dos tres\" \"\"\"q\"\"\"", folder);
+    // A path as callers write one, relative to the working folder (the home
+    // folder): an absolute POSIX path outside a mapped drive is on drive C.
+    const auto command = posix::launchCommand(u"lanzar\\programa", u"uno \"dos tres\" \"\"\"q\"\"\"", folder);
     ASSERT_EQ(command.size(), 4u);
     EXPECT_TRUE(posix::startDetached(command, folder));
     ASSERT_TRUE(appears(folder / "salida.txt"));

@@ -2,6 +2,7 @@
 // home folder.
 #include <gtest/gtest.h>
 
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -139,6 +140,64 @@ TEST_F(IniFiles, TwoProcessesWritingAtOnceLoseNothing) {
             EXPECT_EQ(read(section, fromUtf8("k" + std::to_string(i)).c_str()), u"v") << toUtf8(section) << i;
 }
 
+// Names in a folder that are temporary files of an interrupted write.
+std::vector<std::string> temporariesIn(const fs::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder))
+        if (entry.path().filename().string().find(".telvaro-tmp-") != std::string::npos)
+            names.push_back(entry.path().filename().string());
+    return names;
+}
+
+TEST_F(IniFiles, AWriteRemovesWhatKilledWritesLeftInItsFolder) {
+    const fs::path folder = posix::mapPath(u"C:\\App");
+    const struct {
+        const char* name;
+        bool stale;
+    } files[] = {
+        {".app.ini.telvaro-tmp-Ab12Cd", true},
+        {".otro.ini.telvaro-tmp-000000", true},
+        {"app.ini.telvaro-tmp-Ab12Cd", false},   // not hidden: not ours
+        {".app.ini.telvaro-tmp-Ab12C", false},   // not six characters
+        {".app.ini.XXXXXX", false},
+        {"notas.txt", false},
+    };
+    for (const auto& f : files) std::ofstream(folder / f.name) << "x";
+    write(u"S", u"k", u"v");
+    for (const auto& f : files) EXPECT_EQ(fs::exists(folder / f.name), !f.stale) << f.name;
+    EXPECT_EQ(read(u"S", u"k"), u"v");
+}
+
+TEST_F(IniFiles, AfterAWriterIsKilledTheNextWriteLeavesNoTemporaryFile) {
+    pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        for (int i = 0;; ++i) write(u"S", u"k", fromUtf8(std::to_string(i)));
+    }
+    ::usleep(200000);
+    ::kill(child, SIGKILL);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    write(u"S", u"fin", u"1");
+    EXPECT_TRUE(temporariesIn(posix::mapPath(u"C:\\App")).empty());
+    EXPECT_EQ(read(u"S", u"fin"), u"1");
+    EXPECT_FALSE(read(u"S", u"k").empty()) << "the killed writer's last complete write is there";
+}
+
+TEST(ProfileWrites, CreateDriveCAsTheFileWritesDo) {
+    const fs::path home = fs::temp_directory_path() / ("telvaro-fresh-" + std::to_string(::getpid()));
+    fs::remove_all(home);
+    ScopedVariable variable("TELVARO_HOME", home.c_str());
+    Fun fun(defaultPlatform());
+    std::vector<Variant> args{Variant(u"C:\\x.ini"), Variant(u"S"), Variant(u"K"), Variant(u"v")};
+    invoke(fun, "INI_GuardarIni", args);
+    EXPECT_TRUE(fs::is_regular_file(home / "drives" / "c" / "x.ini"));
+    std::vector<Variant> other{Variant(u"Q:\\x.ini"), Variant(u"S"), Variant(u"K"), Variant(u"v")};
+    invoke(fun, "INI_GuardarIni", other);
+    EXPECT_FALSE(fs::exists(home / "drives" / "q")) << "another drive exists only when its folder does";
+    fs::remove_all(home);
+}
+
 TEST(Paths, WindowsFormPathsMapUnderTheHomeFolder) {
     ScopedVariable home("TELVARO_HOME", "/tmp/th");
     ScopedVariable noDriveD("TELVARO_DRIVE_D", nullptr);
@@ -146,7 +205,7 @@ TEST(Paths, WindowsFormPathsMapUnderTheHomeFolder) {
     EXPECT_EQ(posix::mapPath(u"d:/datos/./x.db"), fs::path("/tmp/th/drives/d/datos/x.db"));
     EXPECT_EQ(posix::mapPath(u"\\windows\\temp"), fs::path("/tmp/th/drives/c/windows/temp"));
     EXPECT_EQ(posix::mapPath(u"\\\\srv\\share\\a.txt"), fs::path("/tmp/th/unc/srv/share/a.txt"));
-    EXPECT_EQ(posix::mapPath(u"/var/tmp/a"), fs::path("/var/tmp/a"));
+    EXPECT_EQ(posix::mapPath(u"/var/tmp/a"), fs::path("/tmp/th/drives/c/var/tmp/a"));
     EXPECT_EQ(posix::mapPath(u"sub\\a.ini"), fs::path("sub/a.ini"));
     ScopedVariable driveD("TELVARO_DRIVE_D", "/mnt/datos");
     EXPECT_EQ(posix::mapPath(u"D:\\x"), fs::path("/mnt/datos/x"));

@@ -106,5 +106,26 @@ TEST(Numero2Letra, BadInput) {
               err::InvalidProcedureCall);
 }
 
+TEST(Numero2Letra, PaddingStopsAtTheLongestTextBuilt) {
+    struct Case {
+        std::int32_t length;
+        int error;
+    };
+    const Case cases[] = {
+        {2147483647, err::OutOfStringSpace},
+        {1000000000, err::OutOfStringSpace},
+        {(1 << 24) + 100, err::OutOfStringSpace},
+        {1 << 20, 0},
+    };
+    for (const auto& c : cases) {
+        Variant result;
+        EXPECT_EQ(errorNumberOf([&] { result = amount({Variant(u"1"), Variant(c.length)}); }), c.error) << c.length;
+        if (!c.error) {
+            EXPECT_EQ(result.get<String>().size(), static_cast<std::size_t>(c.length));
+            EXPECT_EQ(result.get<String>().back(), u'*');
+        }
+    }
+}
+
 }  // namespace
 }  // namespace telvaro

@@ -41,9 +41,52 @@ TEST(Formula, ErrorsOfTheArithmeticReachTheCaller) {
     EXPECT_EQ(errorNumberOf([] { calc(u"99999999999999*99999999999999*99999999999999"); }), err::Overflow);
 }
 
+TEST(Formula, OperandsAreConvertedBeforeTheyAreTested) {
+    struct Case {
+        const char16_t* formula;
+        int error;
+    };
+    const Case cases[] = {
+        // Both operands of an integer division become Longs, the left one
+        // first, before the divisor is tested.
+        {u"99999999999\\0.4", err::Overflow},
+        {u"7\\99999999999", err::Overflow},
+        {u"7\\0.4", err::DivisionByZero},
+        // Zero to a negative power is an invalid call of "^".
+        {u"0^-1", err::InvalidProcedureCall},
+        {u"0^-0.5", err::InvalidProcedureCall},
+        {u"(-8)^0.5", err::InvalidProcedureCall},
+        {u"0^0", 0},
+        {u"10^400", err::Overflow},
+    };
+    for (const auto& c : cases) EXPECT_EQ(errorNumberOf([&] { calc(c.formula); }), c.error) << toUtf8(c.formula);
+}
+
+TEST(Formula, HugeExponentsOverflowAsTheirDigitsWould) {
+    // Reading 10^n from its digits overflows for every n past 308; the
+    // failed statement is skipped and the number keeps its value, however
+    // many digits there would be.
+    for (const char16_t* huge : {u"2e+1000000000", u"2e-1000000000", u"2e+1000", u"2e+401"})
+        EXPECT_DOUBLE_EQ(calc(huge), calc(u"2e+400")) << toUtf8(huge);
+    EXPECT_DOUBLE_EQ(calc(u"2e+3"), 2000);
+    EXPECT_DOUBLE_EQ(calc(u"2e-3"), 0.002);
+}
+
 TEST(Formula, RunawayRewritingIsOutOfStackSpace) {
     for (const char16_t* f : {u"2*-1+3*4-5", u"2*-3+4*5-6"})
         EXPECT_EQ(errorNumberOf([&] { calc(f); }), err::OutOfStackSpace) << toUtf8(f);
+    // Long runs of operators and terms: each step goes over the whole text,
+    // so the work of one evaluation is bounded.
+    String sum = u"1";
+    for (int i = 0; i < 5000; ++i) sum += u"+1";
+    String groups;
+    for (int i = 0; i < 3000; ++i) groups += u"(1)+";
+    for (const String& f : {String(40000, u'\\'), String(4000, u'\\'), u"2" + String(4000, u'^') + u"3", sum, groups})
+        EXPECT_EQ(errorNumberOf([&] { calc(f.c_str()); }), err::OutOfStackSpace) << f.size();
+    // Within the bound, long formulas are evaluated as always.
+    String shortSum = u"1";
+    for (int i = 0; i < 200; ++i) shortSum += u"+1";
+    EXPECT_DOUBLE_EQ(calc(shortSum.c_str()), 201);
     String deep(300, u'(');
     deep += u"1+1";
     EXPECT_DOUBLE_EQ(calc(deep.c_str()), 2) << "groups are replaced one after another, not nested";

@@ -101,10 +101,9 @@ TEST(StrPosicionXAvoCaracter, FindsTheNthOccurrenceAndWrapsAround) {
         {"strPosicion_XAvo_Caracter", {S(u"a,b,c"), S(u","), I(5)}, I(4)},
         {"strPosicion_XAvo_Caracter", {S(u"a,b,c"), S(u","), I(7)}, I(2)},
         {"strPosicion_XAvo_Caracter", {S(u"abc"), S(u","), I(3)}, I(0)},
-        // An empty Caracter gives 0, unless Cadena is empty too: then the
-        // empty text is found at 1, and the next search again fails.
+        // An empty Caracter gives 0, in an empty Cadena too.
         {"strPosicion_XAvo_Caracter", {S(u"abc"), S(u""), I(1)}, I(0)},
-        {"strPosicion_XAvo_Caracter", {S(u""), S(u""), I(1)}, I(1)},
+        {"strPosicion_XAvo_Caracter", {S(u""), S(u""), I(1)}, I(0)},
         {"strPosicion_XAvo_Caracter", {S(u""), S(u""), I(2)}, I(0)},
         {"strPosicion_XAvo_Caracter", {S(u""), S(u","), I(1)}, I(0)},
         {"strPosicion_XAvo_Caracter", {S(u"a,b"), S(u","), I(0)}, I(0)},

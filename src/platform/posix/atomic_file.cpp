@@ -32,8 +32,23 @@ FolderLock::~FolderLock() {
     }
 }
 
+bool isTemporaryName(const std::string& name) {
+    const std::size_t mark = name.rfind(kTemporaryMark);
+    if (name.size() < 2 || name[0] != '.' || mark == std::string::npos) return false;
+    return name.size() - mark - kTemporaryMark.size() == 6;  // mkstemp's six characters
+}
+
+void removeStaleTemporaries(const fs::path& folder) {
+    std::error_code ec;
+    for (const auto& entry : fs::directory_iterator(folder.empty() ? fs::path(".") : folder, ec)) {
+        if (!isTemporaryName(entry.path().filename().string())) continue;
+        if (entry.is_regular_file(ec) && !entry.is_symlink(ec)) fs::remove(entry.path(), ec);
+    }
+}
+
 bool replaceFile(const fs::path& path, const std::string& bytes) {
-    std::string temp = (path.parent_path() / ("." + path.filename().string() + ".XXXXXX")).string();
+    const std::string name = "." + path.filename().string() + std::string(kTemporaryMark) + "XXXXXX";
+    std::string temp = (path.parent_path() / name).string();
     int fd = ::mkostemp(temp.data(), O_CLOEXEC);
     if (fd < 0) return false;
     bool ok = ::write(fd, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());

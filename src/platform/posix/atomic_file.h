@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace telvaro::posix {
 
@@ -27,7 +28,17 @@ private:
 };
 
 // Writes `bytes` to a new file beside `path` and renames it over `path`.
+// The new file is named ".<name>.telvaro-tmp-XXXXXX" until the rename.
 bool replaceFile(const std::filesystem::path& path, const std::string& bytes);
+
+// What marks a temporary file of `replaceFile`, and the test for its name.
+inline constexpr std::string_view kTemporaryMark = ".telvaro-tmp-";
+bool isTemporaryName(const std::string& fileName);
+
+// Removes the temporary files a killed writer left in `folder`. Only under
+// the folder's lock: every writer renames its temporary file before it lets
+// the lock go, so any one found then is stale.
+void removeStaleTemporaries(const std::filesystem::path& folder);
 
 // Under the folder's lock, replaces the file's content with what `change`
 // makes of it (the old content, or empty when the file is missing). False
@@ -36,6 +47,7 @@ template <class Change>
 bool changeFile(const std::filesystem::path& path, Change&& change) {
     FolderLock lock(path.parent_path());
     if (!lock.held()) return false;
+    removeStaleTemporaries(path.parent_path());
     return replaceFile(path, change(readBytes(path).value_or(std::string())));
 }
 

@@ -53,11 +53,14 @@ std::optional<fs::path> opener() {
 std::optional<fs::path> locate(StringView file, const fs::path& folder) {
     std::error_code ec;
     if (file.find_first_of(u"\\/:") != StringView::npos) {
-        fs::path p = mapPath(file);
+        // Absolute: the program starts in its own working folder.
+        fs::path p = fs::absolute(mapPath(file), ec);
         if (fs::exists(p, ec)) return p;
         return std::nullopt;
     }
     const std::string name = toUtf8(file);
+    // "." and ".." name folders, never a file to run.
+    if (name.find_first_not_of('.') == std::string::npos) return std::nullopt;
     if (!folder.empty() && fs::exists(folder / name, ec)) return folder / name;
     if (auto program = onPath(name)) return program;
     if (name.size() > 4 && (name.substr(name.size() - 4) == ".exe" || name.substr(name.size() - 4) == ".EXE"))

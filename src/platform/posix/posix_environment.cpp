@@ -10,6 +10,7 @@
 #include "platform/posix/internet_probe.h"
 #include "platform/posix/launcher.h"
 #include "platform/posix/sound_output.h"
+#include "runtime/error.h"
 
 namespace telvaro::posix {
 
@@ -34,12 +35,24 @@ String PosixEnvironment::userName() {
 
 void PosixEnvironment::open(StringView file, StringView parameters, StringView folder, int /*showCommand*/) {
     // Linux has no "show without activating": the window manager decides.
-    const auto workingFolder = folder.empty() ? std::filesystem::path() : mapPath(folder);
-    startDetached(launchCommand(file, parameters, workingFolder), workingFolder);
+    std::filesystem::path workingFolder;
+    try {
+        if (!folder.empty()) workingFolder = mapPath(folder);
+        startDetached(launchCommand(file, parameters, workingFolder), workingFolder);
+    } catch (const RuntimeError&) {
+        // A name no file or folder can have: nothing is started, as when
+        // the file is not found.
+    }
 }
 
 bool PosixEnvironment::internetReachable() { return canConnect(probeAddress(), kProbeTimeoutMs); }
 
-bool PosixEnvironment::playSound(StringView file, int flags) { return sound_->play(mapPath(file), flags); }
+bool PosixEnvironment::playSound(StringView file, int flags) {
+    try {
+        return sound_->play(mapPath(file), flags);
+    } catch (const RuntimeError&) {
+        return false;  // a name no file can have: nothing to play
+    }
+}
 
 }  // namespace telvaro::posix

@@ -93,21 +93,28 @@ off_t recordOffset(std::int32_t number, std::size_t length) {
 }  // namespace
 
 fs::path PosixFileSystem::resolve(StringView path) {
-    std::error_code ec;
-    fs::create_directories(driveFolder(u'c'), ec);  // drive C always exists
+    ensureSystemDrive();
     return mapPath(path);
 }
 
 bool PosixFileSystem::fileExists(StringView path) {
     if (path.empty() || hasWildcards(path)) return false;
     std::error_code ec;
-    return fs::is_regular_file(resolve(path), ec);
+    try {
+        return fs::is_regular_file(resolve(path), ec);
+    } catch (const RuntimeError&) {
+        return false;  // a name no file can have
+    }
 }
 
 bool PosixFileSystem::folderExists(StringView path) {
     if (path.empty() || hasWildcards(path)) return false;
     std::error_code ec;
-    return fs::is_directory(resolve(path), ec);
+    try {
+        return fs::is_directory(resolve(path), ec);
+    } catch (const RuntimeError&) {
+        return false;  // a name no folder can have
+    }
 }
 
 void PosixFileSystem::createFolder(StringView path) {
@@ -155,11 +162,11 @@ String PosixFileSystem::specialFolder(int which) {
         case 1:
             fs::create_directories(resolve(u"C:\\Windows\\System32"), ec);
             return u"C:\\Windows\\System32";
-        case 2: {
-            fs::path temp = fs::temp_directory_path(ec);
-            if (ec) temp = "/tmp";
-            return fromUtf8(temp.string());
-        }
+        case 2:
+            // Inside drive C like the others: the system's own temporary
+            // folder is out of the library's reach.
+            fs::create_directories(resolve(u"C:\\Windows\\Temp"), ec);
+            return u"C:\\Windows\\Temp";
         default: raise(err::InvalidProcedureCall);
     }
 }

@@ -4,6 +4,7 @@
 #include "platform/ini_document.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/home.h"
+#include "runtime/error.h"
 
 namespace telvaro::posix {
 
@@ -27,7 +28,13 @@ fs::path PosixProfileFiles::locate(StringView file) {
 String PosixProfileFiles::getString(StringView file, StringView section, StringView key, StringView defaultText,
                                     std::size_t bufferSize) {
     String result = withoutTrailingBlanks(defaultText);
-    if (auto bytes = readBytes(locate(file))) {
+    std::optional<std::string> bytes;
+    try {
+        bytes = readBytes(locate(file));
+    } catch (const RuntimeError&) {
+        // A name no file can have: nothing to read, as for a missing file.
+    }
+    if (bytes) {
         if (auto value = IniDocument(fromAnsi(*bytes)).value(section, key)) result = *value;
     }
     if (bufferSize == 0) return {};
@@ -36,7 +43,14 @@ String PosixProfileFiles::getString(StringView file, StringView section, StringV
 }
 
 bool PosixProfileFiles::writeString(StringView file, StringView section, StringView key, StringView value) {
-    const fs::path path = locate(file);
+    // As the file writes do: drive C is there before anything is written.
+    ensureSystemDrive();
+    fs::path path;
+    try {
+        path = locate(file);
+    } catch (const RuntimeError&) {
+        return false;
+    }
     std::error_code ec;
     // The Windows folder always exists on Windows; other folders must.
     if (!isFullPath(file)) fs::create_directories(path.parent_path(), ec);
