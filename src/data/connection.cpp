@@ -13,9 +13,12 @@ constexpr StringView kSource = u"ADODB.Connection";
 
 enum class Member { Open, Execute, Close, State, CursorLocation, ConnectionString };
 constexpr MemberName<Member> kMembers[] = {
-    {u"Open", Member::Open},   {u"Execute", Member::Execute},
-    {u"Close", Member::Close}, {u"State", Member::State},
-    {u"CursorLocation", Member::CursorLocation}, {u"ConnectionString", Member::ConnectionString},
+    {u"Open", Member::Open},
+    {u"Execute", Member::Execute},
+    {u"Close", Member::Close},
+    {u"State", Member::State},
+    {u"CursorLocation", Member::CursorLocation},
+    {u"ConnectionString", Member::ConnectionString},
 };
 
 // Command types and execution flags of Execute's Options.

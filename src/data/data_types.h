@@ -8,27 +8,27 @@ namespace telvaro::data {
 
 enum class DataType : std::int32_t {
     Empty = 0,
-    SmallInt = 2,         // Integer
-    Integer = 3,          // Long
-    Single = 4,           // read as Double
-    Double = 5,           // Double
-    Currency = 6,         // Currency
-    Date = 7,             // Date
-    Boolean = 11,         // Boolean
-    Decimal = 14,         // Decimal
-    TinyInt = 16,         // read as Integer
-    UnsignedTinyInt = 17, // Byte
-    BigInt = 20,          // Long within its range, else Decimal
-    Guid = 72,            // String
-    WChar = 130,          // String
-    Numeric = 131,        // Decimal
-    DBDate = 133,         // Date
-    DBTime = 134,         // Date
-    DBTimeStamp = 135,    // Date
-    VarWChar = 202,       // String
-    LongVarWChar = 203,   // String
-    VarBinary = 204,      // Byte array
-    LongVarBinary = 205,  // Byte array
+    SmallInt = 2,          // Integer
+    Integer = 3,           // Long
+    Single = 4,            // read as Double
+    Double = 5,            // Double
+    Currency = 6,          // Currency
+    Date = 7,              // Date
+    Boolean = 11,          // Boolean
+    Decimal = 14,          // Decimal
+    TinyInt = 16,          // read as Integer
+    UnsignedTinyInt = 17,  // Byte
+    BigInt = 20,           // Long within its range, else Decimal
+    Guid = 72,             // String
+    WChar = 130,           // String
+    Numeric = 131,         // Decimal
+    DBDate = 133,          // Date
+    DBTime = 134,          // Date
+    DBTimeStamp = 135,     // Date
+    VarWChar = 202,        // String
+    LongVarWChar = 203,    // String
+    VarBinary = 204,       // Byte array
+    LongVarBinary = 205,   // Byte array
 };
 
 // Cursor and lock settings of a recordset, and where its cursor lives.

@@ -8,8 +8,10 @@ namespace telvaro::data {
 std::unique_ptr<ProviderSession> openSession(StringView connectionString, const DataServices& services) {
     const ConnectionTarget target = chooseEngine(connectionString);
     switch (target.engine) {
-        case Engine::Odbc: return openOdbcSession(target.target);
-        case Engine::Embedded: break;
+        case Engine::Odbc:
+            return openOdbcSession(target.target);
+        case Engine::Embedded:
+            break;
     }
     return openSqliteSession(target.target, services);
 }

@@ -42,9 +42,7 @@ std::int32_t RecordCursor::columnIndex(StringView name) const {
     return -1;
 }
 
-std::int32_t RecordCursor::recordCount() const {
-    return loaded_ ? static_cast<std::int32_t>(rows_.rowCount()) : -1;
-}
+std::int32_t RecordCursor::recordCount() const { return loaded_ ? static_cast<std::int32_t>(rows_.rowCount()) : -1; }
 
 bool RecordCursor::bof() const {
     if (loaded_) return rows_.rowCount() == 0 || current_ < 0;

@@ -11,8 +11,21 @@ namespace {
 constexpr StringView kSource = u"ADODB.Recordset";
 
 enum class Member {
-    Open, Close, State, RecordCount, AbsolutePosition, BOF, EOF_, MoveFirst, MovePrevious, MoveNext, MoveLast,
-    Fields, CursorLocation, DataSource, DataMember,
+    Open,
+    Close,
+    State,
+    RecordCount,
+    AbsolutePosition,
+    BOF,
+    EOF_,
+    MoveFirst,
+    MovePrevious,
+    MoveNext,
+    MoveLast,
+    Fields,
+    CursorLocation,
+    DataSource,
+    DataMember,
 };
 constexpr MemberName<Member> kMembers[] = {
     {u"Open", Member::Open},

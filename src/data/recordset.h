@@ -32,7 +32,8 @@ public:
 
     // Opens the recordset over `source` on `connection` with the current
     // settings; it stays closed when the statement returns no rows.
-    void open(const std::shared_ptr<Connection>& connection, StringView source, std::int32_t* recordsAffected = nullptr);
+    void open(const std::shared_ptr<Connection>& connection, StringView source,
+              std::int32_t* recordsAffected = nullptr);
     void close();
     bool isOpen() const { return state_->open(); }
     const std::shared_ptr<RecordsetState>& state() const { return state_; }

@@ -22,10 +22,14 @@ constexpr std::int32_t kSaveCreateOverWrite = 2;
 
 enum class Member { Type, Open, Write, Read, SaveToFile, LoadFromFile, Close, State };
 constexpr MemberName<Member> kMembers[] = {
-    {u"Type", Member::Type},       {u"Open", Member::Open},
-    {u"Write", Member::Write},     {u"Read", Member::Read},
-    {u"SaveToFile", Member::SaveToFile}, {u"LoadFromFile", Member::LoadFromFile},
-    {u"Close", Member::Close},     {u"State", Member::State},
+    {u"Type", Member::Type},
+    {u"Open", Member::Open},
+    {u"Write", Member::Write},
+    {u"Read", Member::Read},
+    {u"SaveToFile", Member::SaveToFile},
+    {u"LoadFromFile", Member::LoadFromFile},
+    {u"Close", Member::Close},
+    {u"State", Member::State},
 };
 
 std::filesystem::path resolved(const DataServices& services, StringView fileName) {

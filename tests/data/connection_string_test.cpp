@@ -1,7 +1,8 @@
 // Connection strings: their pairs, and the engine each one names.
+#include "data/connection_string.h"
+
 #include <gtest/gtest.h>
 
-#include "data/connection_string.h"
 #include "data/errors.h"
 #include "support/support.h"
 
@@ -16,7 +17,8 @@ TEST(ConnectionStrings, Pairs) {
     const Case cases[] = {
         {u"a=1;b=2", {{u"a", u"1"}, {u"b", u"2"}}},
         {u" Data Source = C:\\x.db ; ", {{u"Data Source", u"C:\\x.db"}}},
-        {u"Driver={PostgreSQL Unicode};Server=127.0.0.1;", {{u"Driver", u"PostgreSQL Unicode"}, {u"Server", u"127.0.0.1"}}},
+        {u"Driver={PostgreSQL Unicode};Server=127.0.0.1;",
+         {{u"Driver", u"PostgreSQL Unicode"}, {u"Server", u"127.0.0.1"}}},
         {u"Pwd={a;b=c}}};Uid=u", {{u"Pwd", u"a;b=c}"}, {u"Uid", u"u"}}},
         {u";;a=;", {{u"a", u""}}},
         {u"", {}},

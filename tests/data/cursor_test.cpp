@@ -79,7 +79,10 @@ TEST(Cursors, MovesCountsAndPositions) {
         int error = 0;
         try {
             for (const char* m = c.moves; *m; ++m) {
-                const char16_t* move = *m == 'F' ? u"MoveFirst" : *m == 'P' ? u"MovePrevious" : *m == 'N' ? u"MoveNext" : u"MoveLast";
+                const char16_t* move = *m == 'F'   ? u"MoveFirst"
+                                       : *m == 'P' ? u"MovePrevious"
+                                       : *m == 'N' ? u"MoveNext"
+                                                   : u"MoveLast";
                 rs->call(move);
             }
         } catch (const RuntimeError& e) {
@@ -120,7 +123,8 @@ TEST(Cursors, TheConnectionsLocationIsTheRecordsetsUnlessItHasItsOwn) {
 TEST(Cursors, ExecuteGivesAForwardOnlyRecordsetAtTheConnectionsLocation) {
     for (std::int32_t location : {2, 3}) {
         ObjectRef connection = memoryConnection(kThreeRows, location);
-        ObjectRef rs = connection->call(u"Execute", {Variant(u"SELECT MAX(id) AS UCodi FROM t WHERE 1=1")}).get<ObjectRef>();
+        ObjectRef rs =
+            connection->call(u"Execute", {Variant(u"SELECT MAX(id) AS UCodi FROM t WHERE 1=1")}).get<ObjectRef>();
         EXPECT_EQ(toLong(rs->get(u"RecordCount")), location == 3 ? 1 : -1);
         EXPECT_TRUE(identical(rs->get(u"Fields", {Variant(u"ucodi")}).get<ObjectRef>()->get(u"Value"), Variant(3)));
     }

@@ -30,7 +30,9 @@ fs::path driveFile(StringView p) {
     return file;
 }
 
-DataServices homeServices() { return DataServices{[](StringView p) { return driveFile(p); }}; }
+DataServices homeServices() {
+    return DataServices{[](StringView p) { return driveFile(p); }};
+}
 
 ObjectRef create(StringView progId) { return createDataObject(progId, homeServices()); }
 
@@ -111,8 +113,8 @@ PostgresServer::PostgresServer() {
         return;
     }
     port_ = freePort();
-    const std::string options = "-c listen_addresses=127.0.0.1 -p " + std::to_string(port_) + " -k " +
-                                folder_.string() + " -c fsync=off";
+    const std::string options =
+        "-c listen_addresses=127.0.0.1 -p " + std::to_string(port_) + " -k " + folder_.string() + " -c fsync=off";
     if (runAsServerUser(std::string(kBin) + "pg_ctl -D " + data + " -l " + (folder_ / "log").string() + " -o '" +
                         options + "' -w -t 60 start") != 0) {
         failure_ = "pg_ctl could not start the server on port " + std::to_string(port_) + " (see " +
@@ -129,7 +131,8 @@ String PostgresServer::connectionString() const {
 
 void PostgresServer::stop() {
     if (folder_.empty()) return;
-    if (ready_) runAsServerUser(std::string(kBin) + "pg_ctl -D " + (folder_ / "data").string() + " -m immediate -w stop");
+    if (ready_)
+        runAsServerUser(std::string(kBin) + "pg_ctl -D " + (folder_ / "data").string() + " -m immediate -w stop");
     ready_ = false;
     std::error_code ec;
     fs::remove_all(folder_, ec);

@@ -3,8 +3,8 @@
 // the errors of closed objects and of members they do not have.
 #include <gtest/gtest.h>
 
-#include "data/errors.h"
 #include "data/data_types.h"
+#include "data/errors.h"
 #include "data/factory.h"
 #include "data_support.h"
 
@@ -27,8 +27,10 @@ TEST(Objects, MembersAreFoundWithoutRegardToCaseAndUnknownOnesAre438) {
     const ObjectRef fields = rs->get(u"Fields").get<ObjectRef>();
     const ObjectRef objects[] = {connection, rs, fields, field(rs, Variant(0)), create(u"ADODB.Stream")};
     for (const auto& object : objects) {
-        EXPECT_EQ(errorNumberOf([&] { object->get(u"AddNew"); }), err::ObjectDoesNotSupport) << toUtf8(object->typeName());
-        EXPECT_EQ(errorNumberOf([&] { object->call(u"Requery"); }), err::ObjectDoesNotSupport) << toUtf8(object->typeName());
+        EXPECT_EQ(errorNumberOf([&] { object->get(u"AddNew"); }), err::ObjectDoesNotSupport)
+            << toUtf8(object->typeName());
+        EXPECT_EQ(errorNumberOf([&] { object->call(u"Requery"); }), err::ObjectDoesNotSupport)
+            << toUtf8(object->typeName());
     }
     // Read-only members refuse assignment the same way.
     EXPECT_EQ(errorNumberOf([&] { rs->put(u"RecordCount", Variant(1)); }), err::ObjectDoesNotSupport);
@@ -56,9 +58,11 @@ TEST(Objects, FieldsByOrdinalByNameAndAsTheDefaultMember) {
     };
     for (const auto& c : cases) {
         // rs.Fields(i), rs(i) and rs.Fields.Item(i) name the same field.
-        const int e1 = errorNumberOf([&] { EXPECT_TRUE(identical(field(rs, c.index)->get(u""), c.value)) << describe(c.index); });
+        const int e1 =
+            errorNumberOf([&] { EXPECT_TRUE(identical(field(rs, c.index)->get(u""), c.value)) << describe(c.index); });
         const int e2 = errorNumberOf([&] {
-            EXPECT_TRUE(identical(rs->get(u"", {c.index}).get<ObjectRef>()->get(u"Value"), c.value)) << describe(c.index);
+            EXPECT_TRUE(identical(rs->get(u"", {c.index}).get<ObjectRef>()->get(u"Value"), c.value))
+                << describe(c.index);
         });
         const int e3 = errorNumberOf([&] {
             const ObjectRef fields = rs->get(u"Fields").get<ObjectRef>();
@@ -74,8 +78,9 @@ TEST(Objects, FieldsByOrdinalByNameAndAsTheDefaultMember) {
 }
 
 TEST(Objects, FieldNamesTypesAndSizes) {
-    ObjectRef rs = openRecordset(memoryConnection(kPeople, 3), u"SELECT codigo, nombre, saldo, foto, nota, "
-                                                               u"codigo * 2 AS doble, 3000000000 AS grande FROM personas");
+    ObjectRef rs = openRecordset(memoryConnection(kPeople, 3),
+                                 u"SELECT codigo, nombre, saldo, foto, nota, "
+                                 u"codigo * 2 AS doble, 3000000000 AS grande FROM personas");
     struct Case {
         std::int32_t ordinal;
         const char16_t* name;
@@ -145,20 +150,45 @@ TEST(Objects, ClosedAndOpenObjects) {
         {"close a closed recordset", [&] { rs->call(u"Close"); }, ado::ObjectClosed},
         {"field of a closed recordset", [&] { rs->get(u"", {Variant(0)}); }, ado::ItemNotFound},
         {"open without a connection", [&] { rs->call(u"Open", {Variant(u"SELECT 1")}); }, ado::InvalidConnection},
-        {"open without a source", [&] { rs->call(u"Open", {Variant::missing(), Variant(connection)}); }, ado::InvalidArgument},
-        {"cursor type 4", [&] { rs->call(u"Open", {Variant(u"SELECT 1"), Variant(connection), Variant(4)}); }, ado::InvalidArgument},
-        {"lock type 5", [&] { rs->call(u"Open", {Variant(u"SELECT 1"), Variant(connection), Variant(0), Variant(5)}); }, ado::InvalidArgument},
-        {"a connection that is not one", [&] { rs->call(u"Open", {Variant(u"SELECT 1"), Variant(create(u"ADODB.Stream"))}); }, ado::InvalidConnection},
+        {"open without a source",
+         [&] {
+             rs->call(u"Open", {Variant::missing(), Variant(connection)});
+         },
+         ado::InvalidArgument},
+        {"cursor type 4",
+         [&] {
+             rs->call(u"Open", {Variant(u"SELECT 1"), Variant(connection), Variant(4)});
+         },
+         ado::InvalidArgument},
+        {"lock type 5",
+         [&] {
+             rs->call(u"Open", {Variant(u"SELECT 1"), Variant(connection), Variant(0), Variant(5)});
+         },
+         ado::InvalidArgument},
+        {"a connection that is not one",
+         [&] {
+             rs->call(u"Open", {Variant(u"SELECT 1"), Variant(create(u"ADODB.Stream"))});
+         },
+         ado::InvalidConnection},
         {"cursor location 1", [&] { rs->put(u"CursorLocation", Variant(1)); }, ado::InvalidArgument},
-        {"open twice", [&] {
+        {"open twice",
+         [&] {
              rs->call(u"Open", {Variant(u"SELECT 1"), Variant(connection)});
              rs->call(u"Open", {Variant(u"SELECT 1"), Variant(connection)});
-         }, ado::ObjectOpen},
+         },
+         ado::ObjectOpen},
         {"open a connection twice", [&] { connection->call(u"Open", {Variant(u":memory:")}); }, ado::ObjectOpen},
-        {"change an open connection's string", [&] { connection->put(u"ConnectionString", Variant(u"x")); }, ado::ObjectOpen},
+        {"change an open connection's string", [&] { connection->put(u"ConnectionString", Variant(u"x")); },
+         ado::ObjectOpen},
         {"open with an empty string", [&] { create(u"ADODB.Connection")->call(u"Open"); }, ado::InvalidArgument},
-        {"an unknown provider", [&] { create(u"ADODB.Connection")->call(u"Open", {Variant(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=C:\\a.mdb")}); }, ado::ProviderNotFound},
-        {"execute on a new connection", [&] { create(u"ADODB.Connection")->call(u"Execute", {Variant(u"SELECT 1")}); }, ado::InvalidConnection},
+        {"an unknown provider",
+         [&] {
+             create(u"ADODB.Connection")
+                 ->call(u"Open", {Variant(u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=C:\\a.mdb")});
+         },
+         ado::ProviderNotFound},
+        {"execute on a new connection", [&] { create(u"ADODB.Connection")->call(u"Execute", {Variant(u"SELECT 1")}); },
+         ado::InvalidConnection},
         {"execute without a statement", [&] { connection->call(u"Execute"); }, err::ArgumentNotOptional},
     };
     for (const auto& c : cases) EXPECT_EQ(errorNumberOf(c.call), c.error) << c.what;
@@ -193,7 +223,11 @@ TEST(Objects, StatementsWithoutRowsLeaveAClosedRecordsetAndCountTheirRows) {
     ObjectRef rs = create(u"ADODB.Recordset");
     rs->call(u"Open", {Variant(u"DELETE FROM personas WHERE codigo = 8"), Variant(connection)});
     EXPECT_EQ(toLong(rs->get(u"State")), 0);
-    EXPECT_EQ(toLong(openRecordset(connection, u"SELECT COUNT(*) FROM personas")->get(u"", {Variant(0)}).get<ObjectRef>()->get(u"")), 1);
+    EXPECT_EQ(toLong(openRecordset(connection, u"SELECT COUNT(*) FROM personas")
+                         ->get(u"", {Variant(0)})
+                         .get<ObjectRef>()
+                         ->get(u"")),
+              1);
 }
 
 TEST(Objects, TableSourcesAndPrivateConnections) {
@@ -203,7 +237,8 @@ TEST(Objects, TableSourcesAndPrivateConnections) {
     EXPECT_EQ(toLong(rs->get(u"RecordCount")), 2);
     rs->call(u"Close");
     // Reopened with its connection, cursor type, lock type and options left out.
-    rs->call(u"Open", {Variant(u"SELECT codigo FROM personas"), Variant::missing(), Variant(-1), Variant(-1), Variant(-1)});
+    rs->call(u"Open",
+             {Variant(u"SELECT codigo FROM personas"), Variant::missing(), Variant(-1), Variant(-1), Variant(-1)});
     EXPECT_EQ(toLong(rs->get(u"RecordCount")), 2);
     ObjectRef own = create(u"ADODB.Recordset");
     own->call(u"Open", {Variant(u"SELECT 'solo'"), Variant(u":memory:")});
@@ -229,10 +264,11 @@ TEST(Objects, TheFactoryKnowsTheThreeProgIds) {
         const char16_t* type;  // nullptr: not made here
     };
     const Case cases[] = {
-        {u"ADODB.Connection", u"Connection"}, {u"adodb.recordset", u"Recordset"}, {u"ADODB.Stream", u"Stream"},
-        {u"ADODB.Recordset.6.0", u"Recordset"}, {u"ADODB.Connection.2", u"Connection"},
-        {u"ADODB.RecordsetX", nullptr}, {u"ADODB.Recordset.", nullptr}, {u"ADODB.Command", nullptr},
-        {u"Excel.Application", nullptr}, {u"", nullptr},
+        {u"ADODB.Connection", u"Connection"},   {u"adodb.recordset", u"Recordset"},
+        {u"ADODB.Stream", u"Stream"},           {u"ADODB.Recordset.6.0", u"Recordset"},
+        {u"ADODB.Connection.2", u"Connection"}, {u"ADODB.RecordsetX", nullptr},
+        {u"ADODB.Recordset.", nullptr},         {u"ADODB.Command", nullptr},
+        {u"Excel.Application", nullptr},        {u"", nullptr},
     };
     for (const auto& c : cases) {
         const ObjectRef made = createDataObject(c.progId, homeServices());

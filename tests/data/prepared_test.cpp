@@ -1,9 +1,10 @@
 // Connections and recordsets made from a description, moved to a position,
 // and the report of a recordset's state.
+#include "data/prepared.h"
+
 #include <gtest/gtest.h>
 
 #include "data/errors.h"
-#include "data/prepared.h"
 #include "data_support.h"
 
 namespace telvaro::data::testing {
@@ -60,7 +61,8 @@ TEST(Prepared, AClosedRecordsetReportsOnlyThatItIsClosed) {
     const RecordsetReport report = describeRecordset(*rs);
     EXPECT_FALSE(report.open);
     EXPECT_TRUE(report.fields.empty());
-    EXPECT_EQ(describeRecordset(*openPreparedRecordset(connection, u"SELECT * FROM t", 0, 1, homeServices())).recordCount, 2);
+    EXPECT_EQ(
+        describeRecordset(*openPreparedRecordset(connection, u"SELECT * FROM t", 0, 1, homeServices())).recordCount, 2);
 }
 
 }  // namespace

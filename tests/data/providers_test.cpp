@@ -57,7 +57,8 @@ std::vector<ValueCase> valueCases() {
         {"negative integer", u"SELECT -7", nullptr, Variant(-7), DataType::Integer, Variant(-7), DataType::Integer},
         {"integer beyond Long", u"SELECT 3000000000", nullptr, Variant(3000000000.0), DataType::Integer,
          dec("3000000000"), DataType::BigInt},
-        {"floating", u"SELECT CAST(1.5 AS REAL)", nullptr, Variant(1.5), DataType::Double, Variant(1.5), DataType::Single},
+        {"floating", u"SELECT CAST(1.5 AS REAL)", nullptr, Variant(1.5), DataType::Double, Variant(1.5),
+         DataType::Single},
         {"exact number", u"SELECT 12.50", nullptr, Variant(12.5), DataType::Double, dec("12.50"), DataType::Numeric},
         {"text", u"SELECT 'Año ñandú'", nullptr, Variant(u"Año ñandú"), DataType::VarWChar, Variant(u"Año ñandú"),
          DataType::LongVarWChar},
@@ -145,10 +146,13 @@ TEST(Providers, FailuresOnPostgres) { checkFailures(Provider::Postgres); }
 // A failure after the first rows: while loading a client cursor, or on the
 // move that reaches the failing row of a server cursor.
 TEST(Providers, AFailureInTheMiddleOfTheRows) {
-    const String sql = u"SELECT CASE WHEN x < 2 THEN x ELSE abs(-9223372036854775807 - 1) END FROM "
-                       u"(SELECT 1 AS x UNION ALL SELECT 2)";
+    const String sql =
+        u"SELECT CASE WHEN x < 2 THEN x ELSE abs(-9223372036854775807 - 1) END FROM "
+        u"(SELECT 1 AS x UNION ALL SELECT 2)";
     ObjectRef client = create(u"ADODB.Recordset");
-    EXPECT_EQ(errorNumberOf([&] { client->call(u"Open", {Variant(sql), Variant(connect(Provider::Embedded, 3))}); }),
+    EXPECT_EQ(errorNumberOf([&] {
+                  client->call(u"Open", {Variant(sql), Variant(connect(Provider::Embedded, 3))});
+              }),
               ado::ErrorsInCommand);
     EXPECT_EQ(toLong(client->get(u"State")), 0);
     ObjectRef server = openRecordset(connect(Provider::Embedded, 2), sql);
@@ -162,15 +166,18 @@ TEST(Providers, CursorsOnPostgresCountAsOnTheEmbeddedEngine) {
         for (std::int32_t location : {2, 3}) {
             ObjectRef connection = connect(provider, location);
             connection->call(u"Execute", {Variant(u"CREATE TEMPORARY TABLE t (id INTEGER, nombre VARCHAR(20))")});
-            std::vector<Variant> args = {Variant(u"INSERT INTO t VALUES (1, 'uno'), (2, 'dos'), (3, 'tres')"), Variant(0)};
+            std::vector<Variant> args = {Variant(u"INSERT INTO t VALUES (1, 'uno'), (2, 'dos'), (3, 'tres')"),
+                                         Variant(0)};
             connection->invoke(u"Execute", InvokeKind::Method, args);
             EXPECT_TRUE(identical(args[1], Variant(3))) << nameOf(provider);
             ObjectRef rs = openRecordset(connection, u"SELECT id, nombre FROM t ORDER BY id");
             const std::string label = std::string(nameOf(provider)) + " at " + std::to_string(location);
             EXPECT_EQ(toLong(rs->get(u"RecordCount")), location == 3 ? 3 : -1) << label;
             rs->call(u"MoveNext");
-            EXPECT_TRUE(identical(rs->get(u"", {Variant(u"NOMBRE")}).get<ObjectRef>()->get(u""), Variant(u"dos"))) << label;
-            EXPECT_EQ(errorNumberOf([&] { rs->call(u"MovePrevious"); }), location == 3 ? 0 : ado::CannotFetchBackwards) << label;
+            EXPECT_TRUE(identical(rs->get(u"", {Variant(u"NOMBRE")}).get<ObjectRef>()->get(u""), Variant(u"dos")))
+                << label;
+            EXPECT_EQ(errorNumberOf([&] { rs->call(u"MovePrevious"); }), location == 3 ? 0 : ado::CannotFetchBackwards)
+                << label;
             rs->call(u"Close");
             connection->call(u"Close");
         }
@@ -186,8 +193,8 @@ TEST(Providers, ConnectionsThatCannotOpen) {
         int error;
     };
     const Case cases[] = {
-        {"a port nobody listens on", u"Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=9;Database=postgres;Uid=postgres;",
-         ado::ProviderFailure},
+        {"a port nobody listens on",
+         u"Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=9;Database=postgres;Uid=postgres;", ado::ProviderFailure},
         {"an unknown driver", u"Driver={No Existe};Server=127.0.0.1;", ado::ProviderFailure},
         {"an unknown data source", u"DSN=no_existe;", ado::ProviderFailure},
         {"a driver given as a file", u"Driver=/tmp/libmalo.so;Server=x;", ado::InvalidArgument},
@@ -220,7 +227,8 @@ TEST(Providers, AnEmbeddedDatabaseReachesNoOtherFile) {
     const String statements[] = {u"ATTACH DATABASE '" + outside + u"' AS otra", u"VACUUM INTO '" + outside + u"'",
                                  u"SELECT load_extension('/tmp/x')"};
     for (const auto& sql : statements) {
-        EXPECT_EQ(errorNumberOf([&] { connection->call(u"Execute", {Variant(sql)}); }), ado::ErrorsInCommand) << toUtf8(sql);
+        EXPECT_EQ(errorNumberOf([&] { connection->call(u"Execute", {Variant(sql)}); }), ado::ErrorsInCommand)
+            << toUtf8(sql);
     }
     EXPECT_FALSE(fs::exists(toUtf8(outside)));
 }
@@ -229,7 +237,8 @@ TEST(Providers, PreparedConnectionsRunTheirSetupOnEitherEngine) {
     const auto& server = PostgresServer::instance();
     ASSERT_TRUE(server.ready()) << server.failure();
     for (const String& database : {String(u":memory:"), u"odbc:" + server.connectionString()}) {
-        ConnectionRequest request{database, {u"CREATE TEMPORARY TABLE p (c INTEGER)", u"INSERT INTO p VALUES (4), (5)"}, 3};
+        ConnectionRequest request{
+            database, {u"CREATE TEMPORARY TABLE p (c INTEGER)", u"INSERT INTO p VALUES (4), (5)"}, 3};
         ObjectRef connection = openPreparedConnection(request, homeServices());
         ObjectRef rs = openPreparedRecordset(connection, u"SELECT c FROM p ORDER BY c", 0, 2, homeServices());
         const RecordsetReport report = describeRecordset(*rs);

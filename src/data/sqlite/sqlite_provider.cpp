@@ -70,17 +70,25 @@ DataType declaredType(const char* declared) {
 
 DataType typeOfValue(int storage) {
     switch (storage) {
-        case SQLITE_INTEGER: return DataType::Integer;
-        case SQLITE_FLOAT: return DataType::Double;
-        case SQLITE_BLOB: return DataType::LongVarBinary;
-        default: return DataType::VarWChar;
+        case SQLITE_INTEGER:
+            return DataType::Integer;
+        case SQLITE_FLOAT:
+            return DataType::Double;
+        case SQLITE_BLOB:
+            return DataType::LongVarBinary;
+        default:
+            return DataType::VarWChar;
     }
 }
 
 class SqliteCursor : public ProviderCursor {
 public:
     SqliteCursor(std::shared_ptr<Database> db, Statement stmt, String sql, bool hasRow, std::int32_t affected)
-        : db_(std::move(db)), stmt_(std::move(stmt)), sql_(std::move(sql)), affected_(affected), pending_(hasRow),
+        : db_(std::move(db)),
+          stmt_(std::move(stmt)),
+          sql_(std::move(sql)),
+          affected_(affected),
+          pending_(hasRow),
           done_(!hasRow) {
         sqlite3_stmt* s = stmt_.get();
         const int count = sqlite3_column_count(s);
@@ -140,7 +148,9 @@ private:
                         rows.setDouble(i, static_cast<double>(v));
                     break;
                 }
-                case SQLITE_FLOAT: rows.setDouble(i, sqlite3_column_double(s, c)); break;
+                case SQLITE_FLOAT:
+                    rows.setDouble(i, sqlite3_column_double(s, c));
+                    break;
                 case SQLITE_TEXT: {
                     const void* text = sqlite3_column_text16(s, c);
                     if (!text) raise(err::OutOfMemory);
@@ -154,7 +164,9 @@ private:
                     rows.setBytes(i, std::span<const std::uint8_t>(bytes, bytes ? size : 0));
                     break;
                 }
-                default: rows.setNull(i); break;
+                default:
+                    rows.setNull(i);
+                    break;
             }
         }
     }
@@ -223,8 +235,8 @@ std::unique_ptr<ProviderSession> openSqliteSession(StringView target, const Data
         file = services.resolvePath(target).string();
     }
     sqlite3* raw = nullptr;
-    const int rc = sqlite3_open_v2(file.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX,
-                                   nullptr);
+    const int rc =
+        sqlite3_open_v2(file.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (!raw) raise(err::OutOfMemory);
     auto db = std::make_shared<Database>(raw);
     if (rc != SQLITE_OK) raiseProviderError(ado::ProviderFailure, kName, db->message() + u": " + String(target));
