@@ -37,7 +37,14 @@ void Connection::open(StringView connectionString, StringView user, StringView p
         if (text.back() != u';') text += u';';
         text += u"UID=" + String(user) + u";PWD=" + String(password) + u";";
     }
-    session_ = openSession(text, services_);
+    auto session = openSession(text, services_);
+    session->setCommandTimeout(commandTimeout_);
+    session_ = std::move(session);
+}
+
+void Connection::setCommandTimeout(std::chrono::milliseconds timeout) {
+    commandTimeout_ = timeout;
+    if (session_) session_->setCommandTimeout(timeout);
 }
 
 void Connection::close() {

@@ -10,6 +10,7 @@
 // Closing the connection closes the recordsets open on it.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -32,6 +33,9 @@ public:
     // The session; 3709 when the connection is closed.
     std::shared_ptr<ProviderSession> session() const;
     std::int32_t cursorLocation() const { return cursorLocation_; }
+    // How long one statement may run before it is stopped (30 seconds, as
+    // the component's CommandTimeout; zero for no limit).
+    void setCommandTimeout(std::chrono::milliseconds timeout);
     void setCursorLocation(std::int32_t location);
     // Runs a statement and gives the recordset over its rows (closed when
     // the statement returns none).
@@ -44,6 +48,7 @@ private:
     std::shared_ptr<ProviderSession> session_;
     String connectionString_;
     std::int32_t cursorLocation_ = kUseServer;
+    std::chrono::milliseconds commandTimeout_{30000};
     std::vector<std::weak_ptr<RecordsetState>> recordsets_;
 };
 

@@ -33,6 +33,8 @@ String adoDescription(int number) {
                    u"context.";
         case ado::CannotRestart:
             return u"Rowset position cannot be restarted.";
+        case ado::QueryTimeout:
+            return u"Query timeout expired";
         case ado::CannotFetchBackwards:
             return u"Rowset does not support fetching backward.";
         default:

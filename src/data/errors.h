@@ -7,7 +7,8 @@
 //    the provider's HRESULT taken as a signed Long (-2147217900 for an
 //    error in the command text, -2147467259 for a failed connection), with
 //    the database's own message and the failing statement in the
-//    description.
+//    description; a statement that runs past the connection's command
+//    timeout (30 seconds) is stopped with -2147217871.
 #pragma once
 
 #include <cstdint>
@@ -34,6 +35,7 @@ inline constexpr int InvalidConnection = 3709;
 inline constexpr int ErrorsInCommand = static_cast<std::int32_t>(0x80040E14u);
 inline constexpr int CannotRestart = static_cast<std::int32_t>(0x80040E18u);
 inline constexpr int CannotFetchBackwards = static_cast<std::int32_t>(0x80040E24u);
+inline constexpr int QueryTimeout = static_cast<std::int32_t>(0x80040E31u);
 inline constexpr int ProviderFailure = static_cast<std::int32_t>(0x80004005u);
 }  // namespace ado
 

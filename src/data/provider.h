@@ -4,6 +4,7 @@
 // on top of it.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -41,6 +42,9 @@ public:
     virtual std::unique_ptr<ProviderCursor> execute(StringView sql) = 0;
     // The name used as the source of the provider's errors.
     virtual StringView name() const = 0;
+    // How long one statement may run (each fetch of a forward-only cursor
+    // counts apart) before it is stopped with -2147217871; zero for no limit.
+    virtual void setCommandTimeout(std::chrono::milliseconds timeout) = 0;
 };
 
 // Opens a session for an ADO-style connection string (see

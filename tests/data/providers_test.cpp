@@ -3,8 +3,10 @@
 // database's failures reach the caller.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fstream>
 
+#include "data/connection.h"
 #include "data/errors.h"
 #include "data/prepared.h"
 #include "data_support.h"
@@ -181,6 +183,29 @@ TEST(Providers, CursorsOnPostgresCountAsOnTheEmbeddedEngine) {
             rs->call(u"Close");
             connection->call(u"Close");
         }
+    }
+}
+
+TEST(Providers, AStatementRunningPastTheCommandTimeoutIsStopped) {
+    struct Case {
+        Provider provider;
+        std::chrono::milliseconds timeout;
+        const char16_t* sql;
+    };
+    const Case cases[] = {
+        {Provider::Embedded, std::chrono::milliseconds(200),
+         u"WITH RECURSIVE c(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM c) SELECT COUNT(*) FROM c"},
+        {Provider::Postgres, std::chrono::milliseconds(1000), u"SELECT pg_sleep(20)"},
+    };
+    for (const auto& c : cases) {
+        ObjectRef connection = connect(c.provider, 3);
+        std::static_pointer_cast<Connection>(connection)->setCommandTimeout(c.timeout);
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_EQ(errorNumberOf([&] { openRecordset(connection, c.sql); }), ado::QueryTimeout) << nameOf(c.provider);
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)) << nameOf(c.provider);
+        EXPECT_TRUE(identical(openRecordset(connection, u"SELECT 1")->get(u"", {Variant(0)}).get<ObjectRef>()->get(u""),
+                              Variant(1)))
+            << nameOf(c.provider) << ": the connection goes on serving";
     }
 }
 

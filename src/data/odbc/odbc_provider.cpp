@@ -47,6 +47,16 @@ String diagnostics(SQLSMALLINT handleType, SQLHANDLE handle) {
     return all;
 }
 
+// Raises a statement's failure: a timeout (SQLSTATE HYT00 or HYT01; 57014, a
+// statement cancelled, as PostgreSQL reports its query timeout) as
+// the command timeout, anything else as an error in the command.
+[[noreturn]] void raiseStatementError(SQLHSTMT stmt, StringView sql) {
+    const String message = diagnostics(SQL_HANDLE_STMT, stmt);
+    const bool timeout =
+        message.starts_with(u"[HYT00]") || message.starts_with(u"[HYT01]") || message.starts_with(u"[57014]");
+    raiseProviderError(timeout ? ado::QueryTimeout : ado::ErrorsInCommand, kName, message, sql);
+}
+
 // The environment and connection handles of one session, released in
 // order when the last cursor over them is gone.
 class Link {
@@ -206,10 +216,13 @@ public:
 private:
     void check(SQLRETURN rc) {
         if (succeeded(rc)) return;
-        const String message = diagnostics(SQL_HANDLE_STMT, stmt_->get());
         done_ = true;
-        stmt_->release();
-        raiseProviderError(ado::ErrorsInCommand, kName, message, sql_);
+        try {
+            raiseStatementError(stmt_->get(), sql_);
+        } catch (...) {
+            stmt_->release();
+            throw;
+        }
     }
 
     // One fixed-size value; false for Null.
@@ -335,17 +348,21 @@ public:
 
     std::unique_ptr<ProviderCursor> execute(StringView sql) override {
         auto stmt = std::make_unique<StatementHandle>(link_->dbc());
+        // The driver counts whole seconds; a part of one counts as one.
+        const auto seconds = (timeout_.count() + 999) / 1000;
+        SQLSetStmtAttrW(stmt->get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(SQLULEN(seconds)), 0);
         String text(sql);
         const SQLRETURN rc = SQLExecDirectW(stmt->get(), wide(text), SQLINTEGER(text.size()));
-        if (!succeeded(rc) && rc != SQL_NO_DATA)
-            raiseProviderError(ado::ErrorsInCommand, kName, diagnostics(SQL_HANDLE_STMT, stmt->get()), sql);
+        if (!succeeded(rc) && rc != SQL_NO_DATA) raiseStatementError(stmt->get(), sql);
         return std::make_unique<OdbcCursor>(link_, std::move(stmt), String(sql));
     }
 
     StringView name() const override { return kName; }
+    void setCommandTimeout(std::chrono::milliseconds timeout) override { timeout_ = timeout; }
 
 private:
     std::shared_ptr<Link> link_;
+    std::chrono::milliseconds timeout_{30000};
 };
 
 // Refuses what would let a connection string load a library or read or

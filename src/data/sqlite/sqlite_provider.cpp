@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <limits>
 #include <utility>
 
@@ -18,15 +19,35 @@ constexpr StringView kName = u"SQLite";
 // cursor never outlives the database it reads.
 class Database {
 public:
-    explicit Database(sqlite3* db) : db_(db) {}
+    explicit Database(sqlite3* db) : db_(db) {
+        // Checked every few thousand steps of the engine's program.
+        sqlite3_progress_handler(db_, 4000, &Database::pastDeadline, this);
+    }
     ~Database() { sqlite3_close_v2(db_); }
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
     sqlite3* get() const { return db_; }
     String message() const { return fromUtf8(sqlite3_errmsg(db_)); }
 
+    void setTimeout(std::chrono::milliseconds timeout) { timeout_ = timeout; }
+    // Starts the time of one piece of work (preparing and stepping).
+    void startClock() { deadline_ = std::chrono::steady_clock::now() + timeout_; }
+    bool timedOut() const { return timeout_.count() > 0 && std::chrono::steady_clock::now() >= deadline_; }
+
+    // The error of the last call: the timeout when it was the timeout that
+    // stopped the engine, else the database's message.
+    [[noreturn]] void raiseLast(StringView sql) const {
+        if (sqlite3_errcode(db_) == SQLITE_INTERRUPT && timedOut())
+            raiseProviderError(ado::QueryTimeout, kName, adoDescription(ado::QueryTimeout), sql);
+        raiseProviderError(ado::ErrorsInCommand, kName, message(), sql);
+    }
+
 private:
+    static int pastDeadline(void* self) { return static_cast<Database*>(self)->timedOut() ? 1 : 0; }
+
     sqlite3* db_;
+    std::chrono::milliseconds timeout_{30000};
+    std::chrono::steady_clock::time_point deadline_ = std::chrono::steady_clock::time_point::max();
 };
 
 class Statement {
@@ -111,15 +132,20 @@ public:
     bool fetch(RowStore& rows) override {
         if (done_) return false;
         if (!pending_) {
+            db_->startClock();
             const int rc = sqlite3_step(stmt_.get());
             if (rc == SQLITE_DONE) {
                 finish();
                 return false;
             }
             if (rc != SQLITE_ROW) {
-                const String message = db_->message();
-                finish();
-                raiseProviderError(ado::ErrorsInCommand, kName, message, sql_);
+                // The error is read before the statement is finalized.
+                try {
+                    db_->raiseLast(sql_);
+                } catch (...) {
+                    finish();
+                    throw;
+                }
             }
         }
         pending_ = false;
@@ -192,21 +218,25 @@ public:
         Statement last;
         bool hasRow = false;
         std::int32_t affected = -1;
+        db_->startClock();
         while (*rest) {
             sqlite3_stmt* raw = nullptr;
             const char* tail = nullptr;
             if (sqlite3_prepare_v2(db_->get(), rest, -1, &raw, &tail) != SQLITE_OK) {
                 sqlite3_finalize(raw);
-                raiseProviderError(ado::ErrorsInCommand, kName, db_->message(), sql);
+                db_->raiseLast(sql);
             }
             rest = tail;
             if (!raw) continue;  // only blanks or a comment
             last.reset(raw);
             const int rc = sqlite3_step(raw);
             if (rc != SQLITE_ROW && rc != SQLITE_DONE) {
-                const String message = db_->message();
-                last.reset();
-                raiseProviderError(ado::ErrorsInCommand, kName, message, sql);
+                try {
+                    db_->raiseLast(sql);
+                } catch (...) {
+                    last.reset();
+                    throw;
+                }
             }
             hasRow = rc == SQLITE_ROW;
             // Only a statement that writes counts rows; a query is -1.
@@ -219,6 +249,7 @@ public:
     }
 
     StringView name() const override { return kName; }
+    void setCommandTimeout(std::chrono::milliseconds timeout) override { db_->setTimeout(timeout); }
 
 private:
     std::shared_ptr<Database> db_;
