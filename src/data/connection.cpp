@@ -35,7 +35,7 @@ void Connection::open(StringView connectionString, StringView user, StringView p
     // A user and password given apart go to a database server with the string.
     if ((!user.empty() || !password.empty()) && chooseEngine(text).engine == Engine::Odbc) {
         if (text.back() != u';') text += u';';
-        text += u"UID=" + String(user) + u";PWD=" + String(password) + u";";
+        text += u"UID=" + connectionValueText(user) + u";PWD=" + connectionValueText(password) + u";";
     }
     auto session = openSession(text, services_);
     session->setCommandTimeout(commandTimeout_);

@@ -69,6 +69,13 @@ std::vector<ConnectionPair> parseConnectionString(StringView text) {
     return pairs;
 }
 
+String connectionValueText(StringView value) {
+    if (value.find_first_of(u";={} ") == StringView::npos) return String(value);
+    String text = u"{";
+    for (char16_t c : value) text += c == u'}' ? String(u"}}") : String(1, c);
+    return text + u"}";
+}
+
 std::optional<String> connectionValue(const std::vector<ConnectionPair>& pairs, StringView key) {
     for (const auto& pair : pairs)
         if (sameName(pair.key, key)) return pair.value;
@@ -94,14 +101,8 @@ ConnectionTarget chooseEngine(StringView connectionString) {
         for (const auto& pair : pairs) {
             if (sameName(pair.key, u"Provider")) continue;
             odbc += pair.key + u"=";
-            const bool braces = sameName(pair.key, u"Driver") || pair.value.find_first_of(u";={} ") != String::npos;
-            if (braces) {
-                odbc += u"{";
-                for (char16_t c : pair.value) odbc += c == u'}' ? String(u"}}") : String(1, c);
-                odbc += u"}";
-            } else {
-                odbc += pair.value;
-            }
+            // A driver's name is always braced, as the driver manager expects.
+            odbc += sameName(pair.key, u"Driver") ? u"{" + pair.value + u"}" : connectionValueText(pair.value);
             odbc += u";";
         }
         return {Engine::Odbc, odbc};

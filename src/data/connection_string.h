@@ -28,6 +28,10 @@ struct ConnectionPair {
 // unclosed brace, a pair without "=").
 std::vector<ConnectionPair> parseConnectionString(StringView text);
 
+// A value written so that it reads back as itself: in braces, with "}"
+// doubled, when it holds ";", "=", braces or blanks.
+String connectionValueText(StringView value);
+
 // The value of a key, if given.
 std::optional<String> connectionValue(const std::vector<ConnectionPair>& pairs, StringView key);
 

@@ -35,6 +35,14 @@ TEST(ConnectionStrings, Pairs) {
         EXPECT_EQ(errorNumberOf([&] { parseConnectionString(bad); }), ado::InvalidArgument) << toUtf8(bad);
 }
 
+TEST(ConnectionStrings, ValuesReadBackAsThemselves) {
+    for (const char16_t* value : {u"plain", u"", u"a;UID=root", u"{x}", u"a b", u"}}", u"=;"}) {
+        const auto pairs = parseConnectionString(u"PWD=" + connectionValueText(value) + u";Next=1");
+        ASSERT_EQ(pairs.size(), 2u) << toUtf8(value);
+        EXPECT_EQ(pairs[0].value, value);
+    }
+}
+
 TEST(ConnectionStrings, TheEngineEachOneNames) {
     struct Case {
         const char16_t* text;

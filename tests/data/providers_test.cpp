@@ -242,6 +242,27 @@ TEST(Providers, ConnectionsThatCannotOpen) {
     }
 }
 
+TEST(Providers, AUserAndPasswordGivenApartGoWithTheServersString) {
+    const auto& server = PostgresServer::instance();
+    ASSERT_TRUE(server.ready()) << server.failure();
+    const String anonymous = replaceText(server.connectionString(), u"Uid=postgres;", u"");
+    struct Case {
+        const char16_t* user;
+        int error;
+    };
+    // A user name cannot smuggle in other keys of the string.
+    const Case cases[] = {{u"postgres", 0}, {u"nadie;Uid=postgres", ado::ProviderFailure}};
+    for (const auto& c : cases) {
+        ObjectRef connection = create(u"ADODB.Connection");
+        EXPECT_EQ(errorNumberOf([&] {
+                      connection->call(u"Open", {Variant(anonymous), Variant(c.user), Variant(u"")});
+                  }),
+                  c.error)
+            << toUtf8(c.user);
+        EXPECT_EQ(connection->get(u"ConnectionString").get<String>(), anonymous) << "the password is not kept";
+    }
+}
+
 TEST(Providers, AnEmbeddedDatabaseReachesNoOtherFile) {
     ObjectRef connection = create(u"ADODB.Connection");
     fs::create_directories(driveFile(u"C:\\datos"));
