@@ -136,12 +136,16 @@ Variant Stream::invoke(StringView member, InvokeKind kind, std::span<Variant> ar
             expectRead(kind, args, 2);
             if (!given(args, 0)) raise(err::ArgumentNotOptional);
             requireBinary();
-            if (!args[0].isArray()) raiseAdo(ado::InvalidArgument, kSource);
-            try {
-                write(bytesOf(args[0]));
-            } catch (const RuntimeError& e) {
-                if (e.number() == err::TypeMismatch) raiseAdo(ado::InvalidArgument, kSource);
-                throw;
+            {
+                // A binary field passed as it is (rs("Foto")) gives its value.
+                const Variant buffer = args[0].isObject() ? objectOf(args[0]).get(u"") : args[0];
+                if (!buffer.isArray()) raiseAdo(ado::InvalidArgument, kSource);
+                try {
+                    write(bytesOf(buffer));
+                } catch (const RuntimeError& e) {
+                    if (e.number() == err::TypeMismatch) raiseAdo(ado::InvalidArgument, kSource);
+                    throw;
+                }
             }
             return {};
         case Member::Read:

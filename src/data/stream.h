@@ -3,7 +3,7 @@
 //   Type (1 binary, 2 text, the default; changed only at the start of the
 //   stream); Open [Source], [Mode], [Options], [UserName], [Password] (an
 //   empty stream: a Source is not supported, 3251); Write Buffer (a Byte
-//   array, binary streams only); Read([NumBytes]) -> Byte array (-1, the
+//   array, or a Field holding one; binary streams only); Read([NumBytes]) -> Byte array (-1, the
 //   default, for all the rest); SaveToFile FileName, [Options] (1 create a
 //   new file, the default; 2 create or overwrite); LoadFromFile FileName
 //   (the whole file replaces the contents; the position goes back to the

@@ -245,19 +245,6 @@ TEST(Objects, TableSourcesAndPrivateConnections) {
     EXPECT_TRUE(identical(own->get(u"", {Variant(0)}).get<ObjectRef>()->get(u""), Variant(u"solo")));
 }
 
-TEST(Objects, BindingMembersKeepWhatTheyAreGiven) {
-    ObjectRef rs = create(u"ADODB.Recordset");
-    EXPECT_TRUE(identical(rs->get(u"DataMember"), Variant(u"")));
-    EXPECT_FALSE(rs->get(u"DataSource").get<ObjectRef>());
-    const ObjectRef source = create(u"ADODB.Connection");
-    std::vector<Variant> assignment = {Variant(source)};
-    rs->invoke(u"DataSource", InvokeKind::PropertyPutRef, assignment);
-    rs->put(u"DataMember", Variant(u"Clientes"));
-    EXPECT_EQ(rs->get(u"DataSource").get<ObjectRef>(), source);
-    EXPECT_TRUE(identical(rs->get(u"DataMember"), Variant(u"Clientes")));
-    EXPECT_EQ(errorNumberOf([&] { rs->put(u"DataSource", Variant(3)); }), err::ObjectRequired);
-}
-
 TEST(Objects, TheFactoryKnowsTheThreeProgIds) {
     struct Case {
         const char16_t* progId;

@@ -55,6 +55,17 @@ TEST(Streams, AValueWrittenAndSavedIsTheFileLoadedAndReadBack) {
     EXPECT_EQ(toLong(in->get(u"State")), 0);
 }
 
+TEST(Streams, ABinaryFieldIsWrittenAsItsValue) {
+    ObjectRef connection = memoryConnection({}, 3);
+    ObjectRef rs = openRecordset(connection, u"SELECT x'00466F746F' AS Foto, 'texto' AS Nombre");
+    ObjectRef stream = openBinaryStream();
+    stream->call(u"Write", {rs->get(u"", {Variant(u"Foto")})});
+    stream->call(u"SaveToFile", {Variant(u"C:\\foto.bin")});
+    EXPECT_EQ(fileText(driveFile(u"C:\\foto.bin")), std::string("\0Foto", 5));
+    EXPECT_EQ(errorNumberOf([&] { stream->call(u"Write", {rs->get(u"", {Variant(u"Nombre")})}); }),
+              ado::InvalidArgument);
+}
+
 TEST(Streams, ReadsInPiecesAndEmptyFiles) {
     std::ofstream(driveFile(u"C:\\vacio.bin"), std::ios::binary).flush();
     ObjectRef stream = openBinaryStream();
