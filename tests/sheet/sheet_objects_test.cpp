@@ -1,6 +1,11 @@
 // The spreadsheet's objects member by member: what assigned values become,
 // the errors bad arguments raise, and when and how the files are written.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 
 #include <cstdlib>
 #include <filesystem>
@@ -235,6 +240,36 @@ TEST(Files, AFolderThatCannotBeMadeIsReportedNotThrownOnRelease) {
         EXPECT_EQ(errorNumberOf([&] { app->finish(); }), err::PathNotFound);
     }
     EXPECT_EQ(failures, std::vector<int>{err::PathNotFound});
+}
+
+TEST(Files, AWriteThatFailsHalfWayLeavesNothingBehind) {
+    const fs::path folder = freshFolder("full");
+    fs::create_directories(folder);
+    // A child process whose files may not grow past 4 KB: the workbook
+    // fails part-way through; the child reports the error number it got.
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{4096, 4096};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        int number = 0;
+        {
+            auto app = application(folder);
+            ObjectRef sheet = newSheet(*app);
+            for (std::int32_t r = 1; r <= 2000; ++r)
+                sheet->put(u"Cells", {Variant(r), Variant(1)}, Variant(u"fila " + ascii(std::to_string(r)) + u" ñ"));
+            number = errorNumberOf([&] { app->finish(); });  // and again, quietly, on release
+        }
+        ::_exit(number);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), err::DeviceIOError);
+    std::vector<std::string> left;
+    for (const auto& entry : fs::directory_iterator(folder)) left.push_back(entry.path().filename().string());
+    EXPECT_TRUE(left.empty()) << left.front();
 }
 
 }  // namespace
