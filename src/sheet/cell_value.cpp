@@ -5,6 +5,7 @@
 #include "runtime/convert.h"
 #include "runtime/error.h"
 #include "runtime/object.h"
+#include "runtime/text.h"
 #include "sheet/sheet_error.h"
 
 namespace telvaro::sheet {
@@ -32,7 +33,9 @@ CellValue textValue(const String& text) {
         v.text = text.substr(1);
         return v;
     }
-    if (text.size() <= kLongestReadableText) {
+    // The runtime's "&H" and "&O" numbers are not numbers to the sheet.
+    const bool radixPrefixed = ltrim(text).starts_with(u'&');
+    if (text.size() <= kLongestReadableText && !radixPrefixed) {
         if (auto number = parseNumber(text)) {
             v.kind = CellKind::Number;
             v.number = *number;
