@@ -1,10 +1,13 @@
 #include "sheet/cell_value.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "runtime/convert.h"
+#include "runtime/datetime.h"
 #include "runtime/error.h"
 #include "runtime/object.h"
+#include "runtime/regional.h"
 #include "runtime/text.h"
 #include "sheet/sheet_error.h"
 
@@ -41,8 +44,11 @@ CellValue textValue(const String& text) {
             v.number = *number;
             return v;
         }
-        const Variant asVariant(text);
-        if (isDate(asVariant)) return dateValue(toDate(asVariant).serial);
+        // Every date has a digit somewhere; most texts without one are names.
+        const bool hasDigit = std::any_of(text.begin(), text.end(), [](char16_t c) { return c >= u'0' && c <= u'9'; });
+        if (hasDigit) {
+            if (auto serial = parseDate(text, regional())) return dateValue(*serial);
+        }
     }
     v.kind = CellKind::Text;
     v.text = text;
