@@ -202,6 +202,25 @@ TEST(GridPage, ThirtyColumnsGetWidthsOnlyUpToZ) {
     EXPECT_EQ(file.cells.size(), 2u + 30 + 30);
 }
 
+TEST(GridPage, ThreeHundredColumnsReachLowerCaseLettersAndStopAtTheRest) {
+    GridPage page{u"Muy ancha", u"", {{}, {}}, {}};
+    for (int i = 0; i < 300; ++i) {
+        page.rows[0].push_back(u"C" + ascii(std::to_string(i)));
+        page.rows[1].push_back(u"x");
+        page.gridWidths.push_back(85.0 * (i + 1));
+    }
+    SheetFile file = onlyFile(releaseAfter(freshFolder("widest"), [&](Object& app) { writeGridPage(app, page); }));
+    // After "Z" come "[" to "`" (no columns), then "a" to "z", which name
+    // columns A to Z again, then characters that name none.
+    ASSERT_EQ(file.widths.size(), 26u);
+    for (int i = 0; i < 26; ++i) {
+        const std::string letter(1, static_cast<char>('A' + i));
+        EXPECT_NEAR(file.widths[letter], widthReadBack(32 + i), testing::kWidthTolerance) << letter;
+    }
+    EXPECT_EQ(file.cells.size(), 2u + 300 + 300);
+    EXPECT_EQ(file.cells.back(), "KO5 s:x" + kBox);
+}
+
 TEST(RecordPage, KeepsDateLikeTextsAndBordersOneRowPastTheRecords) {
     RecordPage page{u"Clientes",
                     {u"Nombre", u"Fecha", u"Monto"},
