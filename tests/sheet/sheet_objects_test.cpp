@@ -1,0 +1,279 @@
+// The spreadsheet's objects member by member: what assigned values become,
+// the errors bad arguments raise, and when and how the files are written.
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "runtime/convert.h"
+#include "runtime/error.h"
+#include "sheet/application.h"
+#include "sheet_file.h"
+#include "support/support.h"
+
+namespace telvaro::sheet {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path freshFolder(const std::string& name) {
+    const char* home = std::getenv("TELVARO_TEST_HOME");
+    fs::path folder = fs::path(home ? home : fs::temp_directory_path().string()) / "sheet-objects" / name;
+    fs::remove_all(folder);
+    return folder;
+}
+
+std::shared_ptr<SheetApplication> application(const fs::path& folder) {
+    SheetOptions options;
+    options.folder = folder;
+    return SheetApplication::create(std::move(options));
+}
+
+ObjectRef newSheet(Object& app) {
+    objectOf(app.get(u"Workbooks")).call(u"Add");
+    return app.get(u"ActiveSheet").object();
+}
+
+TEST(CellValues, AreTakenAsTheSpreadsheetTakesThem) {
+    auto app = application(freshFolder("values"));
+    ObjectRef sheet = newSheet(*app);
+    struct Case {
+        Variant assigned;
+        Variant readBack;
+    } cases[] = {
+        {Variant(u"123"), Variant(123.0)},
+        {Variant(u"  -4.5 "), Variant(-4.5)},
+        {Variant(u"0012"), Variant(12.0)},
+        {Variant(u"1E3"), Variant(1000.0)},
+        {Variant(u"&H10"), Variant(u"&H10")},
+        {Variant(u" &O7"), Variant(u" &O7")},
+        {Variant(u"'0012"), Variant(u"0012")},
+        {Variant(u"'2/3"), Variant(u"2/3")},
+        {Variant(u"'"), Variant()},
+        {Variant(u"Ana"), Variant(u"Ana")},
+        {Variant(u""), Variant()},
+        {Variant(u"2/3"), Variant(toDate(Variant(u"2/3")))},
+        {Variant(String(70, u'7')), Variant(String(70, u'7'))},
+        {Variant(std::int16_t(7)), Variant(7.0)},
+        {Variant(std::int32_t(-70000)), Variant(-70000.0)},
+        {Variant(Currency{12345}), Variant(1.2345)},
+        {Variant(True), Variant(True)},
+        {Variant(False), Variant(False)},
+        {Variant(Date{45000.5}), Variant(Date{45000.5})},
+        {Variant(Null{}), Variant()},
+        {Variant(), Variant()},
+    };
+    std::int32_t row = 1;
+    for (const auto& c : cases) {
+        // Each value in a cell of its own: a date leaves its cell showing dates.
+        ObjectRef held = sheet->get(u"Cells", {Variant(++row), Variant(3)}).object();
+        Object& cell = *held;
+        cell.put(u"Value", Variant(u"previo"));
+        cell.put(u"Value", c.assigned);
+        EXPECT_TRUE(identical(cell.get(u"Value"), c.readBack)) << describe(c.assigned) << " -> " << describe(cell.get(u""));
+    }
+    // A cell that was given a date keeps showing numbers as dates.
+    ObjectRef dated = sheet->get(u"Range", {Variant(u"E1")}).object();
+    dated->put(u"", Variant(Date{45000}));
+    dated->put(u"", Variant(std::int32_t(7)));
+    EXPECT_TRUE(identical(dated->get(u""), Variant(Date{7})));
+}
+
+TEST(Members, RaiseTheSpreadsheetsErrorsForBadArguments) {
+    auto app = application(freshFolder("errors"));
+    ObjectRef sheet = newSheet(*app);
+    ObjectRef heldB2 = sheet->get(u"Range", {Variant(u"B2")}).object();
+    ObjectRef heldFont = heldB2->get(u"Font").object();
+    ObjectRef columnsAB = sheet->get(u"Range", {Variant(u"A:B")}).object();
+    Object& b2 = *heldB2;
+    Object& font = *heldFont;
+    auto put = [](Object& o, const char16_t* member, Variant v) { return [&o, member, v] { o.put(member, v); }; };
+    auto get = [](Object& o, const char16_t* member, std::vector<Variant> args) {
+        return [&o, member, args] { o.get(member, args); };
+    };
+    struct Case {
+        const char* what;
+        std::function<void()> call;
+        int error;
+    } cases[] = {
+        {"Columns(\"[\")", get(*sheet, u"Columns", {Variant(u"[")}), 13},
+        {"Columns(\"B1\")", get(*sheet, u"Columns", {Variant(u"B1")}), 13},
+        {"Columns(\"XFE\")", get(*sheet, u"Columns", {Variant(u"XFE")}), 13},
+        {"Columns(0)", get(*sheet, u"Columns", {Variant(0)}), 1004},
+        {"Columns(\"b:d\")", get(*sheet, u"Columns", {Variant(u"b:d")}), 0},
+        {"Range(\"B5:\")", get(*sheet, u"Range", {Variant(u"B5:")}), 1004},
+        {"Range(\"hola\")", get(*sheet, u"Range", {Variant(u"hola")}), 1004},
+        {"Range(3)", get(*sheet, u"Range", {Variant(3)}), 13},
+        {"Range()", get(*sheet, u"Range", {}), 449},
+        {"Cells(0, 1)", get(*sheet, u"Cells", {Variant(0), Variant(1)}), 1004},
+        {"Cells(1, 16385)", get(*sheet, u"Cells", {Variant(1), Variant(16385)}), 1004},
+        {"Cells(1048577, 1)", get(*sheet, u"Cells", {Variant(1048577), Variant(1)}), 1004},
+        {"Cells(\"x\", 1)", get(*sheet, u"Cells", {Variant(u"x"), Variant(1)}), 13},
+        {"Cells(1, \"[\")", get(*sheet, u"Cells", {Variant(1), Variant(u"[")}), 1004},
+        {"Cells(1, \"AB\")", get(*sheet, u"Cells", {Variant(1), Variant(u"AB")}), 0},
+        {"Cells(1e10, 1)", get(*sheet, u"Cells", {Variant(1e10), Variant(1)}), 6},
+        {"Cells(1, 2, 3)", get(*sheet, u"Cells", {Variant(1), Variant(2), Variant(3)}), 450},
+        {"Font.Size = 0", put(font, u"Size", Variant(0)), 1004},
+        {"Font.Size = 410", put(font, u"Size", Variant(410)), 1004},
+        {"Font.Size = \"grande\"", put(font, u"Size", Variant(u"grande")), 13},
+        {"Font.Bold = \"quizá\"", put(font, u"Bold", Variant(u"quizá")), 13},
+        {"Font.Italic", get(font, u"Italic", {}), 438},
+        {"ColumnWidth = 256", put(b2, u"ColumnWidth", Variant(256)), 1004},
+        {"ColumnWidth = -1", put(b2, u"ColumnWidth", Variant(-1)), 1004},
+        {"ColumnWidth = 255", put(b2, u"ColumnWidth", Variant(255)), 0},
+        {"Value = 40000 characters", put(b2, u"Value", Variant(String(40000, u'x'))), 1004},
+        {"Value = array", put(b2, u"Value", Variant(Array::vector(0, 1))), 13},
+        {"Value = Nothing", put(b2, u"Value", Variant(ObjectRef())), 91},
+        {"Range(\"A:B\").Value = 1", put(*columnsAB, u"Value", Variant(1)), 7},
+        {"BorderAround(2)", [&] { b2.call(u"BorderAround", {Variant(2)}); }, 1004},
+        {"BorderAround(1, 3)", [&] { b2.call(u"BorderAround", {Variant(1), Variant(3)}); }, 1004},
+        {"BorderAround(1, 2, 57)", [&] { b2.call(u"BorderAround", {Variant(1), Variant(2), Variant(57)}); }, 1004},
+        {"BorderAround(1, 2, , -1)",
+         [&] { b2.call(u"BorderAround", {Variant(1), Variant(2), Variant::missing(), Variant(-1)}); }, 1004},
+        {"Range.Merge", [&] { b2.call(u"Merge"); }, 438},
+        {"Sheet.Name", get(*sheet, u"Name", {}), 438},
+        {"Workbooks.Add(\"plantilla.xlt\")", [&] { objectOf(app->get(u"Workbooks")).call(u"Add", {Variant(u"plantilla.xlt")}); }, 1004},
+        {"Application.Quit", [&] { app->call(u"Quit"); }, 438},
+    };
+    for (const auto& c : cases) EXPECT_EQ(errorNumberOf(c.call), c.error) << c.what;
+}
+
+TEST(Members, AreFoundWhateverTheirCase) {
+    auto app = application(freshFolder("case"));
+    objectOf(app->get(u"WORKBOOKS")).call(u"add");
+    ObjectRef sheet = app->get(u"activesheet").object();
+    sheet->put(u"CELLS", {Variant(1), Variant(1)}, Variant(u"x"));
+    EXPECT_TRUE(identical(objectOf(sheet->get(u"range", {Variant(u"a1")})).get(u"VALUE"), Variant(u"x")));
+    EXPECT_EQ(sheet->typeName(), u"Worksheet");
+}
+
+TEST(Members, ReadBackWhatWasSetAndNullWhenCellsDiffer) {
+    auto app = application(freshFolder("readback"));
+    EXPECT_FALSE(app->get(u"ActiveSheet").object());  // no workbook yet: Nothing
+    ObjectRef sheet = newSheet(*app);
+    auto range = [&](const char16_t* text) { return sheet->get(u"Range", {Variant(text)}).object(); };
+    objectOf(range(u"B2")->get(u"Font")).put(u"Bold", Variant(True));
+    objectOf(range(u"B2:C2")->get(u"Font")).put(u"Size", Variant(14.5));
+    range(u"C:D")->put(u"ColumnWidth", Variant(20));
+    struct Case {
+        const char* what;
+        Variant actual, expected;
+    } cases[] = {
+        {"B2 bold", objectOf(range(u"B2")->get(u"Font")).get(u"Bold"), Variant(True)},
+        {"C2 bold", objectOf(range(u"C2")->get(u"Font")).get(u"Bold"), Variant(False)},
+        {"B2:C2 bold", objectOf(range(u"B2:C2")->get(u"Font")).get(u"Bold"), Variant(Null{})},
+        {"B2:C2 size", objectOf(range(u"B2:C2")->get(u"Font")).get(u"Size"), Variant(14.5)},
+        {"E9 size", objectOf(range(u"E9")->get(u"Font")).get(u"Size"), Variant(11.0)},
+        {"C width", range(u"C1")->get(u"ColumnWidth"), Variant(20.0)},
+        {"C:D width", range(u"C:D")->get(u"ColumnWidth"), Variant(20.0)},
+        {"B:C width", range(u"B:C")->get(u"ColumnWidth"), Variant(Null{})},
+        {"B width", range(u"B7")->get(u"ColumnWidth"), Variant(8.43)},
+        {"Visible", app->get(u"Visible"), Variant(False)},
+    };
+    for (const auto& c : cases) EXPECT_TRUE(identical(c.actual, c.expected)) << c.what << ": " << describe(c.actual);
+}
+
+TEST(Files, AreWrittenOnReleaseUnderFreeNamesAndReported) {
+    const fs::path folder = freshFolder("release");
+    std::vector<WrittenWorkbook> reported;
+    for (int round = 0; round < 2; ++round) {
+        SheetOptions options;
+        options.folder = folder;
+        options.written = [&](const WrittenWorkbook& w) { reported.push_back(w); };
+        auto app = SheetApplication::create(std::move(options));
+        ObjectRef sheet = newSheet(*app);
+        if (round == 1) app->put(u"Visible", Variant(True));
+        sheet->put(u"Cells", {Variant(1), Variant(1)}, Variant(round));
+        app.reset();
+        // The sheet still holds the application: nothing is written yet.
+        EXPECT_EQ(reported.size(), std::size_t(round));
+    }
+    ASSERT_EQ(reported.size(), 2u);
+    EXPECT_EQ(reported[0].path, folder / "Libro1.xlsx");
+    EXPECT_FALSE(reported[0].visible);
+    EXPECT_EQ(reported[1].path, folder / "Libro2.xlsx");
+    EXPECT_TRUE(reported[1].visible);
+    EXPECT_EQ(testing::readSheetFile(reported[1].path).cells, std::vector<std::string>{"A1 n:1.0"});
+    // Nothing else is left in the folder.
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 2);
+}
+
+TEST(Files, FinishWritesChangedWorkbooksOnlyOnce) {
+    const fs::path folder = freshFolder("finish");
+    std::vector<WrittenWorkbook> onRelease;
+    SheetOptions options;
+    options.folder = folder;
+    options.written = [&](const WrittenWorkbook& w) { onRelease.push_back(w); };
+    auto app = SheetApplication::create(std::move(options));
+    ObjectRef first = newSheet(*app);
+    ObjectRef second = newSheet(*app);
+    first->put(u"Range", {Variant(u"A1")}, Variant(u"uno"));
+    second->put(u"Range", {Variant(u"A1")}, Variant(u"dos"));
+    auto written = app->finish();
+    ASSERT_EQ(written.size(), 2u);
+    EXPECT_EQ(testing::readSheetFile(written[0].path).cells, std::vector<std::string>{"A1 s:uno"});
+    EXPECT_EQ(testing::readSheetFile(written[1].path).cells, std::vector<std::string>{"A1 s:dos"});
+    EXPECT_TRUE(app->finish().empty());
+    second->put(u"Range", {Variant(u"A2")}, Variant(u"tres"));
+    first.reset();
+    second.reset();
+    app.reset();
+    ASSERT_EQ(onRelease.size(), 1u);
+    EXPECT_EQ(onRelease[0].path, folder / "Libro3.xlsx");
+    EXPECT_EQ(testing::readSheetFile(onRelease[0].path).cells, (std::vector<std::string>{"A1 s:dos", "A2 s:tres"}));
+}
+
+TEST(Files, AFolderThatCannotBeMadeIsReportedNotThrownOnRelease) {
+    const fs::path parent = freshFolder("blocked");
+    fs::create_directories(parent);
+    std::ofstream(parent / "exports") << "a file where the folder should be";
+    std::vector<int> failures;
+    {
+        SheetOptions options;
+        options.folder = parent / "exports";
+        options.failed = [&](const RuntimeError& e) { failures.push_back(e.number()); };
+        auto app = SheetApplication::create(std::move(options));
+        newSheet(*app)->put(u"Cells", {Variant(1), Variant(1)}, Variant(1));
+        EXPECT_EQ(errorNumberOf([&] { app->finish(); }), err::PathNotFound);
+    }
+    EXPECT_EQ(failures, std::vector<int>{err::PathNotFound});
+}
+
+TEST(Files, AWriteThatFailsHalfWayLeavesNothingBehind) {
+    const fs::path folder = freshFolder("full");
+    fs::create_directories(folder);
+    // A child process whose files may not grow past 4 KB: the workbook
+    // fails part-way through; the child reports the error number it got.
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{4096, 4096};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        int number = 0;
+        {
+            auto app = application(folder);
+            ObjectRef sheet = newSheet(*app);
+            for (std::int32_t r = 1; r <= 2000; ++r)
+                sheet->put(u"Cells", {Variant(r), Variant(1)}, Variant(u"fila " + ascii(std::to_string(r)) + u" ñ"));
+            number = errorNumberOf([&] { app->finish(); });  // and again, quietly, on release
+        }
+        ::_exit(number);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), err::DeviceIOError);
+    std::vector<std::string> left;
+    for (const auto& entry : fs::directory_iterator(folder)) left.push_back(entry.path().filename().string());
+    EXPECT_TRUE(left.empty()) << left.front();
+}
+
+}  // namespace
+}  // namespace telvaro::sheet
