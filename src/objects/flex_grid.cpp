@@ -227,14 +227,14 @@ const CellFormat* FlexGrid::cellFormat(std::int32_t row, std::int32_t col) const
     return f ? f->find(col) : nullptr;
 }
 
-void FlexGrid::formatCurrentCell(const std::function<void(CellFormat&)>& change) {
-    checkCurrentCell();
-    auto& f = formats_[static_cast<std::size_t>(row_)];
+void FlexGrid::formatCell(std::int32_t row, std::int32_t col, const std::function<void(CellFormat&)>& change) {
+    checkCell(row, col);
+    auto& f = formats_[static_cast<std::size_t>(row)];
     if (!f) f = std::make_unique<RowFormats>();
-    CellFormat& cell = f->obtain(col_);
+    CellFormat& cell = f->obtain(col);
     change(cell);
     if (cell.empty()) {
-        f->erase(col_);
+        f->erase(col);
         if (f->cells.empty()) f.reset();
     }
 }

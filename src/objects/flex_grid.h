@@ -67,8 +67,10 @@ public:
 
     // The formatting of a cell, or nullptr when it has none.
     const CellFormat* cellFormat(std::int32_t row, std::int32_t col) const;
-    // Changes the formatting of the current cell (error 381 outside the grid).
-    void formatCurrentCell(const std::function<void(CellFormat&)>& change);
+    // Changes the formatting of a cell, or of the current cell (error 381
+    // outside the grid); a cell left without formatting costs nothing again.
+    void formatCell(std::int32_t row, std::int32_t col, const std::function<void(CellFormat&)>& change);
+    void formatCurrentCell(const std::function<void(CellFormat&)>& change) { formatCell(row_, col_, change); }
     void setCellBackColor(std::int32_t color);
     // Every formatted cell, row by row.
     void forEachFormattedCell(const std::function<void(std::int32_t, std::int32_t, const CellFormat&)>& visit) const;
