@@ -20,6 +20,13 @@ Variant CallerObject::invoke(StringView member, InvokeKind kind, std::span<Varia
     return dispatch(id, MemberCall(kind, args, table.name(id)));
 }
 
+std::vector<String> CallerObject::memberNames() const {
+    const MemberTable& table = members();
+    std::vector<String> names;
+    for (int id = 0; id < table.size(); ++id) names.push_back(table.name(id));
+    return names;
+}
+
 std::vector<String> CallerObject::calls() const {
     std::vector<String> out;
     out.reserve(calls_.size());

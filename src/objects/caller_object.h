@@ -23,6 +23,10 @@ class CallerObject : public Object {
 public:
     Variant invoke(StringView member, InvokeKind kind, std::span<Variant> args) final;
 
+    // The names of the members, in the object's own order (for a face that
+    // maps names to numbers, and for tests that walk every member).
+    std::vector<String> memberNames() const;
+
     // The calls made so far, oldest first, as "Name" or "Name=".
     std::vector<String> calls() const;
     std::size_t callCount() const { return calls_.size(); }

@@ -18,7 +18,7 @@ std::int32_t himetric(std::int32_t pixels) {
 
 Picture::Picture(std::int32_t width, std::int32_t height, std::uint32_t fill) {
     if (width < 0 || height < 0) raise(err::InvalidProcedureCall);
-    if (width > kMaxSide || height > kMaxSide) raise(err::OutOfMemory);
+    if (width > kMaxSide || height > kMaxSide || std::int64_t{width} * height > kMaxPixels) raise(err::OutOfMemory);
     width_ = width;
     height_ = height;
     pixels_.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), fill);

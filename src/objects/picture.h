@@ -17,7 +17,7 @@ class Picture : public CallerObject {
 public:
     Picture() = default;  // the empty picture
     // A picture of width x height pixels, all of `fill`; error 5 for a
-    // negative size, 7 beyond 16384 x 16384.
+    // negative size, 7 beyond 16384 pixels a side or 64 Mi pixels in all.
     Picture(std::int32_t width, std::int32_t height, std::uint32_t fill = 0xFFFFFFFF);
 
     String typeName() const override { return u"Picture"; }
@@ -36,6 +36,7 @@ public:
     void setSource(String source) { source_ = std::move(source); }
 
     static constexpr std::int32_t kMaxSide = 16384;
+    static constexpr std::int64_t kMaxPixels = std::int64_t{64} << 20;
 
 protected:
     const MemberTable& members() const override;

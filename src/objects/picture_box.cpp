@@ -13,7 +13,7 @@ enum Member { PictureMember = 0, Image, AutoRedraw, AutoSize, ScaleMode, HDC, Cl
 
 std::int32_t pixels(double twips) {
     return static_cast<std::int32_t>(std::clamp(std::floor(twips / PictureBox::kTwipsPerPixel), 0.0,
-                                                static_cast<double>(Picture::kMaxSide)));
+                                                static_cast<double>(PictureBox::kMaxImageSide)));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // The picture box: its Picture (the default member; a Picture or Nothing),
 // its persistent Image (a picture of the box's size in pixels, at 15 twips
-// a pixel), AutoRedraw, AutoSize, ScaleMode (0 to 7; 1 twips), the device
+// a pixel, at most 4096 pixels a side), AutoRedraw, AutoSize, ScaleMode (0 to 7; 1 twips), the device
 // context handle hDC, and Cls, which blanks the image.
 #pragma once
 
@@ -12,6 +12,7 @@ namespace telvaro::objects {
 class PictureBox : public Control {
 public:
     static constexpr int kTwipsPerPixel = 15;
+    static constexpr std::int32_t kMaxImageSide = 4096;
 
     explicit PictureBox(String name = u"Picture1");
 

@@ -92,7 +92,9 @@ std::shared_ptr<Picture> decodePicture(const std::string& bytes) {
     int width = 0, height = 0, channels = 0;
     if (!stbi_info_from_memory(data, length, &width, &height, &channels)) invalidPicture();
     if (width <= 0 || height <= 0) invalidPicture();
-    if (width > Picture::kMaxSide || height > Picture::kMaxSide) raise(err::OutOfMemory);
+    if (width > Picture::kMaxSide || height > Picture::kMaxSide ||
+        std::int64_t{width} * height > Picture::kMaxPixels)
+        raise(err::OutOfMemory);
     stbi_uc* rgba = stbi_load_from_memory(data, length, &width, &height, &channels, 4);
     if (!rgba) invalidPicture();
     std::shared_ptr<Picture> picture;
