@@ -48,10 +48,11 @@ public:
     std::int64_t wholeValue(const Json& v, const std::string& field, std::int64_t min, std::int64_t max) const {
         const std::string expects = "a whole number from " + std::to_string(min) + " to " + std::to_string(max);
         if (v.is_number_integer()) {
-            if (v.is_number_unsigned() ? v.get<std::uint64_t>() > static_cast<std::uint64_t>(max)
-                                       : v.get<std::int64_t>() < min || v.get<std::int64_t>() > max)
+            if (v.is_number_unsigned() && v.get<std::uint64_t>() > static_cast<std::uint64_t>(INT64_MAX))
                 fail(field, expects);
-            return v.get<std::int64_t>();
+            const auto n = v.get<std::int64_t>();
+            if (n < min || n > max) fail(field, expects);
+            return n;
         }
         if (v.is_number_float()) {
             const double d = v.get<double>();

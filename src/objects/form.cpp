@@ -7,7 +7,7 @@ namespace telvaro::objects {
 
 namespace {
 
-enum Member { Caption = 0, Controls, Changed, GuardaRegistro, CargaDatosRegistro, Lista, ActiveForm };
+enum Member { Caption = 0, Controls, ScaleMode, Changed, GuardaRegistro, CargaDatosRegistro, Lista, ActiveForm };
 
 }  // namespace
 
@@ -17,10 +17,11 @@ Form::Form(String name, bool mdi) : Control(std::move(name)), mdi_(mdi) {
 }
 
 const MemberTable& Form::members() const {
-    static const MemberTable form(commonMemberNames(), {u"Caption", u"Controls", u"Changed", u"GuardaRegistro",
-                                                        u"CargaDatosRegistro", u"Lista"});
-    static const MemberTable mdi(commonMemberNames(), {u"Caption", u"Controls", u"Changed", u"GuardaRegistro",
-                                                       u"CargaDatosRegistro", u"Lista", u"ActiveForm"});
+    static const MemberTable form(commonMemberNames(), {u"Caption", u"Controls", u"ScaleMode", u"Changed",
+                                                        u"GuardaRegistro", u"CargaDatosRegistro", u"Lista"});
+    static const MemberTable mdi(commonMemberNames(), {u"Caption", u"Controls", u"ScaleMode", u"Changed",
+                                                       u"GuardaRegistro", u"CargaDatosRegistro", u"Lista",
+                                                       u"ActiveForm"});
     return mdi_ ? mdi : form;
 }
 
@@ -48,6 +49,12 @@ Variant Form::dispatch(int id, const MemberCall& call) {
             return readOnlyProperty(call, [&] {
                 return Variant(ObjectRef(std::make_shared<ControlCollection>(
                     std::static_pointer_cast<Form>(shared_from_this()))));
+            });
+        case ScaleMode:
+            return property(call, [&] { return Variant(scaleMode); }, [&](const Variant& v) {
+                const auto mode = integerValue(v);
+                if (mode < 0 || mode > 7) raise(err::InvalidPropertyValue);
+                scaleMode = mode;
             });
         case Changed:
             return property(call, [&] { return Variant(Boolean(changed)); },

@@ -1,4 +1,4 @@
-// The form: its Caption, its controls (`Controls`, and each control by its
+// The form: its Caption, ScaleMode (0 to 7; 1 twips), its controls (`Controls`, and each control by its
 // name as a member of the form: `frmClientes.txtCodigo`), and the members
 // of a data-entry form that moves through records:
 //  - `Changed` (read/write Boolean): the form holds edits not yet stored;
@@ -34,6 +34,7 @@ public:
     std::shared_ptr<Control> controlNamed(StringView name) const;
 
     String caption;
+    std::int16_t scaleMode = 1;  // twips
     bool changed = false;
     std::vector<bool> saveSucceeds;  // answers of GuardaRegistro, in order
     std::int32_t saves() const { return saves_; }

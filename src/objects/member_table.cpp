@@ -6,9 +6,15 @@ namespace telvaro::objects {
 
 namespace {
 
+constexpr std::size_t kLongestName = 64;
+
+char16_t folded(char16_t c) {
+    return c < 0x80 ? static_cast<char16_t>(c >= u'A' && c <= u'Z' ? c + 32 : c) : foldCase(c);
+}
+
 String folded(StringView name) {
     String key(name);
-    for (auto& c : key) c = c < 0x80 ? static_cast<char16_t>(c >= u'A' && c <= u'Z' ? c + 32 : c) : foldCase(c);
+    for (auto& c : key) c = folded(c);
     return key;
 }
 
@@ -29,7 +35,11 @@ void MemberTable::add(const char16_t* name) {
 }
 
 int MemberTable::find(StringView name) const {
-    auto it = byFoldedName_.find(folded(name));
+    // Folded on the stack: a member's name is looked up on every call.
+    if (name.size() > kLongestName) return -1;
+    char16_t buffer[kLongestName];
+    for (std::size_t i = 0; i < name.size(); ++i) buffer[i] = folded(name[i]);
+    auto it = byFoldedName_.find(StringView(buffer, name.size()));
     return it == byFoldedName_.end() ? -1 : it->second;
 }
 

@@ -3,6 +3,7 @@
 // has in the list, which is the object's own number for the member.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <unordered_map>
 #include <vector>
@@ -27,8 +28,12 @@ public:
 private:
     void add(const char16_t* name);
 
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(StringView s) const { return std::hash<StringView>{}(s); }
+    };
     std::vector<String> names_;
-    std::unordered_map<String, int> byFoldedName_;
+    std::unordered_map<String, int, Hash, std::equal_to<>> byFoldedName_;
 };
 
 }  // namespace telvaro::objects

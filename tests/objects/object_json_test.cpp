@@ -181,6 +181,8 @@ TEST(ObjectJson, DescriptionsThatDoNotFitTheirKindNameTheField) {
         {R"({"object": "grid", "cells": ["a"]})", 5, "\"cells\""},
         {R"({"object": "grid", "cells": [[{"x": 1}]]})", 5, "\"cells\" of a grid expects a text"},
         {R"({"object": "grid", "rows": 2, "row": 2})", 5, "\"row\""},
+        {R"({"object": "grid", "rows": 0, "formats": [{"row": 0, "col": 0}]})", 5, "\"row\" of a cell format"},
+        {R"({"object": "grid", "rows": 18446744073709551615})", 5, "\"rows\""},
         {R"({"object": "grid", "colWidths": [1, 2, 3]})", 5, "\"colWidths\""},
         {R"({"object": "grid", "colWidths": [-2]})", 5, "\"colWidths\""},
         {R"({"object": "grid", "formats": [{"row": 5, "col": 0}]})", 5, "\"row\" of a cell format"},
