@@ -234,7 +234,8 @@ ObjectRef buildGrid(const Fields& f) {
 }
 
 ObjectRef buildList(const Fields& f, ListControl::Kind kind) {
-    auto list = std::make_shared<ListControl>(kind, nameOr(f, kind == ListControl::Kind::ListBox ? u"List1" : u"Combo1"));
+    auto list =
+        std::make_shared<ListControl>(kind, nameOr(f, kind == ListControl::Kind::ListBox ? u"List1" : u"Combo1"));
     applyCommon(*list, f);
     if (auto v = f.whole("style", 0, kind == ListControl::Kind::ListBox ? 1 : 2))
         list->setStyle(static_cast<std::int16_t>(*v));
@@ -406,6 +407,17 @@ void placeControls(Form& form, const Fields& f, std::vector<Placed>& placed) {
                 f.fail("container", "the name of a frame or picture box of the same form");
         }
         p.container = container;
+    }
+    // Following the containers up must reach the form.
+    auto containerOf = [&](const std::shared_ptr<Control>& c) -> std::shared_ptr<Control> {
+        for (const auto& p : placed)
+            if (p.control == c) return p.container;
+        return nullptr;
+    };
+    for (const auto& p : placed) {
+        std::size_t steps = 0;
+        for (auto c = p.container; c; c = containerOf(c))
+            if (++steps > placed.size()) f.fail("container", "a frame or picture box not inside the control itself");
     }
     for (const auto& p : placed) form.add(p.control, p.container);
 }

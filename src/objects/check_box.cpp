@@ -26,7 +26,8 @@ Variant CheckBox::dispatch(int id, const MemberCall& call) {
     if (id < CommonMemberCount) return dispatchCommon(id, call);
     switch (id - CommonMemberCount) {
         case Value:
-            return property(call, [&] { return Variant(value_); }, [&](const Variant& v) { setValue(integerValue(v)); });
+            return property(
+                call, [&] { return Variant(value_); }, [&](const Variant& v) { setValue(integerValue(v)); });
         case Caption:
             return property(call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
     }

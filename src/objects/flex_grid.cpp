@@ -203,7 +203,8 @@ void FlexGrid::addItem(StringView item, std::optional<std::int32_t> index) {
             start = i + 1;
         }
     const auto offset = static_cast<std::ptrdiff_t>(cellIndex(at, 0));
-    texts_.insert(texts_.begin() + offset, std::make_move_iterator(cells.begin()), std::make_move_iterator(cells.end()));
+    texts_.insert(texts_.begin() + offset, std::make_move_iterator(cells.begin()),
+                  std::make_move_iterator(cells.end()));
     formats_.insert(formats_.begin() + at, nullptr);
     rowHeights_.insert(rowHeights_.begin() + at, -1);
     ++rows_;
@@ -265,7 +266,8 @@ Variant FlexGrid::cellMember(int id, const MemberCall& call) {
             case CellBackColor: return Variant(cell && cell->backColor ? *cell->backColor : 0);
             case CellForeColor: return Variant(cell && cell->foreColor ? *cell->foreColor : 0);
             case CellAlignment:
-                return Variant(cell && cell->alignment ? *cell->alignment : colAlignments_[static_cast<std::size_t>(col_)]);
+                return Variant(cell && cell->alignment ? *cell->alignment
+                                                       : colAlignments_[static_cast<std::size_t>(col_)]);
             case CellFontBold: return Variant(Boolean(cell && cell->fontBold ? *cell->fontBold : font.bold));
             case CellFontName: return Variant(cell && cell->fontName ? *cell->fontName : font.name);
             case CellFontSize: return Variant(cell && cell->fontSize ? *cell->fontSize : font.size);

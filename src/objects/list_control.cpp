@@ -136,7 +136,9 @@ Variant ListControl::dispatch(int id, const MemberCall& call) {
         }
         case NewIndex: return readOnlyProperty(call, [&] { return Variant(newIndex_); });
         case Style: return readOnlyProperty(call, [&] { return Variant(style_); });
-        case Text: return property(call, [&] { return Variant(text()); }, [&](const Variant& v) { setText(textValue(v)); });
+        case Text:
+            return property(
+                call, [&] { return Variant(text()); }, [&](const Variant& v) { setText(textValue(v)); });
         case SelStart:
             return property(call, [&] { return Variant(selStart_); },
                             [&](const Variant& v) { setSelStart(longValue(v)); });

@@ -39,7 +39,9 @@ void TextBox::setSelLength(std::int32_t length) {
 Variant TextBox::dispatch(int id, const MemberCall& call) {
     if (id < CommonMemberCount) return dispatchCommon(id, call);
     switch (id - CommonMemberCount) {
-        case Text: return property(call, [&] { return Variant(text_); }, [&](const Variant& v) { setText(textValue(v)); });
+        case Text:
+            return property(
+                call, [&] { return Variant(text_); }, [&](const Variant& v) { setText(textValue(v)); });
         case SelStart:
             return property(call, [&] { return Variant(selStart_); },
                             [&](const Variant& v) { setSelStart(longValue(v)); });
@@ -50,7 +52,8 @@ Variant TextBox::dispatch(int id, const MemberCall& call) {
             return property(
                 call,
                 [&] {
-                    return Variant(text_.substr(static_cast<std::size_t>(selStart_), static_cast<std::size_t>(selLength_)));
+                    return Variant(
+                        text_.substr(static_cast<std::size_t>(selStart_), static_cast<std::size_t>(selLength_)));
                 },
                 [&](const Variant& v) {
                     const String inserted = textValue(v);
@@ -59,7 +62,8 @@ Variant TextBox::dispatch(int id, const MemberCall& call) {
                     selLength_ = 0;
                 });
         case MaxLength:
-            return property(call, [&] { return Variant(maxLength); }, [&](const Variant& v) { maxLength = sizeValue(v); });
+            return property(
+                call, [&] { return Variant(maxLength); }, [&](const Variant& v) { maxLength = sizeValue(v); });
         case Locked:
             return property(call, [&] { return Variant(Boolean(locked)); },
                             [&](const Variant& v) { locked = booleanValue(v).isTrue(); });

@@ -224,7 +224,8 @@ TEST(Controls, PictureBoxImageFollowsItsSize) {
     EXPECT_EQ(errorNumberOf([&] { box->put(u"ScaleMode", I(8)); }), 380);
     EXPECT_EQ(errorNumberOf([&] { box->put(u"hDC", L(1)); }), 383);
     box->put(u"Width", Variant(1e9));
-    EXPECT_EQ(std::dynamic_pointer_cast<Picture>(box->get(u"Image").get<ObjectRef>())->width(), PictureBox::kMaxImageSide);
+    EXPECT_EQ(std::dynamic_pointer_cast<Picture>(box->get(u"Image").get<ObjectRef>())->width(),
+              PictureBox::kMaxImageSide);
 }
 
 }  // namespace

@@ -115,7 +115,8 @@ TEST(FlexGrid, FormattingFollowsItsRowAndGoesWithIt) {
     }
     grid.removeItem(2);  // "c" and its colour 20 go
     grid.addItem(u"n\tm", 1);
-    const std::vector<std::pair<String, std::int32_t>> expected{{u"", 0}, {u"n", 0}, {u"b", 10}, {u"d", 30}, {u"e", 40}};
+    const std::vector<std::pair<String, std::int32_t>> expected{
+        {u"", 0}, {u"n", 0}, {u"b", 10}, {u"d", 30}, {u"e", 40}};
     ASSERT_EQ(grid.rows(), 5);
     for (std::int32_t r = 0; r < 5; ++r) {
         SCOPED_TRACE(r);
