@@ -230,3 +230,62 @@ TEST(ObjectJson, DescriptionsThatDoNotFitTheirKindNameTheField) {
 
 }  // namespace
 }  // namespace telvaro::cli
+
+namespace telvaro::cli {
+namespace {
+
+// Every field of a full description of each kind replaced by junk: the
+// builder gives an object or a run-time error, never anything else, and
+// the state of what it built can be written.
+TEST(ObjectJson, JunkInAnyFieldIsAnErrorOrAnObject) {
+    const char* const full[] = {
+        R"({"object": "grid", "name": "g", "rows": 3, "cols": 2, "fixedRows": 1, "fixedCols": 1, "row": 1, "col": 1,
+            "redraw": true, "cells": [["a", "b"]], "colWidths": [1], "rowHeights": [1], "colAlignments": [1],
+            "formats": [{"row": 0, "col": 0, "backColor": 1, "picture": "imSI"}], "font": {"size": 9}})",
+        R"({"object": "list", "items": ["a"], "itemData": [1], "listIndex": 0, "visible": true, "style": 0,
+            "fontSize": 8})",
+        R"({"object": "combobox", "items": ["a"], "style": 2, "text": "a", "selStart": 0})",
+        R"({"object": "textbox", "text": "x", "selStart": 0, "selLength": 1, "maxLength": 3, "locked": false,
+            "tag": "t", "enabled": true, "left": 1, "top": 1, "width": 1, "height": 1, "tabIndex": 1})",
+        R"({"object": "checkbox", "value": 1, "caption": "c"})",
+        R"({"object": "optionbutton", "value": true, "caption": "c"})",
+        R"({"object": "label", "caption": "c", "alignment": 1})",
+        R"({"object": "font", "name": "Arial", "size": 9, "bold": true, "italic": true, "underline": true})",
+        R"({"object": "picturebox", "picture": "imNO", "autoRedraw": true, "autoSize": true, "scaleMode": 3})",
+        R"({"object": "picture", "width": 2, "height": 2, "source": "x"})",
+        R"({"object": "frame", "caption": "f", "controls": [{"object": "textbox"}]})",
+        R"({"object": "form", "name": "f", "caption": "c", "changed": true, "saveSucceeds": [true], "mdi": true,
+            "activeForm": {"object": "form"}, "controls": [{"object": "frame", "name": "fr"},
+            {"object": "textbox", "container": "fr"}]})",
+    };
+    const Json junk[] = {
+        nullptr, true, -1, 0, 4294967296LL, 1e300, -1.5, "texto", "", Json::array(), Json::array({1, "a", nullptr}),
+        Json::object(), Json{{"object", "textbox"}}, Json::array({Json::array({Json::object()})}),
+    };
+    std::size_t built_count = 0, errors = 0;
+    for (const char* description : full) {
+        const Json base = Json::parse(description);
+        for (const auto& [field, value] : base.items()) {
+            if (field == "object") continue;
+            for (const auto& j : junk) {
+                Json d = base;
+                d[field] = j;
+                SCOPED_TRACE(d.dump());
+                ObjectBuilder builder;
+                try {
+                    ObjectRef object = builder.build(d);
+                    EXPECT_TRUE(objectState(*object).is_object());
+                    ++built_count;
+                } catch (const RuntimeError& e) {
+                    EXPECT_TRUE(e.number() == 5 || e.number() == 445) << e.what();
+                    ++errors;
+                }
+            }
+        }
+    }
+    EXPECT_GT(built_count, 0u);
+    EXPECT_GT(errors, 0u);
+}
+
+}  // namespace
+}  // namespace telvaro::cli
