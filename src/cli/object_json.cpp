@@ -5,6 +5,7 @@
 #include "cli/json_values.h"
 #include "objects/check_box.h"
 #include "objects/check_box_pictures.h"
+#include "objects/data_grid.h"
 #include "objects/flex_grid.h"
 #include "objects/form.h"
 #include "objects/frame.h"
@@ -371,6 +372,13 @@ ObjectRef ObjectBuilder::buildKind(const std::string& kind, const Json& d) {
     if (kind == "picture") return buildPicture(f);
     if (kind == "frame") return buildFrame(d);
     if (kind == "form") return buildForm(d);
+    if (kind == "datagrid") {
+        auto grid = std::make_shared<DataGrid>(nameOr(f, u"DataGrid1"));
+        applyCommon(*grid, f);
+        if (auto v = f.text("dataMember")) grid->dataMember = *v;
+        if (const Json* source = f.find("dataSource")) grid->dataSource = build(*source);
+        return grid;
+    }
     if (hooks_.build)
         if (ObjectRef object = hooks_.build(kind, d)) return object;
     raise(err::ObjectDoesNotSupportAction, u"Object kind not supported yet: " + fromUtf8(Json(kind).dump()));
@@ -607,6 +615,12 @@ Json controlState(const Control& c, const ObjectKindHooks& hooks) {
         out["autoRedraw"] = p->autoRedraw;
         out["autoSize"] = p->autoSize;
         out["scaleMode"] = p->scaleMode;
+    } else if (auto* d = dynamic_cast<const DataGrid*>(&c)) {
+        out = Json{{"object", "datagrid"}};
+        commonState(out, c);
+        out["dataSource"] = d->dataSource ? objectState(*d->dataSource, hooks) : Json(nullptr);
+        out["dataMember"] = toUtf8(d->dataMember);
+        out["refreshes"] = d->refreshes();
     } else if (auto* form = dynamic_cast<const Form*>(&c)) {
         out = Json{{"object", "form"}};
         commonState(out, c);

@@ -3,7 +3,7 @@
 // state after the call, with "calls", the ordered members the method used.
 //
 // Kinds: grid, list, combobox, textbox, checkbox, optionbutton, label,
-// font, frame, picturebox, picture and form (with its controls, nested in
+// font, frame, picturebox, picture, datagrid and form (with its controls, nested in
 // frames by "controls" or by "container": NAME). Other kinds (connection,
 // recordset, ...) come from hooks that other layers give; without one the
 // kind is error 445, "Object kind not supported yet". A description that

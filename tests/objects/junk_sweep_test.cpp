@@ -9,6 +9,7 @@
 
 #include "objects/check_box.h"
 #include "objects/check_box_pictures.h"
+#include "objects/data_grid.h"
 #include "objects/flex_grid.h"
 #include "objects/form.h"
 #include "objects/frame.h"
@@ -78,6 +79,7 @@ std::vector<std::function<std::shared_ptr<CallerObject>()>> makers() {
             return f;
         },
         [] { return std::make_shared<Form>(u"mdi", true); },
+        [] { return std::make_shared<DataGrid>(u"dg"); },
         [] { return std::make_shared<Font>(); },
         [] { return makeCheckBoxPicture(CheckBoxPicture::Checked); },
         [] {

@@ -143,6 +143,29 @@ public:
     String typeName() const override { return u"Recordset"; }
 };
 
+TEST(ObjectJson, DataGridRecordsWhatIsBoundToIt) {
+    ObjectKindHooks hooks;
+    hooks.build = [](const std::string& kind, const Json&) -> ObjectRef {
+        return kind == "recordset" ? std::make_shared<Recordset>() : nullptr;
+    };
+    hooks.state = [](const Object&) -> std::optional<Json> { return Json{{"object", "recordset"}}; };
+    ObjectBuilder builder(hooks);
+    ObjectRef grid = built(R"({"object": "datagrid", "name": "dgBusqueda", "visible": false})", builder);
+    EXPECT_EQ(grid->typeName(), u"DataGrid");
+    ObjectRef source = built(R"({"object": "recordset"})", builder);
+    std::vector<Variant> assigned{Variant(source)};
+    grid->invoke(u"DataSource", InvokeKind::PropertyPutRef, assigned);
+    grid->put(u"DataMember", Variant(u""));
+    grid->call(u"Refresh");
+    grid->put(u"Visible", Variant(Boolean(true)));
+    EXPECT_EQ(errorNumberOf([&] { grid->put(u"DataSource", Variant(u"x")); }), 424);
+    const Json state = objectState(*grid, hooks);
+    EXPECT_EQ(state["dataSource"], Json::parse(R"({"object": "recordset"})"));
+    EXPECT_EQ(state["refreshes"], 1);
+    EXPECT_EQ(state["visible"], true);
+    EXPECT_EQ(state["calls"], Json::parse(R"(["DataSource=", "DataMember=", "Refresh", "Visible=", "DataSource="])"));
+}
+
 TEST(ObjectJson, KindsBuiltElsewhereComeThroughTheHooks) {
     const char* form = R"({"object": "form", "lista": {"object": "recordset", "source": "SELECT 1"}})";
     {
@@ -164,6 +187,9 @@ TEST(ObjectJson, KindsBuiltElsewhereComeThroughTheHooks) {
     EXPECT_EQ(built_form->get(u"Lista").get<ObjectRef>()->typeName(), u"Recordset");
     EXPECT_EQ(objectState(*built_form, hooks)["lista"], Json::parse(R"({"object": "recordset", "position": 1})"));
     EXPECT_EQ(errorNumberOf([&] { built(R"({"object": "chart"})", builder); }), 445);
+    ObjectRef bound = built(R"({"object": "datagrid", "dataSource": {"object": "recordset", "source": "SELECT 1"}})",
+                            builder);
+    EXPECT_EQ(objectState(*bound, hooks)["dataSource"], Json::parse(R"({"object": "recordset", "position": 1})"));
 }
 
 TEST(ObjectJson, DescriptionsThatDoNotFitTheirKindNameTheField) {
