@@ -12,6 +12,8 @@
 // rows and columns 2 to 11 the interior.
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -25,6 +27,12 @@ enum class CheckBoxPicture {
     CheckedDisabled,   // imSid
     UncheckedDisabled  // imNOd
 };
+
+inline constexpr int kCheckBoxSide = 13;
+
+// The pixels of that kind (0xAARRGGBB, row by row from the top): the
+// drawing alone, for a layer that makes its pictures through a service.
+std::array<std::uint32_t, kCheckBoxSide * kCheckBoxSide> checkBoxPixels(CheckBoxPicture kind);
 
 // A new picture of that kind; its source is the control's name ("imSI",
 // "imNO", "imSid", "imNOd").
