@@ -7,6 +7,7 @@ namespace telvaro::objects {
 Variant CallerObject::invoke(StringView member, InvokeKind kind, std::span<Variant> args) {
     const MemberTable& table = members();
     const int id = member.empty() ? defaultMember() : table.find(member);
+    if (id >= 0 && !hasMember(id)) raiseNoSuchMember();
     if (id < 0) {
         ObjectRef child = member.empty() ? nullptr : namedChild(member);
         if (!child || kind == InvokeKind::PropertyPut || kind == InvokeKind::PropertyPutRef || !args.empty())
@@ -23,7 +24,8 @@ Variant CallerObject::invoke(StringView member, InvokeKind kind, std::span<Varia
 std::vector<String> CallerObject::memberNames() const {
     const MemberTable& table = members();
     std::vector<String> names;
-    for (int id = 0; id < table.size(); ++id) names.push_back(table.name(id));
+    for (int id = 0; id < table.size(); ++id)
+        if (hasMember(id)) names.push_back(table.name(id));
     return names;
 }
 

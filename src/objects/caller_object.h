@@ -40,6 +40,9 @@ protected:
     // The member called when the caller names none (the default member),
     // or -1 when the object has none.
     virtual int defaultMember() const { return -1; }
+    // False for a member of the table this kind of object lacks (a form
+    // shares the controls' table but has no Container or Parent).
+    virtual bool hasMember(int) const { return true; }
     // An object reached by a name that is no member (a form's controls are
     // reached by their names: `frmClientes.txtCodigo`), or nullptr.
     virtual ObjectRef namedChild(StringView) const { return nullptr; }

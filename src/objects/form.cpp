@@ -40,7 +40,6 @@ std::shared_ptr<Control> Form::controlNamed(StringView name) const {
 }
 
 Variant Form::dispatch(int id, const MemberCall& call) {
-    if (id == ContainerMember || id == ParentMember) raiseNoSuchMember();
     if (id < CommonMemberCount) return dispatchCommon(id, call);
     switch (id - CommonMemberCount) {
         case Caption:

@@ -45,6 +45,7 @@ public:
 protected:
     const MemberTable& members() const override;
     Variant dispatch(int id, const MemberCall& call) override;
+    bool hasMember(int id) const override { return id != ContainerMember && id != ParentMember; }
     ObjectRef namedChild(StringView name) const override { return controlNamed(name); }
 
 private:

@@ -127,6 +127,8 @@ TEST(Controls, ContainerAndParentLinks) {
         }
     }
     EXPECT_EQ(errorNumberOf([&] { f.form->get(u"Container"); }), 438);
+    EXPECT_EQ(errorNumberOf([&] { f.form->get(u"Parent"); }), 438);
+    EXPECT_TRUE(f.form->calls().empty());
     EXPECT_EQ(errorNumberOf([&] { f.form->add(std::make_shared<Font>()); }), 13);
     // The links do not keep the form alive.
     std::weak_ptr<Form> gone = f.form;
