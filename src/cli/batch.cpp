@@ -8,6 +8,8 @@
 #include <streambuf>
 
 #include "cli/json_values.h"
+#include "cli/object_json.h"
+#include "cli/object_kinds.h"
 #include "context/fun.h"
 #include "frame/invoke.h"
 #include "host/default_platform.h"
@@ -37,9 +39,9 @@ json messagesOf(const ScriptedPlatform& platform) {
     return messages;
 }
 
-json byRefOf(const std::vector<Variant>& args) {
+json byRefOf(const std::vector<Variant>& args, const ObjectKindHooks& hooks) {
     json values = json::array();
-    for (const auto& a : args) values.push_back(encodeValue(a));
+    for (const auto& a : args) values.push_back(encodeValue(a, &hooks));
     return values;
 }
 
@@ -80,10 +82,13 @@ json answer(const json& request) {
         }
     }
 
+    // The request's caller objects live until its answer is written.
+    const ObjectKindHooks hooks = batchObjectHooks();
+    ObjectBuilder objects(hooks);
     std::vector<Variant> args;
     try {
         if (request.contains("args"))
-            for (const auto& a : request.at("args")) args.push_back(decodeValue(a));
+            for (const auto& a : request.at("args")) args.push_back(decodeValue(a, &objects));
     } catch (const RuntimeError& e) {
         return errorAnswer(id, e.number(), toUtf8(e.description()));
     }
@@ -93,11 +98,11 @@ json answer(const json& request) {
     try {
         Fun fun(platform);
         Variant result = invoke(fun, request.at("method").get<std::string>(), args);
-        out["result"] = encodeValue(result);
+        out["result"] = encodeValue(result, &hooks);
     } catch (const RuntimeError& e) {
         out["error"] = {{"number", e.number()}, {"description", toUtf8(e.description())}};
     }
-    out["byref"] = byRefOf(args);
+    out["byref"] = byRefOf(args, hooks);
     out["messages"] = messagesOf(platform);
     return out;
 }

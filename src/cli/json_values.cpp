@@ -1,5 +1,7 @@
 #include "cli/json_values.h"
 
+#include "cli/object_json.h"
+
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -99,7 +101,7 @@ Variant typedValue(const json& request) {
 
 }  // namespace
 
-Variant decodeValue(const json& value) {
+Variant decodeValue(const json& value, ObjectBuilder* objects) {
     switch (value.type()) {
         case json::value_t::string: return Variant(fromUtf8(value.get<std::string>()));
         case json::value_t::boolean: return Variant(Boolean(value.get<bool>()));
@@ -116,7 +118,7 @@ Variant decodeValue(const json& value) {
         case json::value_t::number_float: return Variant(value.get<double>());
         case json::value_t::array: {
             std::vector<Variant> items;
-            for (const auto& item : value) items.push_back(decodeValue(item));
+            for (const auto& item : value) items.push_back(decodeValue(item, objects));
             return Variant(Array::ofValues(std::move(items), 0));
         }
         case json::value_t::object: {
@@ -127,6 +129,7 @@ Variant decodeValue(const json& value) {
             if (value.contains("object")) {
                 const json& kind = value.at("object");
                 if (!kind.is_string()) undecodable("object", "the kind of object as a text");
+                if (objects) return Variant(objects->build(value));
                 throw RuntimeError(err::ObjectDoesNotSupportAction,
                                    u"Object kind not supported yet: " + fromUtf8(kind.get<std::string>()));
             }
@@ -160,7 +163,7 @@ double parseIsoDate(const std::string& text) {
     return day < 0 ? day - time : day + time;
 }
 
-json encodeValue(const Variant& v) {
+json encodeValue(const Variant& v, const ObjectKindHooks* hooks) {
     json out;
     out["type"] = varTypeName(v.type());
     switch (v.type()) {
@@ -176,18 +179,22 @@ json encodeValue(const Variant& v) {
         case VarType::Decimal: out["value"] = toUtf8(v.get<Decimal>().toString(u'.')); break;
         case VarType::Date: out["value"] = formatIsoDate(v.get<Date>().serial); break;
         case VarType::String: out["value"] = toUtf8(v.get<String>()); break;
-        case VarType::Object: out["value"] = nullptr; break;
+        case VarType::Object: {
+            const ObjectRef& o = v.get<ObjectRef>();
+            out["value"] = o ? objectState(*o, hooks ? *hooks : ObjectKindHooks{}) : json();
+            break;
+        }
         case VarType::Array: {
             const Array& a = v.array();
             json items = json::array();
             if (a.dimensions() == 2) {
                 for (std::int32_t i = a.lbound(1); i <= a.ubound(1); ++i) {
                     json row = json::array();
-                    for (std::int32_t j = a.lbound(2); j <= a.ubound(2); ++j) row.push_back(encodeValue(a.at(i, j)));
+                    for (std::int32_t j = a.lbound(2); j <= a.ubound(2); ++j) row.push_back(encodeValue(a.at(i, j), hooks));
                     items.push_back(row);
                 }
             } else {
-                for (const auto& item : a.elements()) items.push_back(encodeValue(item));
+                for (const auto& item : a.elements()) items.push_back(encodeValue(item, hooks));
             }
             out["value"] = items;
             break;

@@ -15,10 +15,16 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+class ObjectBuilder;
+struct ObjectKindHooks;
+
 // An argument's Variant; error 5 naming the field and what it expects for
-// a value that cannot be decoded.
-Variant decodeValue(const nlohmann::ordered_json& value);
-nlohmann::ordered_json encodeValue(const Variant& value);
+// a value that cannot be decoded. Caller objects ({"object": KIND, ...})
+// are built by `objects`; without a builder they are error 445.
+Variant decodeValue(const nlohmann::ordered_json& value, ObjectBuilder* objects = nullptr);
+// An object's value is its state after the call (`hooks` describe the
+// kinds the objects layer does not know); Nothing is null.
+nlohmann::ordered_json encodeValue(const Variant& value, const ObjectKindHooks* hooks = nullptr);
 
 // "YYYY-MM-DDTHH:MM:SS" <-> a date serial.
 std::string formatIsoDate(double serial);

@@ -49,7 +49,7 @@ TEST(BatchAnswers, EveryLineGetsOneAnswerOfOneShape) {
         {R"({"id":7,"method":"strCuentaCaracteres","args":["a","a"],"answers":[1e40]})", -1, 7},
         {R"({"id":8,"method":"strCuentaCaracteres","args":[{"date":5},"a"]})", 5, 8},
         {R"({"id":8,"method":"strCuentaCaracteres","args":[{"type":5},"a"]})", 5, 8},
-        {R"({"id":9,"method":"strCuentaCaracteres","args":[{"object":"grid"},"a"]})", 445, 9},
+        {R"({"id":9,"method":"strCuentaCaracteres","args":[{"object":"gauge"},"a"]})", 445, 9},
     };
     for (const auto& c : cases) {
         const std::string label = c.line.substr(0, 80);
