@@ -49,11 +49,11 @@ RecordsetReport describeRecordset(Object& recordset) {
     report.eof = toBoolean(recordset.get(u"EOF")).isTrue();
     if (report.bof || report.eof) return report;
     const Variant fields = recordset.get(u"Fields");
-    Object& collection = objectOf(fields);
+    const ObjectHandle collection = objectOf(fields);
     const std::int32_t count = toLong(collection.get(u"Count"));
     for (std::int32_t i = 0; i < count; ++i) {
         const Variant field = collection.get(u"Item", {Variant(i)});
-        Object& f = objectOf(field);
+        const ObjectHandle f = objectOf(field);
         report.fields.emplace_back(toString(f.get(u"Name")), f.get(u"Value"));
     }
     return report;

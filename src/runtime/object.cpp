@@ -24,11 +24,11 @@ Variant Object::call(StringView member, std::vector<Variant> args) { return invo
 
 Variant Object::call(StringView member, std::span<Variant> args) { return invoke(member, InvokeKind::Method, args); }
 
-Object& objectOf(const Variant& v) {
+ObjectHandle objectOf(const Variant& v) {
     if (!v.isObject()) raise(err::ObjectRequired);
     const auto& o = v.get<ObjectRef>();
     if (!o) raise(err::ObjectVariableNotSet);
-    return *o;
+    return ObjectHandle(o);
 }
 
 void raiseNoSuchMember() { raise(err::ObjectDoesNotSupport); }

@@ -35,8 +35,42 @@ public:
     Variant call(StringView member, std::span<Variant> args);
 };
 
+// An owning reference to an object that is there (never Nothing): what
+// objectOf gives. It keeps the object alive as long as it is held, so a
+// member that returns an object can be used on at once or kept:
+//
+//     ObjectHandle font = objectOf(grid.get(u"Font"));   // owns the font
+//     font.put(u"Bold", Variant(True));
+//
+// No bare Object& can be taken from a temporary handle.
+class ObjectHandle {
+public:
+    explicit ObjectHandle(ObjectRef object) : object_(std::move(object)) {}
+
+    Variant get(StringView member) const { return object_->get(member); }
+    Variant get(StringView member, std::vector<Variant> indices) const { return object_->get(member, std::move(indices)); }
+    void put(StringView member, const Variant& value) const { object_->put(member, value); }
+    void put(StringView member, std::vector<Variant> indices, const Variant& value) const {
+        object_->put(member, std::move(indices), value);
+    }
+    Variant call(StringView member, std::vector<Variant> args = {}) const { return object_->call(member, std::move(args)); }
+    Variant call(StringView member, std::span<Variant> args) const { return object_->call(member, args); }
+    Variant invoke(StringView member, InvokeKind kind, std::span<Variant> args) const {
+        return object_->invoke(member, kind, args);
+    }
+    String typeName() const { return object_->typeName(); }
+
+    Object* operator->() const { return object_.get(); }
+    Object& operator*() const& { return *object_; }
+    Object& operator*() const&& = delete;
+    const ObjectRef& ref() const { return object_; }
+
+private:
+    ObjectRef object_;
+};
+
 // The object held by a Variant; error 91 for Nothing, 424 for a non-object.
-Object& objectOf(const Variant& v);
+ObjectHandle objectOf(const Variant& v);
 
 // The error for a member an object does not have.
 [[noreturn]] void raiseNoSuchMember();

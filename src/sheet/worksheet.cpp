@@ -69,7 +69,7 @@ CellBlock Worksheet::columnsBlock(std::span<const Variant> args) {
 
 CellBlock Worksheet::blockOf(const WorkbookDocument* doc, const Variant& corner) const {
     if (corner.isObject()) {
-        auto* range = dynamic_cast<const CellRange*>(&objectOf(corner));
+        auto* range = dynamic_cast<const CellRange*>(objectOf(corner).ref().get());
         // A range of another sheet cannot be a corner of this one.
         if (!range || range->document() != doc) raiseSheetError();
         return range->block();
