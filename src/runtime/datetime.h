@@ -51,6 +51,16 @@ int expandTwoDigitYear(int year);
 // time that rounds to midnight belongs to the next day. Error 6 for a
 // serial outside the valid range.
 CivilDate civilDate(double serial);  // the calendar day of a serial
+// A serial as its day and its time in whole seconds: the time is rounded to
+// the nearest second, and a time that rounds to midnight moves to the next
+// day (except on the last valid day, which keeps 23:59:59). Error 6 outside
+// the date range.
+struct Moment {
+    std::int64_t day = 0;
+    int seconds = 0;
+};
+Moment momentOf(double serial);
+CivilDate civilDateOfDay(std::int64_t day);  // the calendar day of a Moment's day
 TimeOfDay timeOfDay(double serial);
 int weekday(double serial);  // 1 = Sunday ... 7 = Saturday
 int dayOfYear(double serial);

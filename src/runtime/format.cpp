@@ -10,7 +10,9 @@
 
 #include "runtime/convert.h"
 #include "runtime/error.h"
-#include "runtime/format_internal.h"
+#include "runtime/format_date.h"
+#include "runtime/format_number.h"
+#include "runtime/format_pattern.h"
 #include "runtime/object.h"
 #include "runtime/unicode.h"
 

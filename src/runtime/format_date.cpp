@@ -7,7 +7,7 @@
 #include <string>
 
 #include "runtime/error.h"
-#include "runtime/format_internal.h"
+#include "runtime/format_date.h"
 
 namespace telvaro::formatting {
 

@@ -7,7 +7,7 @@
 #include <cstdlib>
 
 #include "runtime/error.h"
-#include "runtime/format_internal.h"
+#include "runtime/format_number.h"
 
 namespace telvaro::formatting {
 
