@@ -16,7 +16,7 @@ const String kText = u"uno,dos,tres,cuatro,cinco,seis,siete,ocho,nueve,diez";
 void countByName(benchmark::State& state) {
     Fun fun(defaultPlatform());
     for (auto _ : state) {
-        std::vector<Variant> args{Variant(kText), Variant(u","), Variant(std::int16_t(1))};
+        Variant args[] = {Variant(kText), Variant(u","), Variant(std::int16_t(1))};
         benchmark::DoNotOptimize(invoke(fun, "strCuentaCaracteres", args));
     }
 }
@@ -34,7 +34,7 @@ BENCHMARK(countDirect)->Name("strCuentaCaracteres/direct");
 void locateByName(benchmark::State& state) {
     Fun fun(defaultPlatform());
     for (auto _ : state) {
-        std::vector<Variant> args{Variant(u"a,b"), Variant(u","), Variant(std::int32_t(3))};
+        Variant args[] = {Variant(u"a,b"), Variant(u","), Variant(std::int32_t(3))};
         benchmark::DoNotOptimize(invoke(fun, "strPosicion_XAvo_Caracter", args));
     }
 }

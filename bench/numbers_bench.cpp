@@ -63,8 +63,8 @@ BENCHMARK(rucDirect)->Name("fn_ValidaRUC2/direct");
 void wordsLibrary(benchmark::State& state) {
     Fun fun(defaultPlatform());
     for (auto _ : state) {
-        std::vector<Variant> args{Variant(u"1234567.89"), Variant(std::int32_t(0)), Variant(std::int32_t(2)),
-                                  Variant(u"dólares"), Variant(u"centavos"), Variant(std::int32_t(1))};
+        Variant args[] = {Variant(u"1234567.89"), Variant(std::int32_t(0)), Variant(std::int32_t(2)),
+                          Variant(u"dólares"),    Variant(u"centavos"),     Variant(std::int32_t(1))};
         benchmark::DoNotOptimize(invoke(fun, "Numero2Letra", args));
     }
     state.SetItemsProcessed(state.iterations());

@@ -132,6 +132,32 @@ namespace detail {
 template <typename P>
 using Value = std::remove_cvref_t<P>;
 
+// A text the method reads but cannot change: the caller's own String when
+// the argument already is one (no copy), else the converted text.
+class TextArgument {
+public:
+    explicit TextArgument(const String* caller) : caller_(caller) {}
+    explicit TextArgument(String converted) : caller_(nullptr), converted_(std::move(converted)) {}
+    operator const String&() const { return caller_ ? *caller_ : converted_; }  // NOLINT: stands for the text
+
+private:
+    const String* caller_;
+    String converted_;
+};
+
+// What a parameter is held as during the call: its value, or for a
+// read-only text the TextArgument above.
+template <typename P>
+struct HeldAs {
+    using type = Value<P>;
+};
+template <>
+struct HeldAs<const String&> {
+    using type = TextArgument;
+};
+template <typename P>
+using Held = typename HeldAs<P>::type;
+
 template <typename P>
 inline constexpr bool isByRef = std::is_lvalue_reference_v<P> && !std::is_const_v<std::remove_reference_t<P>>;
 
@@ -167,6 +193,12 @@ T argument(const ParamInfo& param, std::span<Variant> args, std::size_t i) {
     return ArgTraits<T>::from(v);
 }
 
+template <>
+inline TextArgument argument<TextArgument>(const ParamInfo& param, std::span<Variant> args, std::size_t i) {
+    if (given(args, i) && args[i].isString()) return TextArgument(&args[i].get<String>());
+    return TextArgument(argument<String>(param, args, i));
+}
+
 // The arguments of one call, converted from the caller's Variants in
 // parameter order; the arguments the caller gave for by-reference
 // parameters go back into the caller's Variants, in the declared type and
@@ -182,15 +214,15 @@ public:
     CallFrame(const CallFrame&) = delete;
     CallFrame& operator=(const CallFrame&) = delete;
 
-    std::tuple<Value<Ps>...>& values() { return values_; }
+    std::tuple<Held<Ps>...>& values() { return values_; }
 
 private:
     // Braces: the arguments are taken left to right, as the caller wrote them.
     template <std::size_t... I>
-    static std::tuple<Value<Ps>...> load(const MethodInfo& method, [[maybe_unused]] std::span<Variant> args,
-                                         std::index_sequence<I...>) {
+    static std::tuple<Held<Ps>...> load(const MethodInfo& method, [[maybe_unused]] std::span<Variant> args,
+                                        std::index_sequence<I...>) {
         if (args.size() > sizeof...(Ps)) raise(err::WrongNumberOfArguments);
-        return std::tuple<Value<Ps>...>{argument<Value<Ps>>(method.params[I], args, I)...};
+        return std::tuple<Held<Ps>...>{argument<Held<Ps>>(method.params[I], args, I)...};
     }
     // A parameter the method cannot change and an argument that already had
     // the declared type need nothing written: the caller's value stands.
@@ -202,7 +234,7 @@ private:
                 args_[I].type() == varTypeOf(ArgTraits<Value<P>>::type))
                 return;
         }
-        args_[I] = ArgTraits<Value<P>>::to(std::get<I>(values_));
+        args_[I] = ArgTraits<Value<P>>::to(static_cast<const Value<P>&>(std::get<I>(values_)));
     }
     template <std::size_t... I>
     void store(std::index_sequence<I...>) noexcept {
@@ -211,7 +243,7 @@ private:
 
     const MethodInfo& method_;
     std::span<Variant> args_;
-    std::tuple<Value<Ps>...> values_;
+    std::tuple<Held<Ps>...> values_;
 };
 
 template <auto F, typename R, typename... Ps, std::size_t... I>

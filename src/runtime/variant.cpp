@@ -7,20 +7,6 @@ namespace telvaro {
 
 Variant::Variant(Array v) : v_(std::make_shared<const Array>(std::move(v))) {}
 
-VarType Variant::type() const {
-    static constexpr VarType byIndex[] = {VarType::Empty,   VarType::Null,     VarType::Error,   VarType::Boolean,
-                                          VarType::Byte,    VarType::Integer,  VarType::Long,    VarType::Currency,
-                                          VarType::Decimal, VarType::Double,   VarType::Date,    VarType::String,
-                                          VarType::Object,  VarType::Array};
-    static_assert(std::size(byIndex) == std::variant_size_v<Storage>);
-    return byIndex[v_.index()];
-}
-
-bool Variant::isMissing() const {
-    auto* e = std::get_if<ErrorCode>(&v_);
-    return e && e->scode == kMissingArgument;
-}
-
 bool Variant::isNumber() const {
     switch (type()) {
         case VarType::Integer:

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 #include <memory>
 #include <variant>
 #include <vector>
@@ -103,10 +104,20 @@ public:
 
     static Variant missing() { return Variant(ErrorCode{kMissingArgument}); }
 
-    VarType type() const;
+    VarType type() const {
+        static constexpr VarType byIndex[] = {VarType::Empty,   VarType::Null,     VarType::Error,   VarType::Boolean,
+                                              VarType::Byte,    VarType::Integer,  VarType::Long,    VarType::Currency,
+                                              VarType::Decimal, VarType::Double,   VarType::Date,    VarType::String,
+                                              VarType::Object,  VarType::Array};
+        static_assert(std::size(byIndex) == std::variant_size_v<Storage>);
+        return byIndex[v_.index()];
+    }
     bool isEmpty() const { return v_.index() == 0; }
     bool isNull() const { return std::holds_alternative<Null>(v_); }
-    bool isMissing() const;
+    bool isMissing() const {
+        auto* e = std::get_if<ErrorCode>(&v_);
+        return e && e->scode == kMissingArgument;
+    }
     bool isArray() const { return std::holds_alternative<std::shared_ptr<const Array>>(v_); }
     bool isObject() const { return std::holds_alternative<ObjectRef>(v_); }
     bool isString() const { return std::holds_alternative<String>(v_); }
