@@ -52,6 +52,129 @@ TEST(MethodCatalogue, SlotsAndDispids) {
     for (auto [order, dispid] : appended) EXPECT_EQ(methods[order - 1].dispid, dispid) << "slot " << order;
 }
 
+// Names, declared types and passing modes that callers depend on and that
+// are easy to get wrong: a by-reference parameter is written back.
+TEST(MethodCatalogue, ParameterNamesTypesAndPassingModes) {
+    struct Case {
+        const char* method;
+        std::size_t index;
+        const char* name;
+        const char* typeName;
+        bool byRef;
+    };
+    const Case cases[] = {
+        {"strCadenaEntrePosicion", 1, "posIni", "Integer", true},
+        {"strCadenaEntrePosicion", 2, "PosFin", "Integer", true},
+        {"numFraccion_a_Decimal", 1, "NumFraciones", "Integer", true},
+        {"StockSuma", 0, "CantActual", "Double", false},
+        {"StockSuma", 1, "CantiSuma", "String", false},
+        {"StockSuma", 2, "NumFracciones", "Integer", true},
+        {"Numero2Letra", 5, "SexoMoneda", "eSexo", false},
+        {"fn_LlenaVector", 1, "TipoDat", "TipoDato", true},
+        {"SQL_When", 3, "TipDato", "TipoDato", true},
+        {"fsoCarpetaSistema", 0, "Cual", "TipoCarpetaSys", true},
+        {"REG_CreaClave", 0, "Donde", "ClavesRegistro", true},
+        {"regUltimoCodigo", 0, "Conexion", "Connection", true},
+        {"regLlenaListaLIKE", 0, "Tabla", "Recordset", true},
+        {"regLlenaListaLIKE", 2, "dGrid", "DataGrid", true},
+        {"PreparaReportes", 0, "rptReport", "DataReport", true},
+        {"LimitaTamTexto", 2, "Letra", "Font", true},
+        {"RegistroFinal", 0, "Formulario", "Form", true},
+        {"fn_LogErrores", 0, "Objeto", "Variant", true},
+        {"EscribeGrid", 1, "KEyAsci", "Integer", true},
+        {"fn_BuscaColGrid", 3, "FilaInic", "Long", false},
+        {"fn_BuscaFilGrid", 1, "Fila", "Long", false},
+        {"fn_CentraFilaGrid", 1, "Fila", "Long", true},
+        {"fn_QuitaFilaGrid2", 1, "Fila", "Integer", true},
+        {"fn_ExportaExcelGrid", 1, "FilaInicio", "Integer", false},
+        {"RegLlenaGridRegSql", 6, "FilInicio", "Long", false},
+        {"fn_EsperaXSegundos", 0, "NumSegundos", "Integer", false},
+        {"fn_EsperaXSegundos", 1, "EjecutarOtrosProcesos", "Boolean", true},
+        {"imgCaptureWindow", 1, "Client", "Boolean", false},
+        {"numCalculaFormula", 0, "Formula", "String", false},
+        {"LlenaListLIKE", 1, "SQL", "String", false},
+        {"fecEdadExacta", 1, "FechaNacimiento", "Date", true},
+        {"fecUltimoDiaMes", 0, "Mes", "Byte", true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.method) + " parameter " + std::to_string(c.index));
+        const MethodInfo* m = findMethod(std::string_view(c.method));
+        ASSERT_NE(m, nullptr);
+        ASSERT_LT(c.index, m->params.size());
+        const ParamInfo& p = m->params[c.index];
+        EXPECT_EQ(p.name, c.name);
+        EXPECT_EQ(p.typeName, c.typeName);
+        EXPECT_EQ(p.byRef, c.byRef);
+    }
+}
+
+// Defaults that no test of a method's behaviour in this tree shows (the
+// record-editing messages and the string helpers show theirs).
+TEST(MethodCatalogue, DefaultValues) {
+    struct Case {
+        const char* method;
+        const char* param;
+        Variant expected;
+    };
+    const Case cases[] = {
+        {"VerificaNumero", "Longitud", Variant(std::int16_t(100))},
+        {"VerificaNumero", "ConSigno", Variant(False)},
+        {"Numero2Letra", "NumDecimales", Variant(std::int32_t(2))},
+        {"Numero2Letra", "SexoMoneda", Variant(std::int32_t(0))},
+        {"Numero2Letra", "SexoCentimos", Variant(std::int32_t(1))},
+        {"regUltimoCodigo", "Incremento", Variant(std::int16_t(1))},
+        {"regCargaListaSQL", "Elige1erItem", Variant(True)},
+        {"regCargaListaSQL", "PrimerItemCod", Variant(u"")},
+        {"regCargaListaSQL2", "PrimerItemCod", Variant(std::int32_t(0))},
+        {"RegLlenaGridRegSql", "NumDeci", Variant(u"##0.00")},
+        {"RegLlenaGridRegSql", "FilInicio", Variant(std::int32_t(1))},
+        {"ImgCopiaImagen", "PonerDestinoTrasOrigen", Variant(True)},
+        {"fn_BuscaColGrid", "FilaFin", Variant(std::int32_t(-1))},
+        {"fn_BuscaFilGrid", "ColFin", Variant(std::int16_t(-1))},
+        {"fn_LimpiaAreaGrid", "FilaFin", Variant(std::int16_t(-1))},
+        {"fn_ExportaExcelGrid", "FilaFin", Variant(std::int16_t(-1))},
+        {"fn_ExportaExcelGrid", "PoneLineas", Variant(True)},
+        {"fn_QuitaFilasInvalidas", "FilasFixed", Variant(std::uint8_t(1))},
+        {"fn_PintaFilaGrid", "Color", Variant(std::int32_t(-2147483643))},
+        {"fn_PintaColumnaGrid", "ColorLetra", Variant(std::int32_t(-2147483640))},
+        {"fn_CentraColumGrid", "Alineamiento", Variant(std::int16_t(4))},
+        {"fn_PoneCheckGrid", "ValorSI", Variant(std::int16_t(1))},
+        {"fn_PoneCheckColumnaGrid", "DeshabNO", Variant(std::int16_t(10))},
+        {"fn_PoneCheck", "PonerElValor", Variant(u"")},
+        {"fn_ReemplazaValorColumnaGrid", "ConQue", Variant(u"")},
+        {"fn_CambiaLetraFilaGrid", "Tamanio", Variant(10.0)},
+        {"fn_CambiaLetraFilaGrid", "NomLetra", Variant(u"MS Sans Serif")},
+        {"fn_NumeraColumnaGrid", "NumeroInicial", Variant(1.0)},
+        {"fn_CuentaElementosColGrid", "Operacion", Variant(u"=")},
+        {"FechaPrimerDia", "Fecha", Variant(u"")},
+        {"EjecutaArchivo", "Directorio", Variant(u"C:\\")},
+        {"SQL_When", "TipDato", Variant(std::int32_t(0))},
+        {"REG_PoneValor", "TipoValor", Variant(std::int32_t(1))},
+        {"REG_PoneValor", "Nota", Variant(u"Nota: tipos String=1; tipos DWORD=4")},
+        {"ImprimeForm", "Copias", Variant(std::int16_t(1))},
+        {"ImprimeForm", "X_ini", Variant(0.0)},
+        {"RegistroInicial", "MsgError", Variant(u"El registro actual no ha sido guardado. Desea guardarlo ahora?")},
+        {"RegistroFinal", "MsgIgnora",
+         Variant(u"El registro no ha podido ser guardado. Desea ignorar esto y pasar al último registro de "
+                 u"todas formas?")},
+        {"regReintentaCargarDatos", "MsgIgnora",
+         Variant(u"El registro no ha podido ser guardado. Desea ignorar esto cargar los datos del registro "
+                 u"seleccionado?")},
+        {"regReintentarEstaOperacion", "MsgError",
+         Variant(u"Se han realizado cambios en el registro que aun no se han guardado. Desea guardarlos ahora?. ")},
+    };
+    for (const auto& c : cases) {
+        const MethodInfo* m = findMethod(std::string_view(c.method));
+        ASSERT_NE(m, nullptr) << c.method;
+        const ParamInfo* p = paramOf(*m, c.param);
+        ASSERT_NE(p, nullptr) << c.method << "." << c.param;
+        EXPECT_TRUE(p->optional) << c.method << "." << c.param;
+        EXPECT_TRUE(identical(p->defaultValue, c.expected))
+            << c.method << "." << c.param << ": " << describe(p->defaultValue) << ", expected "
+            << describe(c.expected);
+    }
+}
+
 TEST(MethodCatalogue, DefaultsWithoutAValue) {
     // True is all bits set, as callers compare it with -1.
     const Variant& negrita = paramOf(*findMethod(std::string_view("fn_CambiaLetraFilaGrid")), "Negrita")->defaultValue;
