@@ -154,24 +154,18 @@ TEST(Binding, WritesBackByReferenceArgumentsEvenOnFailure) {
     EXPECT_TRUE(identical(failing[0], Variant(std::int16_t(10))));
 }
 
-TEST(Fun, UnknownNamesAndDispidsAreError438) {
-    Fun fun(defaultPlatform());
-    std::vector<Variant> args;
-    EXPECT_EQ(errorNumberOf([&] { invoke(fun, "NoExisteEsteMetodo", args); }), err::ObjectDoesNotSupport);
-    EXPECT_EQ(errorNumberOf([&] { invoke(fun, std::int32_t(0x60030001), args); }), err::ObjectDoesNotSupport);
-}
-
-TEST(Fun, NamesAreCaseInsensitiveAndDispidsReachTheSameMethod) {
+TEST(Fun, NamesInAnyCaseAndDispidsReachTheSameMethodUnknownOnesAre438) {
     Fun fun(defaultPlatform());
     std::vector<Variant> byName{Variant(u"aaaa"), Variant(u"aa")};
     std::vector<Variant> byOtherCase{Variant(u"aaaa"), Variant(u"aa")};
     std::vector<Variant> byDispid{Variant(u"aaaa"), Variant(u"aa")};
     Variant a = invoke(fun, "strCuentaCaracteres", byName);
-    Variant b = invoke(fun, "STRCUENTACARACTERES", byOtherCase);
-    Variant c = invoke(fun, std::int32_t(0x60030000), byDispid);
     EXPECT_TRUE(identical(a, Variant(std::int16_t(3))));
-    EXPECT_TRUE(identical(b, a));
-    EXPECT_TRUE(identical(c, a));
+    EXPECT_TRUE(identical(invoke(fun, "STRCUENTACARACTERES", byOtherCase), a));
+    EXPECT_TRUE(identical(invoke(fun, std::int32_t(0x60030000), byDispid), a));
+    std::vector<Variant> none;
+    EXPECT_EQ(errorNumberOf([&] { invoke(fun, "NoExisteEsteMetodo", none); }), err::ObjectDoesNotSupport);
+    EXPECT_EQ(errorNumberOf([&] { invoke(fun, std::int32_t(0x60030001), none); }), err::ObjectDoesNotSupport);
 }
 
 TEST(Fun, ErrorsCarryTheLibraryAsSource) {

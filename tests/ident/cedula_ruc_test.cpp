@@ -58,27 +58,36 @@ TEST(FormatChecks, LengthDashAndEstablishment) {
     }
 }
 
-TEST(Cedula, CheckDigitClassAndWarning) {
+TEST(Cedula, CheckDigitClassLettersAndWarning) {
     struct Case {
         const char16_t* number;
         bool advertir;
         std::vector<int> answers;
         std::int16_t code;  // fn_ValidaCedula3
         std::size_t prompts;
+        int error = 0;
     };
     const Case cases[] = {
         {u"1710034065", true, {}, 1, 0},       // weighted sum 25: check digit 5
         {u"1710034064", false, {}, 0, 0},      // wrong check digit, no warning asked
         {u"1710034064", true, {6}, 2, 1},      // the user accepts it
         {u"1710034064", true, {7}, 0, 1},      // the user refuses it
-        {u"1770034065", true, {7}, 0, 1},      // class digit 7 fails with a right check digit
+        {u"1770034062", true, {7}, 0, 1},      // class digit 7 fails with a right check digit
+        {u"1760034064", false, {}, 1, 0},      // class digit 6 is the last that passes
         {u"171003406", true, {6}, 0, 0},       // format fails: never a prompt
+        {u"0200000990", false, {}, 1, 0},      // 2*1 + 9*1 + 9*2(=9) = 20: check digit 0
+        {u"0500000997", false, {}, 1, 0},      // 5*1 + 9*1 + 9*2(=9) = 23: check digit 7
+        {u"17A0034065", true, {}, 0, 0, err::TypeMismatch},  // letters among the first nine digits
+        {u"1 10034065", false, {}, 0, 0, err::TypeMismatch},
     };
     for (const auto& c : cases) {
         Outcome three = call("fn_ValidaCedula3", {S(c.number), Variant(Boolean(c.advertir))}, c.answers);
+        Outcome two = call("fn_ValidaCedula2", {S(c.number), Variant(Boolean(c.advertir))}, c.answers);
+        EXPECT_EQ(three.error, c.error) << toUtf8(c.number);
+        EXPECT_EQ(two.error, c.error) << toUtf8(c.number);
+        if (c.error) continue;
         EXPECT_TRUE(identical(three.result, Variant(c.code))) << toUtf8(c.number) << " " << describe(three.result);
         EXPECT_EQ(three.shown.size(), c.prompts) << toUtf8(c.number);
-        Outcome two = call("fn_ValidaCedula2", {S(c.number), Variant(Boolean(c.advertir))}, c.answers);
         EXPECT_TRUE(identical(two.result, Variant(Boolean(c.code != 0)))) << toUtf8(c.number);
     }
     Outcome warned = call("fn_ValidaCedula2", {S(u"1710034064"), Variant(True)}, {6});
@@ -87,18 +96,6 @@ TEST(Cedula, CheckDigitClassAndWarning) {
     EXPECT_EQ(warned.shown[0].title, u"Confirme");
     EXPECT_EQ(warned.shown[0].prompt,
               u"El número de cédula parece que está incorrecto, desea ignorar esto y continuar de todas formas?");
-}
-
-TEST(Cedula, CheckDigitZeroAndSeven) {
-    EXPECT_TRUE(identical(call("fn_ValidaCedula3", {S(u"0200000990"), Variant(False)}).result, Variant(std::int16_t(1))))
-        << "2*1 + 9*1 + 9*2(=9) = 20 gives check digit 0";
-    EXPECT_TRUE(identical(call("fn_ValidaCedula3", {S(u"0500000997"), Variant(False)}).result, Variant(std::int16_t(1))))
-        << "5*1 + 9*1 + 9*2(=9) = 23 gives check digit 7";
-}
-
-TEST(Cedula, LettersAmongTheFirstNineDigitsAreATypeMismatch) {
-    EXPECT_EQ(call("fn_ValidaCedula2", {S(u"17A0034065"), Variant(True)}).error, err::TypeMismatch);
-    EXPECT_EQ(call("fn_ValidaCedula3", {S(u"1 10034065"), Variant(False)}).error, err::TypeMismatch);
 }
 
 TEST(Ruc, ClassesCheckDigitsAndEstablishments) {

@@ -1,7 +1,8 @@
 // Format, pattern by pattern: number placeholders, grouping and scaling,
 // sections, scientific form, date and time letters with their case rules,
 // text patterns, named formats, week options, the values Format reads, and
-// the regional marks of a "." and a "," configuration.
+// the regional marks of a "." and a "," configuration; the grid loaders'
+// column codes are among the rows.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -154,6 +155,7 @@ TEST(FormatNumbers, EveryNumericType) {
         {Variant(), u"0;-0;\\c\\e\\r\\o", u"cero"},
         {Variant(True), u"0", u"-1"},
         {Variant(std::uint8_t(255)), u"0000", u"0255"},
+        {Variant(std::int16_t(7)), u"000", u"007"},
         {Variant(std::int16_t(-32768)), u"#,##0", u"-32,768"},
         {Variant(std::numeric_limits<std::int32_t>::min()), u"0", u"-2147483648"},
         {Variant(Currency{12345678}), u"#,##0.00", u"1,234.57"},
@@ -198,6 +200,7 @@ TEST(FormatDates, DayMonthYearLetters) {
         {kFriday, u"d \\de\\ MMMM \\del\\ yyyy", u"5 de julio del 2024"},
         {kFriday, u"DD/MM/YYYY", u"05/07/2024"},
         {kFriday, u"\"dia\" d", u"dia 5"},
+        {Variant(Date{45294}), u"dddd d/m/yyyy", u"miércoles 3/1/2024"},
     });
 }
 
@@ -218,6 +221,7 @@ TEST(FormatDates, TimeLettersAndCaseRules) {
         {kFriday, u"dd:hh :mm:mm", u"05:14 :05:07"},
         {kFriday, u"ttttt", u"14:05:09"},
         {kFriday, u"hh:nn AM/PM", u"02:05 PM"},
+        {kFriday, u"h:nn AM/PM", u"2:05 PM"},
         {kFriday, u"h:nn am/pm", u"2:05 pm"},
         {kFriday, u"h A/P", u"2 P"},
         {kEarly, u"h a/p", u"5 a"},
@@ -244,6 +248,7 @@ TEST(FormatDates, ValuesReadAsDates) {
         {dbl(-657435), u"dd/mm/yyyy", u"error 6"},
         {Variant(std::int32_t(45478)), u"dddd", u"viernes"},
         {Variant(u"05/07/2024"), u"yyyy-mm-dd", u"2024-07-05"},
+        {Variant(u"31/12/1998"), u"yyyy-mm-dd", u"1998-12-31"},
         {Variant(u"39697.11"), u"hh:mm", u"02:38"},
         {Variant(u"39697.11"), u"mm-dd-yy", u"09-06-08"},
         {Variant(u"abc"), u"dd/mm/yyyy", u"abc"},
@@ -323,6 +328,7 @@ TEST(FormatNamed, NumberNames) {
         {dbl(12345), u"Scientific", u"1.23E+04"},
         {dbl(0), u"Yes/No", u"No"},
         {dbl(5), u"Yes/No", u"Yes"},
+        {Variant(True), u"Yes/No", u"Yes"},
         {Variant(True), u"True/False", u"True"},
         {dbl(0), u"True/False", u"False"},
         {dbl(0), u"On/Off", u"Off"},
