@@ -13,6 +13,7 @@
 #include "context/fun.h"
 #include "frame/invoke.h"
 #include "host/default_platform.h"
+#include "platform/posix/window_effects.h"
 #include "platform/scripted_message_box.h"
 #include "runtime/error.h"
 
@@ -29,6 +30,18 @@ json errorAnswer(const json& id, int number, const std::string& description) {
                 {"error", {{"number", number}, {"description", description}}},
                 {"byref", json::array()},
                 {"messages", json::array()}};
+}
+
+// What the request's window calls told each window, by handle.
+json windowsOf(const posix::WindowEffects& windows) {
+    json out = json::array();
+    for (const auto& [handle, effect] : windows.effects()) {
+        json w{{"hwnd", handle}, {"topmost", effect.topmost}, {"drags", effect.drags}};
+        if (effect.horizontalExtent) w["horizontalExtent"] = *effect.horizontalExtent;
+        if (effect.owner) w["owner"] = *effect.owner;
+        out.push_back(std::move(w));
+    }
+    return out;
 }
 
 json messagesOf(const ScriptedPlatform& platform) {
@@ -94,6 +107,8 @@ json answer(const json& request) {
     }
 
     ScriptedPlatform platform(defaultPlatform(), std::move(answers));
+    const auto windows = std::make_shared<posix::WindowEffects>();
+    platform.use(std::shared_ptr<Windows>(windows));
     json out{{"id", id}};
     try {
         Fun fun(platform);
@@ -104,6 +119,7 @@ json answer(const json& request) {
     }
     out["byref"] = byRefOf(args, hooks);
     out["messages"] = messagesOf(platform);
+    if (!windows->effects().empty()) out["windows"] = windowsOf(*windows);
     return out;
 }
 

@@ -6,6 +6,12 @@
 
 #include "dates/date_helpers.h"
 #include "dates/regional_settings.h"
+#include "forms/backspace.h"
+#include "forms/enabling.h"
+#include "forms/form_texts.h"
+#include "forms/number_keys.h"
+#include "forms/record_changes.h"
+#include "forms/window_tricks.h"
 #include "messages/error_log.h"
 #include "messages/standard_messages.h"
 #include "ident/cedula_ruc.h"
@@ -85,6 +91,17 @@ const std::vector<Binding>& bindings() {
         bind<&system::CapturaMsgBox>("CapturaMsgBox"),
         // Error log
         bind<&fn_LogErrores>("fn_LogErrores"),
+        // Forms and controls
+        bind<&forms::VerificaNumero>("VerificaNumero"),
+        bind<&forms::fn_Backspace>("fn_Backspace"),
+        bind<&forms::esChanged>("esChanged"),
+        bind<&forms::fn_LimpiaTextObjetos>("fn_LimpiaTextObjetos"),
+        bind<&forms::QuitaEspacios>("QuitaEspacios"),
+        bind<&forms::HabilitaControles>("HabilitaControles"),
+        bind<&forms::fn_ScrollHListBox>("fn_ScrollHListBox"),
+        bind<&forms::fn_FormSiempreVisible>("fn_FormSiempreVisible"),
+        bind<&forms::fn_VentanaFlotante>("fn_VentanaFlotante"),
+        bind<&forms::fn_MoverControl>("fn_MoverControl"),
     };
     return all;
 }

@@ -6,6 +6,7 @@
 #include "platform/posix/posix_regional_store.h"
 #include "platform/posix/posix_registry.h"
 #include "platform/posix/terminal_message_box.h"
+#include "platform/posix/window_effects.h"
 
 namespace telvaro {
 
@@ -21,6 +22,7 @@ Platform posixPlatform() {
     p.use(std::shared_ptr<Registry>(std::make_shared<posix::PosixRegistry>()));
     p.use(std::shared_ptr<RegionalStore>(std::move(regionalStore)));
     p.use(std::shared_ptr<Environment>(std::make_shared<posix::PosixEnvironment>()));
+    p.use(std::shared_ptr<Windows>(std::make_shared<posix::WindowEffects>()));
     return p;
 }
 

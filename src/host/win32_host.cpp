@@ -6,6 +6,7 @@
 #include "platform/win32/win32_profile_files.h"
 #include "platform/win32/win32_regional_store.h"
 #include "platform/win32/win32_registry.h"
+#include "platform/win32/win32_windows.h"
 
 namespace telvaro {
 
@@ -20,6 +21,7 @@ Platform win32Platform() {
     p.use(std::shared_ptr<Registry>(std::make_shared<win32::Win32Registry>()));
     p.use(std::shared_ptr<RegionalStore>(std::make_shared<win32::Win32RegionalStore>()));
     p.use(std::shared_ptr<Environment>(std::make_shared<win32::Win32Environment>()));
+    p.use(std::shared_ptr<Windows>(std::make_shared<win32::Win32Windows>()));
     return p;
 }
 

@@ -13,6 +13,7 @@
 #include "platform/profile_files.h"
 #include "platform/regional_store.h"
 #include "platform/registry.h"
+#include "platform/windows.h"
 
 namespace telvaro {
 
@@ -24,6 +25,7 @@ public:
     Registry& registry() const { return *registry_; }
     RegionalStore& regionalStore() const { return *regionalStore_; }
     Environment& environment() const { return *environment_; }
+    Windows& windows() const { return *windows_; }
 
     void use(std::shared_ptr<MessageBoxService> s) { messageBoxes_ = std::move(s); }
     void use(std::shared_ptr<ProfileFiles> s) { profileFiles_ = std::move(s); }
@@ -31,6 +33,7 @@ public:
     void use(std::shared_ptr<Registry> s) { registry_ = std::move(s); }
     void use(std::shared_ptr<RegionalStore> s) { regionalStore_ = std::move(s); }
     void use(std::shared_ptr<Environment> s) { environment_ = std::move(s); }
+    void use(std::shared_ptr<Windows> s) { windows_ = std::move(s); }
 
 private:
     std::shared_ptr<MessageBoxService> messageBoxes_;
@@ -39,6 +42,7 @@ private:
     std::shared_ptr<Registry> registry_;
     std::shared_ptr<RegionalStore> regionalStore_;
     std::shared_ptr<Environment> environment_;
+    std::shared_ptr<Windows> windows_;
 };
 
 }  // namespace telvaro
