@@ -31,13 +31,6 @@ std::optional<ObjectHandle> fieldNamed(SkipErrors& onError, const callers::Recor
     return found;
 }
 
-// The value of a remembered field at the current record; 91 for a field
-// that was not found.
-Variant valueOf(const std::optional<ObjectHandle>& field) {
-    if (!field) raise(err::ObjectVariableNotSet);
-    return field->get(u"Value");
-}
-
 // The rows of an open recordset, in order, each handed to `addRow`. A
 // failing EOF test ends the walk, and so does a failing MoveNext: the walk
 // runs with errors ignored and must still come to an end.
@@ -94,15 +87,13 @@ void regCargaListaSQL(Fun& fun, const ObjectRef& Conexion, const String& SQL_, c
         // The lists are reached once; a missing one fails each of its calls.
         const auto texts = onError.value([&] { return listOf(ListaText); });
         const auto codes = onError.value([&] { return listOf(ListaCod); });
+        // A missing list or field fails its AddItem on every row; the
+        // error would be cleared before returning, so those calls are
+        // simply not made.
+        const bool loadTexts = texts && textField, loadCodes = codes && codeField;
         eachRow(onError, rs, [&] {
-            onError([&] {
-                if (!texts) raise(err::ObjectVariableNotSet);
-                texts->addItem(valueOf(textField));
-            });
-            onError([&] {
-                if (!codes) raise(err::ObjectVariableNotSet);
-                codes->addItem(valueOf(codeField));
-            });
+            if (loadTexts) onError([&] { texts->addItem(textField->get(u"Value")); });
+            if (loadCodes) onError([&] { codes->addItem(codeField->get(u"Value")); });
         });
     }
     const bool hasItems = onError.value([&] { return toLong(listOf(ListaText).listCount()) > 0; }).value_or(false);
@@ -135,11 +126,11 @@ void regCargaListaSQL2(Fun& fun, const ObjectRef& Conexion, const String& SQL_, 
     if (hasRows(onError, rs)) {
         const auto textField = fieldNamed(onError, rs, CampoText);
         const auto codeField = fieldNamed(onError, rs, CampoCod);
+        // As above, the calls that would fail on every row are not made.
         eachRow(onError, rs, [&] {
-            onList([&](const callers::ListControl& l) { l.addItem(valueOf(textField)); });
-            onList([&](const callers::ListControl& l) {
-                l.setItemData(l.newIndex(), Variant(toLong(valueOf(codeField))));
-            });
+            if (!texts) return;
+            if (textField) onError([&] { texts->addItem(textField->get(u"Value")); });
+            if (codeField) onError([&] { texts->setItemData(texts->newIndex(), Variant(toLong(codeField->get(u"Value")))); });
         });
     }
     const bool hasItems = onError.value([&] { return texts && toLong(texts->listCount()) > 0; }).value_or(false);
