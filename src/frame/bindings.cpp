@@ -5,6 +5,9 @@
 #include <unordered_map>
 
 #include "dates/date_helpers.h"
+#include "db/list_loading.h"
+#include "db/query_helpers.h"
+#include "db/record_navigation.h"
 #include "dates/regional_settings.h"
 #include "forms/backspace.h"
 #include "forms/enabling.h"
@@ -102,6 +105,24 @@ const std::vector<Binding>& bindings() {
         bind<&forms::fn_FormSiempreVisible>("fn_FormSiempreVisible"),
         bind<&forms::fn_VentanaFlotante>("fn_VentanaFlotante"),
         bind<&forms::fn_MoverControl>("fn_MoverControl"),
+        // Database: queries, lists and record navigation
+        bind<&db::regDevuelveDatoCampoSQL>("regDevuelveDatoCampoSQL"),
+        bind<&db::regUltimoCodigo>("regUltimoCodigo"),
+        bind<&db::SQL_When>("SQL_When"),
+        bind<&db::regCargaListaSQL>("regCargaListaSQL"),
+        bind<&db::regCargaListaSQL2>("regCargaListaSQL2"),
+        bind<&db::LlenaListLIKE>("LlenaListLIKE"),
+        bind<&db::regLlenaListaLIKE>("regLlenaListaLIKE"),
+        bind<&db::fn_ExisteItem>("fn_ExisteItem"),
+        bind<&db::fn_BuscaItem>("fn_BuscaItem"),
+        bind<&db::fnBuscaIndex>("fnBuscaIndex"),
+        bind<&db::ItemD>("ItemD"),
+        bind<&db::RegistroInicial>("RegistroInicial"),
+        bind<&db::RegistroAnterior>("RegistroAnterior"),
+        bind<&db::RegistroSiguiente>("RegistroSiguiente"),
+        bind<&db::RegistroFinal>("RegistroFinal"),
+        bind<&db::regReintentaCargarDatos>("regReintentaCargarDatos"),
+        bind<&db::regReintentarEstaOperacion>("regReintentarEstaOperacion"),
     };
     return all;
 }

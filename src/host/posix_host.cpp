@@ -1,5 +1,7 @@
 // The host on Linux and other POSIX systems.
+#include "data/factory.h"
 #include "host/default_platform.h"
+#include "platform/posix/home.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_profile_files.h"
@@ -23,6 +25,11 @@ Platform posixPlatform() {
     p.use(std::shared_ptr<RegionalStore>(std::move(regionalStore)));
     p.use(std::shared_ptr<Environment>(std::make_shared<posix::PosixEnvironment>()));
     p.use(std::shared_ptr<Windows>(std::make_shared<posix::WindowEffects>()));
+    // The data objects open only files the strict mapping gives: the home
+    // folder and the mapped drives, nothing else.
+    data::DataServices dataServices{[](StringView windowsPath) { return posix::mapPath(windowsPath); }};
+    p.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>(
+        [dataServices](StringView progId) { return data::createDataObject(progId, dataServices); })));
     return p;
 }
 

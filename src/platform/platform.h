@@ -10,6 +10,7 @@
 #include "platform/environment.h"
 #include "platform/file_system.h"
 #include "platform/message_box.h"
+#include "platform/object_factory.h"
 #include "platform/profile_files.h"
 #include "platform/regional_store.h"
 #include "platform/registry.h"
@@ -26,6 +27,7 @@ public:
     RegionalStore& regionalStore() const { return *regionalStore_; }
     Environment& environment() const { return *environment_; }
     Windows& windows() const { return *windows_; }
+    ObjectFactory& objectFactory() const { return *objectFactory_; }
 
     void use(std::shared_ptr<MessageBoxService> s) { messageBoxes_ = std::move(s); }
     void use(std::shared_ptr<ProfileFiles> s) { profileFiles_ = std::move(s); }
@@ -34,6 +36,7 @@ public:
     void use(std::shared_ptr<RegionalStore> s) { regionalStore_ = std::move(s); }
     void use(std::shared_ptr<Environment> s) { environment_ = std::move(s); }
     void use(std::shared_ptr<Windows> s) { windows_ = std::move(s); }
+    void use(std::shared_ptr<ObjectFactory> s) { objectFactory_ = std::move(s); }
 
 private:
     std::shared_ptr<MessageBoxService> messageBoxes_;
@@ -43,6 +46,8 @@ private:
     std::shared_ptr<RegionalStore> regionalStore_;
     std::shared_ptr<Environment> environment_;
     std::shared_ptr<Windows> windows_;
+    // Until a host gives its own, no class can be created (429).
+    std::shared_ptr<ObjectFactory> objectFactory_ = std::make_shared<FunctionObjectFactory>();
 };
 
 }  // namespace telvaro
