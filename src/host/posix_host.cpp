@@ -1,5 +1,6 @@
 // The host on Linux and other POSIX systems.
 #include "host/default_platform.h"
+#include "host/posix_pictures.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_profile_files.h"
@@ -21,6 +22,7 @@ Platform posixPlatform() {
     p.use(std::shared_ptr<Registry>(std::make_shared<posix::PosixRegistry>()));
     p.use(std::shared_ptr<RegionalStore>(std::move(regionalStore)));
     p.use(std::shared_ptr<Environment>(std::make_shared<posix::PosixEnvironment>()));
+    p.use(std::shared_ptr<Pictures>(std::make_shared<posix::PosixPictures>()));
     return p;
 }
 

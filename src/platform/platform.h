@@ -10,6 +10,7 @@
 #include "platform/environment.h"
 #include "platform/file_system.h"
 #include "platform/message_box.h"
+#include "platform/pictures.h"
 #include "platform/profile_files.h"
 #include "platform/regional_store.h"
 #include "platform/registry.h"
@@ -24,6 +25,7 @@ public:
     Registry& registry() const { return *registry_; }
     RegionalStore& regionalStore() const { return *regionalStore_; }
     Environment& environment() const { return *environment_; }
+    Pictures& pictures() const { return *pictures_; }
 
     void use(std::shared_ptr<MessageBoxService> s) { messageBoxes_ = std::move(s); }
     void use(std::shared_ptr<ProfileFiles> s) { profileFiles_ = std::move(s); }
@@ -31,6 +33,7 @@ public:
     void use(std::shared_ptr<Registry> s) { registry_ = std::move(s); }
     void use(std::shared_ptr<RegionalStore> s) { regionalStore_ = std::move(s); }
     void use(std::shared_ptr<Environment> s) { environment_ = std::move(s); }
+    void use(std::shared_ptr<Pictures> s) { pictures_ = std::move(s); }
 
 private:
     std::shared_ptr<MessageBoxService> messageBoxes_;
@@ -39,6 +42,7 @@ private:
     std::shared_ptr<Registry> registry_;
     std::shared_ptr<RegionalStore> regionalStore_;
     std::shared_ptr<Environment> environment_;
+    std::shared_ptr<Pictures> pictures_;
 };
 
 }  // namespace telvaro
