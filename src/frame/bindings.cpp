@@ -15,6 +15,12 @@
 #include "forms/number_keys.h"
 #include "forms/record_changes.h"
 #include "forms/window_tricks.h"
+#include "grid/check_boxes.h"
+#include "grid/fill.h"
+#include "grid/formatting.h"
+#include "grid/row_removal.h"
+#include "grid/search.h"
+#include "grid/typing.h"
 #include "messages/error_log.h"
 #include "messages/standard_messages.h"
 #include "ident/cedula_ruc.h"
@@ -84,6 +90,28 @@ const std::vector<Binding>& bindings() {
         // Regional settings
         bind<&dates::fn_CambiaConfRegional>("fn_CambiaConfRegional"),
         bind<&dates::fn_VerificaConfRegional>("fn_VerificaConfRegional"),
+        // Grid search and editing
+        bind<&grid::fn_BuscaColGrid>("fn_BuscaColGrid"),
+        bind<&grid::fn_BuscaFilGrid>("fn_BuscaFilGrid"),
+        bind<&grid::fn_QuitaFilasInvalidas>("fn_QuitaFilasInvalidas"),
+        bind<&grid::fn_ReemplazaValorColumnaGrid>("fn_ReemplazaValorColumnaGrid"),
+        bind<&grid::EscribeGrid>("EscribeGrid"),
+        bind<&grid::fn_LimpiaFilaGrid>("fn_LimpiaFilaGrid"),
+        bind<&grid::fn_NumeraColumnaGrid>("fn_NumeraColumnaGrid"),
+        bind<&grid::fn_QuitaFilaGrid2>("fn_QuitaFilaGrid2"),
+        bind<&grid::fn_CuentaElementosColGrid>("fn_CuentaElementosColGrid"),
+        bind<&grid::fn_LimpiaAreaGrid>("fn_LimpiaAreaGrid"),
+        // Grid formatting, check boxes and pictures
+        bind<&grid::fn_PintaFilaGrid>("fn_PintaFilaGrid"),
+        bind<&grid::fn_PintaColumnaGrid>("fn_PintaColumnaGrid"),
+        bind<&grid::fn_CentraFilaGrid>("fn_CentraFilaGrid"),
+        bind<&grid::fn_CentraColumGrid>("fn_CentraColumGrid"),
+        bind<&grid::fn_CambiaAnchoColumnaGrid>("fn_CambiaAnchoColumnaGrid"),
+        bind<&grid::fn_CambiaLetraFilaGrid>("fn_CambiaLetraFilaGrid"),
+        bind<&grid::fn_PoneImagenGrid>("fn_PoneImagenGrid"),
+        bind<&grid::fn_PoneCheckGrid>("fn_PoneCheckGrid"),
+        bind<&grid::fn_PoneCheckColumnaGrid>("fn_PoneCheckColumnaGrid"),
+        bind<&grid::fn_PoneCheck>("fn_PoneCheck"),
         // Environment
         bind<&system::fn_NombreComputador>("fn_NombreComputador"),
         bind<&system::fn_NombreUsuarioWindows>("fn_NombreUsuarioWindows"),

@@ -11,6 +11,7 @@
 #include "platform/file_system.h"
 #include "platform/message_box.h"
 #include "platform/object_factory.h"
+#include "platform/pictures.h"
 #include "platform/profile_files.h"
 #include "platform/regional_store.h"
 #include "platform/registry.h"
@@ -28,6 +29,7 @@ public:
     Environment& environment() const { return *environment_; }
     Windows& windows() const { return *windows_; }
     ObjectFactory& objectFactory() const { return *objectFactory_; }
+    Pictures& pictures() const { return *pictures_; }
 
     void use(std::shared_ptr<MessageBoxService> s) { messageBoxes_ = std::move(s); }
     void use(std::shared_ptr<ProfileFiles> s) { profileFiles_ = std::move(s); }
@@ -37,6 +39,7 @@ public:
     void use(std::shared_ptr<Environment> s) { environment_ = std::move(s); }
     void use(std::shared_ptr<Windows> s) { windows_ = std::move(s); }
     void use(std::shared_ptr<ObjectFactory> s) { objectFactory_ = std::move(s); }
+    void use(std::shared_ptr<Pictures> s) { pictures_ = std::move(s); }
 
 private:
     std::shared_ptr<MessageBoxService> messageBoxes_;
@@ -48,6 +51,7 @@ private:
     std::shared_ptr<Windows> windows_;
     // Until a host gives its own, no class can be created (429).
     std::shared_ptr<ObjectFactory> objectFactory_ = std::make_shared<FunctionObjectFactory>();
+    std::shared_ptr<Pictures> pictures_;
 };
 
 }  // namespace telvaro

@@ -1,0 +1,83 @@
+// A grid of the library's own, filled from rows of texts, and the call of
+// a grid method on it through the frame, as any face calls it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "context/fun.h"
+#include "frame/invoke.h"
+#include "objects/flex_grid.h"
+#include "support/support.h"
+#include "support/test_platform.h"
+
+namespace telvaro::gridtest {
+
+using Rows = std::vector<std::vector<std::string>>;
+
+// A grid with one fixed row and column, its texts row by row.
+inline std::shared_ptr<objects::FlexGrid> makeGrid(const Rows& rows, std::int32_t fixedRows = 1) {
+    const auto cols = rows.empty() ? 2 : static_cast<std::int32_t>(rows.front().size());
+    auto grid = std::make_shared<objects::FlexGrid>(u"Grid", static_cast<std::int32_t>(rows.size()), cols);
+    grid->setFixedRows(fixedRows);
+    for (std::size_t r = 0; r < rows.size(); ++r)
+        for (std::size_t c = 0; c < rows[r].size(); ++c)
+            grid->setTextMatrix(static_cast<std::int32_t>(r), static_cast<std::int32_t>(c), fromUtf8(rows[r][c]));
+    grid->clearCalls();
+    return grid;
+}
+
+// The texts of a grid, row by row.
+inline Rows textsOf(const objects::FlexGrid& grid) {
+    Rows rows;
+    for (std::int32_t r = 0; r < grid.rows(); ++r) {
+        rows.emplace_back();
+        for (std::int32_t c = 0; c < grid.cols(); ++c) rows.back().push_back(toUtf8(grid.textMatrix(r, c)));
+    }
+    return rows;
+}
+
+// One column's texts from row 1 down.
+inline std::vector<std::string> columnOf(const objects::FlexGrid& grid, std::int32_t col) {
+    std::vector<std::string> texts;
+    for (std::int32_t r = 1; r < grid.rows(); ++r) texts.push_back(toUtf8(grid.textMatrix(r, col)));
+    return texts;
+}
+
+// A value with its type, for comparisons that tell an Integer from a Long.
+inline std::string shown(const Variant& v) { return describe(v); }
+
+inline std::vector<std::string> callsOf(const objects::FlexGrid& grid) {
+    std::vector<std::string> calls;
+    for (const auto& c : grid.calls()) calls.push_back(toUtf8(c));
+    return calls;
+}
+
+// Calls `method` with the grid first and then `args`; the by-reference
+// arguments are written back into `args`.
+class GridMethods : public ::testing::Test {
+protected:
+    Variant run(const char* method, const std::shared_ptr<objects::FlexGrid>& grid, std::vector<Variant> args = {}) {
+        args.insert(args.begin(), Variant(ObjectRef(grid)));
+        Variant result = invoke(fun_, std::string_view(method), args);
+        lastArgs_ = std::move(args);
+        return result;
+    }
+    int errorOf(const char* method, const Variant& grid, std::vector<Variant> args = {}) {
+        args.insert(args.begin(), grid);
+        return errorNumberOf([&] { invoke(fun_, std::string_view(method), args); });
+    }
+    int errorOf(const char* method, const std::shared_ptr<objects::FlexGrid>& grid, std::vector<Variant> args = {}) {
+        return errorOf(method, Variant(ObjectRef(grid)), std::move(args));
+    }
+    const std::vector<Variant>& lastArgs() const { return lastArgs_; }
+
+    fakes::TestPlatform platform_;
+    Fun fun_{platform_};
+    std::vector<Variant> lastArgs_;
+};
+
+}  // namespace telvaro::gridtest
