@@ -78,7 +78,7 @@ const std::vector<MethodNote> kNotes = {
     {"fn_EsperaXSegundos", "Waits NumSegundos seconds, optionally letting other events run meanwhile.", {{Args{"0"}, ""}}},
     {"EjecutaArchivo", "Opens a file or runs a program with its parameters and working folder.", {}},
     {"HayConexionInternet", "True when this computer is connected to the Internet.", {{Args{}, nullptr}}},
-    {"fn_ValidaCedula", "The format check of a cédula: True for ten characters without \"-\".", {{Args{"9999999999"}, "True"}, {Args{"999999999"}, "False"}}},
+    {"fn_ValidaCedula", "The format check of a cédula: ten characters without \"-\"; the number made of nines is refused.", {{Args{"1710034065"}, "True"}, {Args{"9999999999"}, "False"}}},
     {"fn_ValidaRUC", "The format check of a RUC: thirteen characters, a cédula or company number followed by an establishment number.", {{Args{"\"1710034065001\""}, "True"}}},
     {"HabilitaControles", "Enables or disables every control inside a container.", {}},
     {"fn_CambiaConfRegional", "Writes the regional configuration the applications expect: day/month/four-digit-year dates, \".\" for decimals and \",\" for thousands, in amounts too; True when every item was written.", {{Args{}, "True"}}},
