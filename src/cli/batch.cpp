@@ -95,6 +95,7 @@ json answer(const json& request) {
         }
     }
 
+    (void)defaultPlatform();  // the regional settings in force before any argument is read
     // The request's caller objects live until its answer is written.
     const ObjectKindHooks hooks = batchObjectHooks();
     ObjectBuilder objects(hooks);
@@ -184,6 +185,9 @@ std::string answerRequest(const std::string& line) {
 }
 
 int runBatch(std::istream& in, std::ostream& out, std::ostream& err) {
+    // The stored regional settings and the locale are in force before the
+    // first request's arguments are read, as for `telvaro call`.
+    (void)defaultPlatform();
     std::string line;
     for (;;) {
         const LineRead read = readLine(in, line, kMaxLineBytes);

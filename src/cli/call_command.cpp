@@ -1,10 +1,12 @@
 #include <ostream>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
+#include "cli/call_arguments.h"
+#include "cli/closest_names.h"
 #include "cli/commands.h"
 #include "cli/json_values.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -32,12 +34,25 @@ void printValue(std::ostream& out, const Variant& v) {
 
 }  // namespace
 
-int callMethod(const std::string& method, const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    std::vector<Variant> values;
-    for (const auto& a : args) values.push_back(Variant(fromUtf8(a)));
+std::vector<std::string> methodNames() {
+    std::vector<std::string> names;
+    for (const auto& m : catalogue()) names.emplace_back(m.name);
+    return names;
+}
+
+int callMethod(const std::string& method, const std::vector<std::string>& args, std::ostream& out, std::ostream& err,
+               bool asText) {
+    const MethodInfo* info = findMethod(std::string_view(method));
+    if (!info) {
+        const std::string hint = suggestionText(closestNames(method, methodNames()));
+        err << "telvaro call: no method named " << method << (hint.empty() ? "" : "; " + hint) << '\n';
+        return 2;
+    }
     try {
+        // The settings in force before any argument is read.
         Fun fun(defaultPlatform());
-        Variant result = invoke(fun, method, values);
+        std::vector<Variant> values = callArguments(*info, args, asText);
+        Variant result = invoke(fun, *info, values);
         printValue(out, result);
         out.flush();
         if (!out) {

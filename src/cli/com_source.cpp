@@ -7,6 +7,7 @@
 #include <string>
 
 #include "frame/catalogue.h"
+#include "frame/method_notes.h"
 #include "runtime/convert.h"
 
 namespace telvaro::cli {
@@ -94,7 +95,11 @@ std::string paramAttributes(const ParamInfo& p) {
 void writeMethod(std::ostream& out, const MethodInfo& m) {
     char id[16];
     std::snprintf(id, sizeof id, "0x%08X", static_cast<unsigned>(m.dispid));
-    out << "        [id(" << id << ")]\n        HRESULT " << m.name << "(";
+    // The method's note is its help string, shown by object browsers.
+    const MethodNote* note = methodNote(m.name);
+    out << "        [id(" << id << ")"
+        << (note ? ", helpstring(" + stringLiteral(fromUtf8(std::string(note->text))) + ")" : std::string()) << "]\n"
+        << "        HRESULT " << m.name << "(";
     std::string sep;
     for (const auto& p : m.params) {
         out << sep << "\n            " << paramAttributes(p) << " " << idlType(p.typeName, p.type) << (p.byRef ? "*" : "")

@@ -9,6 +9,7 @@
 #include "frame/invoke.h"
 #include "cli/batch.h"
 #include "cli/commands.h"
+#include "cli/demo_home.h"
 #include "platform/scripted_message_box.h"
 #include "frame/bind.h"
 #include "frame/catalogue.h"
@@ -219,6 +220,7 @@ void batchSection(std::ostream& out) {
 
 void runDemo(std::ostream& out) {
     out << "Telvaro: the Fun library of the data-entry applications\n\n";
+    const DemoHome home(out);
     Fun fun(defaultPlatform());
     const std::vector<std::function<void()>> sections = {
         [&] { textSection(out, fun); },

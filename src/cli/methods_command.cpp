@@ -17,6 +17,8 @@ std::string defaultText(const Variant& v) {
     return toUtf8(str(v).substr(v.holds<Boolean>() ? 0 : 0));
 }
 
+}  // namespace
+
 std::string parameterText(const ParamInfo& p) {
     std::string text;
     if (!p.byRef) text += "ByVal ";
@@ -33,7 +35,11 @@ std::string parameterText(const ParamInfo& p) {
     return text;
 }
 
-}  // namespace
+std::string signatureText(const MethodInfo& m) {
+    std::string params;
+    for (const auto& p : m.params) params += (params.empty() ? "" : ", ") + parameterText(p);
+    return std::string(m.name) + "(" + params + ") As " + std::string(m.resultName);
+}
 
 void listMethods(std::ostream& out, bool missingOnly) {
     for (const auto& m : catalogue()) {
@@ -41,11 +47,9 @@ void listMethods(std::ostream& out, bool missingOnly) {
             if (!findBinding(m.name)) out << m.name << '\n';
             continue;
         }
-        std::string params;
-        for (const auto& p : m.params) params += (params.empty() ? "" : ", ") + parameterText(p);
         char head[64];
         std::snprintf(head, sizeof head, "%3d  0x%08X  ", m.order, static_cast<unsigned>(m.dispid));
-        out << head << m.name << "(" << params << ") As " << m.resultName << '\n';
+        out << head << signatureText(m) << '\n';
     }
 }
 

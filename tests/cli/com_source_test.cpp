@@ -36,7 +36,7 @@ TEST(ComSource, EveryMethodInOrderWithItsDispid) {
     std::ostringstream idl;
     writeInterfaceDescription(idl);
     const std::string text = idl.str();
-    const std::regex declaration(R"(\[id\((0x[0-9A-F]{8})\)\]\s+HRESULT (\w+)\()");
+    const std::regex declaration(R"(\[id\((0x[0-9A-F]{8})\), helpstring\("(?:[^"\\]|\\.)+"\)\]\s+HRESULT (\w+)\()");
     std::size_t index = 0;
     for (auto it = std::sregex_iterator(text.begin(), text.end(), declaration); it != std::sregex_iterator(); ++it) {
         ASSERT_LT(index, catalogue().size());

@@ -71,11 +71,24 @@ TEST(TerminalMessageBox, ReadsTheAnswerByNumberOrLabel) {
     }
 }
 
-TEST(TerminalMessageBox, AnswersTheDefaultWhenNotInteractive) {
-    Terminal t("2\n");
-    posix::TerminalMessageBox box(t.in, t.out, false);  // a memory stream is not a terminal
-    EXPECT_EQ(box.show(u"x", 52, u"t"), msgbox::Yes);
-    EXPECT_EQ(t.shown(), "");
+// Nothing is read; the box and the answer taken are told on the output.
+TEST(TerminalMessageBox, AnswersTheDefaultWhenNotInteractiveAndSaysSo) {
+    struct Case {
+        int style;
+        int answer;
+        const char* shown;
+    };
+    const Case cases[] = {
+        {52, msgbox::Yes, "== t ==\nx\n(no terminal: answered Sí)\n"},
+        {4 + 256, msgbox::No, "== t ==\nx\n(no terminal: answered No)\n"},
+        {64, msgbox::Ok, "== t ==\nx\n(no terminal: answered Aceptar)\n"},
+    };
+    for (const auto& c : cases) {
+        Terminal t("2\n");
+        posix::TerminalMessageBox box(t.in, t.out, false);  // a memory stream is not a terminal
+        EXPECT_EQ(box.show(u"x", c.style, u"t"), c.answer) << c.style;
+        EXPECT_EQ(t.shown(), c.shown) << c.style;
+    }
 }
 
 }  // namespace

@@ -54,7 +54,7 @@ def parity_calls():
 
 
 def linux_answer(telvaro, method, args):
-    done = subprocess.run([telvaro, "call", method, *args], capture_output=True, text=True,
+    done = subprocess.run([telvaro, "call", "--text", method, *args], capture_output=True, text=True,
                           env=dict(os.environ, LC_ALL="C.UTF-8"))
     if done.returncode != 0:
         return "Error " + done.stderr.split(":")[0].split()[-1]

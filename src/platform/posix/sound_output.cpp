@@ -1,6 +1,8 @@
 #include "platform/posix/sound_output.h"
 
+#if TELVARO_HAVE_ALSA
 #include <alsa/asoundlib.h>
+#endif
 
 #include "platform/environment.h"
 
@@ -25,6 +27,7 @@ bool playOnce(PcmSink& sink, const WaveSound& w, const std::atomic<bool>& stoppi
     return true;
 }
 
+#if TELVARO_HAVE_ALSA
 void silentAlsaErrors(const char*, int, const char*, int, const char*, ...) {}
 
 class AlsaSink : public PcmSink {
@@ -73,6 +76,15 @@ private:
     snd_pcm_t* pcm_ = nullptr;
     std::size_t frameSize_ = 1;
 };
+#else
+// Built without the sound library: no device opens, so a sound cannot play.
+class AlsaSink : public PcmSink {
+public:
+    bool open(const WaveSound&) override { return false; }
+    bool write(std::string_view) override { return false; }
+    void close(bool) override {}
+};
+#endif
 
 }  // namespace
 

@@ -15,7 +15,13 @@ bool TerminalMessageBox::interactive() const { return forceInteractive_ || (isat
 
 int TerminalMessageBox::show(StringView prompt, int style, StringView title) {
     ButtonSet buttons = buttonsOf(style);
-    if (!interactive()) return buttons.defaultAnswer;
+    if (!interactive()) {
+        // No one to answer: the box is told on stderr with the answer taken.
+        std::fprintf(out_, "== %s ==\n%s\n(no terminal: answered %s)\n", toUtf8(title).c_str(), toUtf8(prompt).c_str(),
+                     toUtf8(answerLabel(buttons.defaultAnswer)).c_str());
+        std::fflush(out_);
+        return buttons.defaultAnswer;
+    }
 
     std::string menu;
     for (int i = 0; i < buttons.count; ++i) {

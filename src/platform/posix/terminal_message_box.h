@@ -1,6 +1,7 @@
 // Message boxes on a terminal: the title, the prompt and the buttons on
 // stderr, the answer read from stdin. When stdin is not a terminal the box
-// answers its default button at once, so scripts never hang.
+// answers its default button at once, so scripts never hang, and says so on
+// stderr: its title, its prompt and the answer taken.
 #pragma once
 
 #include <cstdio>

@@ -1,0 +1,259 @@
+// The command line as a person and another program first use it: one
+// locale rule for `call` and `batch`, the method reference made from the
+// catalogue, and the program's answers to mistakes.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "cli/call_arguments.h"
+#include "cli/commands.h"
+#include "frame/bind.h"
+#include "frame/invoke.h"
+#include "frame/method_notes.h"
+#include "support/support.h"
+#include "support/test_platform.h"
+
+namespace telvaro::cli {
+namespace {
+
+namespace fs = std::filesystem;
+using json = nlohmann::json;
+
+struct Outcome {
+    std::string out;
+    std::string err;
+    int status = -1;
+};
+
+// Runs the program with `environment` before it (VAR=value ...), `input` on
+// stdin; a fresh home folder unless the environment names one.
+Outcome runProgram(const std::string& environment, const std::string& args, const std::string& input = "") {
+    static int count = 0;
+    const std::string base = testing::TempDir() + "first_use_" + std::to_string(++count);
+    fs::remove_all(base + "_home");
+    fs::create_directories(base + "_home");
+    std::ofstream(base + "_in") << input;
+    const std::string command = "env TELVARO_HOME=" + base + "_home " + environment + " " + TELVARO_BINARY + " " +
+                                args + " < " + base + "_in 2> " + base + "_err";
+    std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+    Outcome r;
+    std::array<char, 4096> buf{};
+    while (std::size_t n = std::fread(buf.data(), 1, buf.size(), pipe.get())) r.out.append(buf.data(), n);
+    r.status = WEXITSTATUS(pclose(pipe.release()));
+    std::ifstream err(base + "_err");
+    r.err.assign(std::istreambuf_iterator<char>(err), {});
+    return r;
+}
+
+const char* const kLocales[] = {"LC_ALL=C.UTF-8", "LC_ALL=es_EC.UTF-8"};
+
+TEST(LocaleRule, NumberLiteralsAreNumbersWhateverTheLocale) {
+    struct Case {
+        const char* args;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {"Numero2Letra 1234.56", "mil doscientas treinta y cuatro con cincuenta y seis\n"},
+        {"numParteEntera -3.7", "-3\n"},
+        {"strCuentaCaracteres 1.5.1.5 .", "3\n"},
+        {"numEsMultiplo 12 4", "True\n"},
+        {"fn_ValidaCedula 9999999999", "False\n"},
+    };
+    for (const auto& c : cases) {
+        const Outcome c1 = runProgram(kLocales[0], std::string("call ") + c.args);
+        const Outcome c2 = runProgram(kLocales[1], std::string("call ") + c.args);
+        EXPECT_EQ(c1.out, c2.out) << c.args;
+        if (c.expected) {
+            EXPECT_EQ(c1.out, c.expected) << c.args << c1.err;
+        }
+    }
+    // Text is the method's to read under the settings: the same text gives
+    // another amount under a decimal comma.
+    EXPECT_NE(runProgram(kLocales[0], "call Numero2Letra '\"1234.56\"'").out,
+              runProgram(kLocales[1], "call Numero2Letra '\"1234.56\"'").out);
+}
+
+// The same request through `call` and through `batch` gives the same value
+// under either locale: the call's printed result, read back with the
+// locale's decimal mark, is the batch's result.
+TEST(LocaleRule, CallAndBatchAgreeUnderEitherDecimalMark) {
+    struct Case {
+        const char* call;
+        const char* batchArgs;
+        const char* method;
+    };
+    const Case cases[] = {
+        {"5.06 2.08 12", R"([5.06, 2.08, 12])", "StockResta"},
+        {"5.06 '\"0.08\"' 12", R"([5.06, "0.08", 12])", "StockSuma"},
+        {"3.5 12", R"([3.5, 12])", "numDecimal_a_Fraccion"},
+        {"'\"3.06\"' 12", R"(["3.06", 12])", "numFraccion_a_Decimal"},
+        {"2.5679 2", R"([2.5679, 2])", "numTruncar"},
+        {"1234.56", R"([1234.56])", "Numero2Letra"},
+        {"'\"2*3+1.5\"'", R"(["2*3+1.5"])", "numCalculaFormula"},
+    };
+    for (const char* locale : kLocales) {
+        const bool comma = std::string(locale).find("es_EC") != std::string::npos;
+        for (const auto& c : cases) {
+            const Outcome call = runProgram(locale, std::string("call ") + c.method + " " + c.call);
+            ASSERT_EQ(call.status, 0) << locale << ' ' << c.method << call.err;
+            const Outcome batch = runProgram(locale, "batch",
+                                  std::string(R"({"method":")") + c.method + R"(","args":)" + c.batchArgs + "}\n");
+            const json answer = json::parse(batch.out);
+            ASSERT_TRUE(answer.contains("result")) << batch.out;
+            std::string printed = call.out.substr(0, call.out.size() - 1);
+            if (answer["result"]["type"] == "String") {
+                EXPECT_EQ(printed, answer["result"]["value"].get<std::string>()) << locale << ' ' << c.method;
+            } else {
+                if (comma)
+                    for (auto& ch : printed)
+                        if (ch == ',') ch = '.';
+                EXPECT_DOUBLE_EQ(std::stod(printed), answer["result"]["value"].get<double>())
+                    << locale << ' ' << c.method;
+            }
+        }
+    }
+}
+
+TEST(Program, MistakesGetOneLineWithTheClosestNames) {
+    struct Case {
+        const char* args;
+        int status;
+        const char* said;  // in the one line on stderr
+    };
+    const Case cases[] = {
+        {"metods", 2, "did you mean: methods?"},
+        {"StockResta 1 2 3", 2, "did you mean: call StockResta?"},
+        {"call StokResta 1", 2, "did you mean: StockResta?"},
+        {"help numtruncar2", 2, "did you mean: numTruncar?"},
+        {"call", 2, "name a method"},
+        {"call Numero2Letra 1 --Moneda=x", 1, "Error 448"},
+    };
+    for (const auto& c : cases) {
+        const Outcome r = runProgram("", c.args);
+        EXPECT_EQ(r.status, c.status) << c.args;
+        EXPECT_NE(r.err.find(c.said), std::string::npos) << c.args << ": " << r.err;
+        EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << c.args << ": " << r.err;
+        EXPECT_EQ(r.out, "") << c.args;
+    }
+}
+
+TEST(Program, VersionHelpAndNamedArguments) {
+    const Outcome version = runProgram("", "--version");
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.out.rfind("telvaro ", 0), 0u) << version.out;
+    EXPECT_NE(version.out.find('.'), std::string::npos);
+
+    const Outcome help = runProgram("", "help strcuentacaracteres");
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.out.find("[PosInicio As Integer = 1]"), std::string::npos) << help.out;
+    EXPECT_NE(help.out.find("telvaro call strCuentaCaracteres aaaa aa\n  -> 3"), std::string::npos) << help.out;
+
+    EXPECT_EQ(runProgram("", "call Numero2Letra 1234.56 --SexoMoneda=Masculino").out,
+              "mil doscientos treinta y cuatro con cincuenta y seis\n");
+    EXPECT_EQ(runProgram("", "call fn_LlenaVector 1,2 Numero_").out, "1\n2\n");
+}
+
+TEST(Program, AMessageBoxWithoutATerminalIsToldOnStderr) {
+    const Outcome r = runProgram("", "call MsgDatosGuardados", "");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_NE(r.err.find("LISTO"), std::string::npos) << r.err;
+    EXPECT_NE(r.err.find("Los datos del registro fueron guardados con éxito!"), std::string::npos) << r.err;
+    EXPECT_NE(r.err.find("answered Aceptar"), std::string::npos) << r.err;
+}
+
+TEST(Program, TheDemoLeavesTheUsersHomeAlone) {
+    const std::string user = testing::TempDir() + "first_use_user";
+    fs::remove_all(user);
+    fs::create_directories(user);
+    const std::string command = "env -u TELVARO_HOME -u XDG_DATA_HOME HOME=" + user + " " + TELVARO_BINARY +
+                                " demo < /dev/null > " + user + "/../first_use_demo.txt 2>&1";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    EXPECT_TRUE(fs::is_empty(user)) << "the demo wrote into the user's home";
+    std::ifstream said(user + "/../first_use_demo.txt");
+    std::string text((std::istreambuf_iterator<char>(said)), {});
+    EXPECT_NE(text.find("temporary"), std::string::npos);
+}
+
+TEST(MethodReference, EveryMethodHasOneNoteAndTheNotesNameOnlyMethods) {
+    for (const auto& m : catalogue()) {
+        const MethodNote* note = methodNote(m.name);
+        ASSERT_TRUE(note) << m.name;
+        EXPECT_FALSE(note->text.empty()) << m.name;
+    }
+    EXPECT_EQ(methodNotes().size(), catalogue().size());
+    for (const auto& note : methodNotes()) EXPECT_TRUE(findMethod(note.name)) << note.name;
+}
+
+// Every example of a built method runs as `telvaro call` would run it and
+// answers what the reference says.
+TEST(MethodReference, TheExamplesRunAndAnswerWhatTheySay) {
+    std::size_t examples = 0;
+    for (const auto& note : methodNotes()) {
+        const MethodInfo* m = findMethod(note.name);
+        ASSERT_TRUE(m);
+        if (!findBinding(m->name)) continue;
+        for (const auto& e : note.examples) {
+            fakes::TestPlatform platform;
+            Fun fun(platform);
+            std::vector<Variant> args = callArguments(*m, std::vector<std::string>(e.args.begin(), e.args.end()), false);
+            Variant result;
+            ASSERT_NO_THROW(result = invoke(fun, *m, args)) << note.name;
+            ++examples;
+            if (!e.result) continue;
+            std::string printed;
+            if (result.isArray()) {
+                for (const auto& item : result.array().elements()) printed += toUtf8(toString(item)) + "\n";
+                printed.pop_back();
+            } else {
+                printed = toUtf8(toString(result));
+            }
+            EXPECT_EQ(printed, e.result) << note.name;
+        }
+    }
+    EXPECT_GE(examples, 40u);
+}
+
+TEST(MethodReference, TheDocumentIsTheCataloguesOwn) {
+    std::ostringstream made;
+    writeMethodReference(made);
+    std::ifstream file(std::string(TELVARO_SOURCE_DIR) + "/docs/methods.md");
+    ASSERT_TRUE(file) << "docs/methods.md is missing: telvaro methods --markdown > docs/methods.md";
+    const std::string kept((std::istreambuf_iterator<char>(file)), {});
+    EXPECT_EQ(kept, made.str()) << "docs/methods.md is stale: telvaro methods --markdown > docs/methods.md";
+}
+
+TEST(MethodReference, TheJsonListsEveryMethodWithItsDeclaration) {
+    std::ostringstream out;
+    listMethodsJson(out);
+    const json methods = json::parse(out.str());
+    ASSERT_EQ(methods.size(), catalogue().size());
+    std::size_t built = 0;
+    for (std::size_t i = 0; i < methods.size(); ++i) {
+        const MethodInfo& m = catalogue()[i];
+        EXPECT_EQ(methods[i]["name"], std::string(m.name));
+        EXPECT_EQ(methods[i]["dispid"], m.dispid);
+        ASSERT_EQ(methods[i]["params"].size(), m.params.size()) << m.name;
+        for (std::size_t p = 0; p < m.params.size(); ++p) {
+            EXPECT_EQ(methods[i]["params"][p]["byRef"], m.params[p].byRef) << m.name;
+            EXPECT_EQ(methods[i]["params"][p]["optional"], m.params[p].optional) << m.name;
+        }
+        if (methods[i]["built"].get<bool>()) ++built;
+    }
+    std::size_t bound = 0;
+    for (const auto& m : catalogue())
+        if (findBinding(m.name)) ++bound;
+    EXPECT_EQ(built, bound);
+    const json& strCuenta = methods[0];
+    EXPECT_EQ(strCuenta["params"][2]["default"], 1);
+    EXPECT_EQ(strCuenta["examples"][0]["result"], "3");
+}
+
+}  // namespace
+}  // namespace telvaro::cli
