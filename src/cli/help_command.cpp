@@ -55,7 +55,7 @@ int helpMethod(const std::string& method, std::ostream& out, std::ostream& err) 
     const MethodNote* note = methodNote(m->name);
     if (note) out << '\n' << note->text << '\n';
     if (!findBinding(m->name)) {
-        out << "\nNot built yet: a call answers error 438.\n";
+        out << "\nNot built yet: a call answers error 445.\n";
         return 0;
     }
     if (note && !note->examples.empty()) {
@@ -102,7 +102,7 @@ void writeMethodReference(std::ostream& out) {
     out << "# The methods of Fun\n\n"
            "Made by `telvaro methods --markdown` from the catalogue; do not edit by hand.\n"
            "Parameters are by reference unless marked ByVal; optional ones are in brackets with their default.\n"
-           "A method marked *not built yet* answers error 438.\n";
+           "A method marked *not built yet* answers error 445.\n";
     for (const auto& m : catalogue()) {
         out << "\n## " << m.name << "\n\n```\n" << signatureText(m) << "\n```\n\n";
         const MethodNote* note = methodNote(m.name);
