@@ -182,6 +182,10 @@ TEST(BatchProgram, OneArgumentCannotTakeTheMachine) {
         EXPECT_EQ((run.out + run.err).substr(0, c.expected.size()), c.expected)
             << c.args.substr(0, 60) << ": " << run.err;
     }
+    // Within the caps, an allocation the memory limit refuses is the
+    // runtime's error 7, never a terminated process.
+    ShellRun starved = shell("ulimit -v 80000; $T call Numero2Letra 1 15000000");
+    EXPECT_EQ(starved.err.substr(0, 9), "Error 7: ") << starved.err;
 #endif
 }
 
