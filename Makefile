@@ -16,6 +16,8 @@ GENERATOR  := $(shell command -v ninja >/dev/null 2>&1 && echo "-G Ninja")
 WIN64_BUILD ?= build-win64
 WIN32_BUILD ?= build-win32
 TELVARO_SKIP_WINDOWS ?=
+# ccache hashes paths relative to the checkout, so clones elsewhere share it.
+export CCACHE_BASEDIR ?= $(CURDIR)
 # Looked up when a recipe runs, that is after setup has installed them.
 find_wine64 = $$( (command -v wine64 || ls /usr/lib/wine/wine64) 2>/dev/null | head -n 1)
 
