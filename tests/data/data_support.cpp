@@ -1,13 +1,5 @@
 #include "data_support.h"
 
-#include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <pwd.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
-#include <cstdlib>
-
 #include "data/factory.h"
 #include "runtime/error.h"
 
@@ -48,95 +40,6 @@ ObjectRef openRecordset(const ObjectRef& connection, StringView sql) {
     ObjectRef recordset = create(u"ADODB.Recordset");
     recordset->call(u"Open", {Variant(String(sql)), Variant(connection), Variant(0), Variant(1), Variant(-1)});
     return recordset;
-}
-
-namespace {
-
-constexpr const char* kBin = "/usr/lib/postgresql/15/bin/";
-
-int freePort() {
-    const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t length = sizeof address;
-    int port = 0;
-    if (::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 &&
-        ::getsockname(fd, reinterpret_cast<sockaddr*>(&address), &length) == 0)
-        port = ntohs(address.sin_port);
-    ::close(fd);
-    return port;
-}
-
-// Runs a server command, as the postgres user when the tests run as root
-// (the server refuses to run as root).
-int runAsServerUser(const std::string& command) {
-    const std::string full = ::geteuid() == 0 ? "runuser -u postgres -- " + command : command;
-    return std::system((full + " > /dev/null 2>&1").c_str());
-}
-
-PostgresServer* started = nullptr;
-
-class StopServer : public ::testing::Environment {
-public:
-    void TearDown() override {
-        if (started) started->stop();
-    }
-};
-const auto* const kStopServer = ::testing::AddGlobalTestEnvironment(new StopServer);
-
-}  // namespace
-
-PostgresServer& PostgresServer::instance() {
-    static PostgresServer server;
-    started = &server;
-    return server;
-}
-
-PostgresServer::PostgresServer() {
-    std::string pattern = (fs::temp_directory_path() / "telvaro-pg-XXXXXX").string();
-    if (!::mkdtemp(pattern.data())) {
-        failure_ = "no temporary folder for the database cluster";
-        return;
-    }
-    folder_ = pattern;
-    if (::geteuid() == 0) {
-        const passwd* user = ::getpwnam("postgres");
-        if (!user || ::chown(folder_.c_str(), user->pw_uid, user->pw_gid) != 0) {
-            failure_ = "the postgres user cannot own " + folder_.string();
-            return;
-        }
-    }
-    const std::string data = (folder_ / "data").string();
-    if (runAsServerUser(std::string(kBin) + "initdb -D " + data + " -A trust -U postgres --no-sync -E UTF8") != 0) {
-        failure_ = "initdb failed in " + data;
-        return;
-    }
-    port_ = freePort();
-    const std::string options =
-        "-c listen_addresses=127.0.0.1 -p " + std::to_string(port_) + " -k " + folder_.string() + " -c fsync=off";
-    if (runAsServerUser(std::string(kBin) + "pg_ctl -D " + data + " -l " + (folder_ / "log").string() + " -o '" +
-                        options + "' -w -t 60 start") != 0) {
-        failure_ = "pg_ctl could not start the server on port " + std::to_string(port_) + " (see " +
-                   (folder_ / "log").string() + ")";
-        return;
-    }
-    ready_ = true;
-}
-
-String PostgresServer::connectionString() const {
-    return u"Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=" + ascii(std::to_string(port_)) +
-           u";Database=postgres;Uid=postgres;";
-}
-
-void PostgresServer::stop() {
-    if (folder_.empty()) return;
-    if (ready_)
-        runAsServerUser(std::string(kBin) + "pg_ctl -D " + (folder_ / "data").string() + " -m immediate -w stop");
-    ready_ = false;
-    std::error_code ec;
-    fs::remove_all(folder_, ec);
-    folder_.clear();
 }
 
 }  // namespace telvaro::data::testing

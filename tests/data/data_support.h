@@ -9,6 +9,7 @@
 
 #include "data/data_services.h"
 #include "runtime/object.h"
+#include "support/postgres_server.h"
 #include "support/support.h"
 
 namespace telvaro::data::testing {
@@ -25,25 +26,5 @@ ObjectRef memoryConnection(const std::vector<String>& setup, std::int32_t cursor
 // A recordset opened forward-only, read-only, Options -1, as the library's
 // methods open theirs.
 ObjectRef openRecordset(const ObjectRef& connection, StringView sql);
-
-// The PostgreSQL server of this test program: started on first use in a
-// temporary folder on loopback and stopped when the program ends. A server
-// that cannot start fails the tests that ask for it.
-class PostgresServer {
-public:
-    static PostgresServer& instance();
-    bool ready() const { return ready_; }
-    const std::string& failure() const { return failure_; }
-    // "Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=...;Database=postgres;Uid=postgres;"
-    String connectionString() const;
-    void stop();
-
-private:
-    PostgresServer();
-    bool ready_ = false;
-    std::string failure_;
-    std::filesystem::path folder_;
-    int port_ = 0;
-};
 
 }  // namespace telvaro::data::testing

@@ -1,0 +1,35 @@
+// A private PostgreSQL server for the ODBC tests and benchmarks: its own
+// cluster in a temporary folder (initdb with trust authentication, run as
+// the postgres user when the program runs as root), on loopback and a free
+// port, fsync off, no systemd.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "runtime/ustring.h"
+
+namespace telvaro::data::testing {
+
+// The PostgreSQL server of this program: started on first use in a
+// temporary folder on loopback and stopped when the program ends. A server
+// that cannot start fails the tests that ask for it.
+class PostgresServer {
+public:
+    static PostgresServer& instance();
+    bool ready() const { return ready_; }
+    const std::string& failure() const { return failure_; }
+    // "Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=...;Database=postgres;Uid=postgres;"
+    String connectionString() const;
+    void stop();
+    ~PostgresServer() { stop(); }
+
+private:
+    PostgresServer();
+    bool ready_ = false;
+    std::string failure_;
+    std::filesystem::path folder_;
+    int port_ = 0;
+};
+
+}  // namespace telvaro::data::testing
