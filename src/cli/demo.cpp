@@ -10,6 +10,7 @@
 #include "cli/batch.h"
 #include "cli/commands.h"
 #include "cli/demo_home.h"
+#include "cli/demo_sections.h"
 #include "platform/scripted_message_box.h"
 #include "frame/bind.h"
 #include "frame/catalogue.h"
@@ -232,6 +233,7 @@ void runDemo(std::ostream& out) {
         [&] { iniSection(out, fun); },
         [&] { filesSection(out, fun); },
         [&] { regionalSection(out, fun); },
+        [&] { shopSection(out, fun); },
         [&] { errorLogSection(out); },
         [&] { dispatchSection(out, fun); },
         [&] { batchSection(out); },
