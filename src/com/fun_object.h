@@ -12,7 +12,7 @@
 #include "com/fun_interface.h"
 #include "frame/catalogue.h"
 #include "context/fun.h"
-#include "host/default_platform.h"
+#include "com/com_object_factory.h"
 
 namespace telvaro::com {
 
@@ -48,7 +48,7 @@ private:
     Variant run(const MethodInfo& method, std::span<VARIANTARG* const> args);
 
     std::atomic<ULONG> references_{1};
-    Fun fun_{defaultPlatform()};
+    Fun fun_{serverPlatform()};
 };
 
 }  // namespace telvaro::com

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "com/com_handles.h"
+#include "com/core_dispatch.h"
 #include "com/dispatch_object.h"
 #include "runtime/convert.h"
 #include "runtime/decimal.h"
@@ -39,6 +40,8 @@ Variant fromWide(long long v) {
 
 Variant fromObject(IUnknown* unknown) {
     if (!unknown) return Variant(ObjectRef());
+    // One of the library's own objects coming back is itself again.
+    if (ObjectRef core = coreObjectBehind(unknown)) return Variant(std::move(core));
     ComPtr<IDispatch> dispatch;
     if (FAILED(unknown->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(dispatch.put()))))
         raise(err::UnsupportedAutomationType);
@@ -159,7 +162,7 @@ IDispatch* dispatchOf(const Variant& value) {
     const ObjectRef& object = value.get<ObjectRef>();
     if (!object) return nullptr;
     if (auto* caller = dynamic_cast<DispatchObject*>(object.get())) return caller->share();
-    raise(err::UnsupportedAutomationType);
+    return dispatchFaceOf(object);
 }
 
 }  // namespace

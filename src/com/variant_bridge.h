@@ -1,8 +1,9 @@
 // Values across the automation boundary: a VARIANT (by reference or not,
 // arrays as SAFEARRAYs, a caller's IDispatch) becomes the core's Variant,
 // and a Variant goes back into a new VARIANT or into the caller's typed
-// storage (a by-reference argument, a method's result). Values that have no
-// automation form raise error 458.
+// storage (a by-reference argument, a method's result). The library's own
+// objects go out through their IDispatch face (core_dispatch.h). Values that
+// have no automation form raise error 458.
 #pragma once
 
 #include <oaidl.h>

@@ -1,7 +1,10 @@
 #include "data/connection_string.h"
 #include "data/odbc/odbc_provider.h"
 #include "data/provider.h"
+#include "data/errors.h"
+#if TELVARO_EMBEDDED_ENGINE
 #include "data/sqlite/sqlite_provider.h"
+#endif
 
 namespace telvaro::data {
 
@@ -13,7 +16,13 @@ std::unique_ptr<ProviderSession> openSession(StringView connectionString, const 
         case Engine::Embedded:
             break;
     }
+#if TELVARO_EMBEDDED_ENGINE
     return openSqliteSession(target.target, services);
+#else
+    // A build without the embedded engine reaches databases through ODBC only.
+    (void)services;
+    raiseAdo(ado::ProviderNotFound, u"ADODB.Connection");
+#endif
 }
 
 }  // namespace telvaro::data
