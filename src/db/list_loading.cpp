@@ -97,9 +97,10 @@ void regCargaListaSQL(Fun& fun, const ObjectRef& Conexion, const String& SQL_, c
         });
     }
     const bool hasItems = onError.value([&] { return toLong(listOf(ListaText).listCount()) > 0; }).value_or(false);
+    // ListIndex is an Integer property: the first item is selected with one.
     if (hasItems && Elige1erItem.isTrue()) {
-        onError([&] { listOf(ListaText).setListIndex(Variant(std::int32_t(0))); });
-        onError([&] { listOf(ListaCod).setListIndex(Variant(std::int32_t(0))); });
+        onError([&] { listOf(ListaText).setListIndex(Variant(std::int16_t(0))); });
+        onError([&] { listOf(ListaCod).setListIndex(Variant(std::int16_t(0))); });
     }
     onError.clear();
     onError([&] { rs.close(); });
@@ -135,7 +136,7 @@ void regCargaListaSQL2(Fun& fun, const ObjectRef& Conexion, const String& SQL_, 
     }
     const bool hasItems = onError.value([&] { return texts && toLong(texts->listCount()) > 0; }).value_or(false);
     if (hasItems && Elige1erItem.isTrue())
-        onList([](const callers::ListControl& l) { l.setListIndex(Variant(std::int32_t(0))); });
+        onList([](const callers::ListControl& l) { l.setListIndex(Variant(std::int16_t(0))); });
     onError.clear();
     onError([&] { rs.close(); });
 }
