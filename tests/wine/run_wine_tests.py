@@ -3,8 +3,11 @@
 
     run_wine_tests.py WINDOWS_BUILD LINUX_TELVARO
 
-In a new Wine prefix: regsvr32 registers telvaro.dll; the C++ client and
-the type-library check run; the VBScript clients run with cscript; the
+In a new Wine prefix: regsvr32 registers telvaro.dll and the test-only
+database server (the library's data objects under the database ProgIDs,
+reaching an SQLite file through Wine's ODBC and the host's SQLite driver);
+the C++ client and the type-library check run; the VBScript clients run
+with cscript (each may use the constant TestDatabase, a new file); the
 calls of parity.tsv are made from VBScript and compared with the Linux
 build's answers; regsvr32 /u unregisters, and no entry naming the
 library's identities may remain in the registry. Exits non-zero when
@@ -17,6 +20,7 @@ import sys
 from wine_prefix import DLL, FOLDER, new_prefix
 
 HERE = os.path.dirname(os.path.abspath(__file__))
+DATABASE_SERVER = "database_server.dll"
 IDENTITIES = ["4C93F8DD-15B8-41E9-A125-4A84D77E1B1A", "6CE2A736-78E9-4882-B138-7048AE8A278F",
               "CC6D850A-0003-43B1-AEE8-89E52B79C200", "D41F957A-54AD-4162-835A-6F914662BC33",
               "4C0D0C89-3622-494B-8A64-7A494921F448", "Telvaro.Fun"]
@@ -78,12 +82,15 @@ def main(build, telvaro):
     telvaro = os.path.abspath(telvaro)
     build = os.path.abspath(build)
     clients = ("com_client.exe", "typelib_check.exe")
-    wine, booted = new_prefix(build, "wine-prefix", [os.path.join("wine-tests", exe) for exe in clients])
+    wine, booted = new_prefix(build, "wine-prefix",
+                              [os.path.join("wine-tests", exe) for exe in clients + (DATABASE_SERVER,)])
     expect(booted, "new Wine prefix")
     work = wine.work
 
     code, out = wine.run("regsvr32", "/s", DLL)
     expect(code == 0, "regsvr32 registers telvaro.dll", out)
+    code, out = wine.run("regsvr32", "/s", FOLDER + DATABASE_SERVER)
+    expect(code == 0, "regsvr32 registers the test database server", out)
 
     for exe in clients:
         code, out = wine.run(FOLDER + exe)
@@ -95,8 +102,11 @@ def main(build, telvaro):
     for name in sorted(os.listdir(os.path.join(HERE, "vbs"))):
         if name == "prelude.vbs" or not name.endswith(".vbs"):
             continue
+        database = os.path.join(build, "wine-%s.db" % name[:-4])
+        if os.path.exists(database):
+            os.remove(database)
         with open(os.path.join(HERE, "vbs", name), encoding="utf-8") as f:
-            script = prelude + "\n" + f.read()
+            script = prelude + "\nConst TestDatabase = %s\n" % vbs_literal(database) + f.read()
         with open(os.path.join(work, name), "w", encoding="cp1252", newline="\r\n") as f:
             f.write(script)
         code, out = wine.run("cscript", "//nologo", FOLDER + name)
