@@ -7,6 +7,7 @@
 #include "com/com_error.h"
 #include "com/variant_bridge.h"
 #include "runtime/error.h"
+#include "runtime/text.h"
 
 namespace telvaro::com {
 
@@ -74,7 +75,36 @@ DISPID DispatchObject::memberId(StringView member) const {
     return id;
 }
 
+Variant DispatchObject::enumerate() const {
+    DISPPARAMS none{nullptr, nullptr, 0, 0};
+    UniqueVariant result;
+    EXCEPINFO exception{};
+    const HRESULT hr = dispatch_->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT,
+                                         DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none, result.get(), &exception, nullptr);
+    if (hr == DISP_E_MEMBERNOTFOUND || hr == DISP_E_UNKNOWNNAME) raise(err::ObjectDoesNotSupport);
+    if (FAILED(hr)) throwFromFailure(hr, exception);
+    const VARTYPE vt = V_VT(result.get());
+    IUnknown* unknown = vt == VT_UNKNOWN ? V_UNKNOWN(result.get()) : vt == VT_DISPATCH ? V_DISPATCH(result.get()) : nullptr;
+    ComPtr<IEnumVARIANT> enumerator;
+    if (!unknown || FAILED(unknown->QueryInterface(IID_IEnumVARIANT, reinterpret_cast<void**>(enumerator.put()))) ||
+        !enumerator)
+        raise(err::ObjectDoesNotSupport);
+    std::vector<Variant> items;
+    for (;;) {
+        UniqueVariant item;
+        ULONG fetched = 0;
+        if (enumerator->Next(1, item.get(), &fetched) != S_OK || fetched != 1) break;
+        items.push_back(fromVariant(*item.get()));
+    }
+    return Variant(Array::ofValues(std::move(items), 0));
+}
+
 Variant DispatchObject::invoke(StringView member, InvokeKind kind, std::span<Variant> args) {
+    // For Each: the runtime asks the collection for its enumerator by the
+    // reserved number and walks it; the items come back as one array.
+    if (args.empty() && kind != InvokeKind::PropertyPut && kind != InvokeKind::PropertyPutRef &&
+        textEquals(member, u"_NewEnum"))
+        return enumerate();
     const DISPID id = member.empty() ? DISPID_VALUE : memberId(member);
     const bool put = kind == InvokeKind::PropertyPut || kind == InvokeKind::PropertyPutRef;
     ArgumentFrame frame(args, put);

@@ -4,6 +4,8 @@
 // Invoke, by-reference arguments are passed
 // as by-reference VARIANTs and written back, and a failure of the object
 // becomes the run-time error it reports (438 for a member it lacks).
+// `_NewEnum` gives the items of the object's enumerator as an array, as a
+// For Each over the object walks them.
 #pragma once
 
 #include <oaidl.h>
@@ -30,6 +32,9 @@ private:
     // The DISPID of a member by name, case-insensitively; error 438 when
     // the object has no such member.
     DISPID memberId(StringView member) const;
+    // The items of a collection's enumerator (DISPID_NEWENUM, then
+    // IEnumVARIANT), in order; 438 when the object has none.
+    Variant enumerate() const;
 
     ComPtr<IDispatch> dispatch_;
 };

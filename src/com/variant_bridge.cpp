@@ -9,6 +9,7 @@
 #include "com/com_handles.h"
 #include "com/core_dispatch.h"
 #include "com/dispatch_object.h"
+#include "host/win32_pictures.h"
 #include "runtime/convert.h"
 #include "runtime/decimal.h"
 #include "runtime/error.h"
@@ -162,6 +163,7 @@ IDispatch* dispatchOf(const Variant& value) {
     const ObjectRef& object = value.get<ObjectRef>();
     if (!object) return nullptr;
     if (auto* caller = dynamic_cast<DispatchObject*>(object.get())) return caller->share();
+    if (IDispatch* picture = win32::nativePictureDispatch(*object)) return picture;
     return dispatchFaceOf(object);
 }
 

@@ -98,6 +98,15 @@ ObjectRef Win32Pictures::fromPixels(std::int32_t width, std::int32_t height, std
     return std::make_shared<PlatformPicture>(picture, String(name));
 }
 
+IDispatch* nativePictureDispatch(const Object& object) {
+    const auto* picture = dynamic_cast<const PlatformPicture*>(&object);
+    if (!picture || !picture->nativePicture()) return nullptr;
+    IDispatch* dispatch = nullptr;
+    if (FAILED(picture->nativePicture()->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch))))
+        return nullptr;
+    return dispatch;
+}
+
 ObjectRef Win32Pictures::load(StringView windowsPath) {
     if (windowsPath.empty()) return std::make_shared<PlatformPicture>(nullptr, String());
     std::wstring path = wide(windowsPath);

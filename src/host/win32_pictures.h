@@ -4,6 +4,8 @@
 // members; `nativePicture()` gives the IPictureDisp for the COM edge.
 #pragma once
 
+#include <oaidl.h>
+
 #include "platform/pictures.h"
 
 namespace telvaro::win32 {
@@ -14,5 +16,11 @@ public:
                          StringView name) override;
     ObjectRef load(StringView windowsPath) override;
 };
+
+// The platform's IPictureDisp behind a picture this service made, with a
+// reference for whoever receives it; null for any other object and for an
+// empty picture. Pictures leave the server as themselves, so a caller's
+// control can show them.
+IDispatch* nativePictureDispatch(const Object& object);
 
 }  // namespace telvaro::win32
