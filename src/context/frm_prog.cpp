@@ -55,7 +55,7 @@ private:
 
 class FrmProg : public Object {
 public:
-    FrmProg(ProgressDisplay& display) : serial_(display.serial()) {
+    explicit FrmProg(ProgressDisplay& display) : serial_(display.serial()) {
         ProgressDesign design;
         design.caption = kFrmProgCaption;
         caption_ = design.caption;

@@ -43,6 +43,13 @@ std::string duration(double seconds) {
     return buffer;
 }
 
+// The columns a UTF-8 text takes: one a character.
+int columns(const std::string& text) {
+    int n = 0;
+    for (const char c : text) n += (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+    return n;
+}
+
 int terminalWidth(std::FILE* out) {
     winsize size{};
     if (ioctl(fileno(out), TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
@@ -137,26 +144,38 @@ std::string progressLineText(const ProgressLine& line) {
 
     char percent[8];
     std::snprintf(percent, sizeof percent, "%3d%%", static_cast<int>(share * 100));
-    const std::string tail = std::string(" ") + percent + "  " + wholeNumber(line.value) + " de " +
-                             wholeNumber(line.max) + "  " + rateText + "  quedan " + left;
-
-    // The bar takes what the title and the figures leave, 10 to 40 columns;
-    // on a narrow terminal the title gives way first.
+    const std::string count = std::string(" ") + percent + "  " + wholeNumber(line.value) + " de " + wholeNumber(line.max);
+    // On a narrow terminal the rate goes first, then the time left, then
+    // the title gives way.
     const int width = std::max(line.width, 20) - 1;
     std::string title = titleOf(line.caption);
+    const int titleWidth = columns(title);
+    std::string tail = count + "  " + rateText + "  quedan " + left;
+    if (titleWidth + static_cast<int>(tail.size()) + 13 > width) tail = count + "  quedan " + left;
+    if (titleWidth + static_cast<int>(tail.size()) + 13 > width) tail = count;
+
+    // The bar takes what the title and the figures leave, 10 to 40 columns.
     const int fixed = static_cast<int>(tail.size()) + 3;  // " [" and "]"
-    int barWidth = std::clamp(width - fixed - static_cast<int>(title.size()), 10, 40);
-    if (static_cast<int>(title.size()) + fixed + barWidth > width) {
-        const int room = std::max(0, width - fixed - barWidth);
-        // Cut on a character boundary of the UTF-8 text.
-        std::size_t cut = std::min<std::size_t>(title.size(), static_cast<std::size_t>(room));
-        while (cut > 0 && cut < title.size() && (static_cast<unsigned char>(title[cut]) & 0xC0) == 0x80) --cut;
+    int barWidth = std::clamp(width - fixed - titleWidth, 10, 40);
+    if (titleWidth + fixed + barWidth > width) {
+        // Cut to the room left, on a character boundary of the UTF-8 text.
+        int room = std::max(0, width - fixed - barWidth);
+        std::size_t cut = 0;
+        while (cut < title.size() && room > 0) {
+            ++cut;
+            while (cut < title.size() && (static_cast<unsigned char>(title[cut]) & 0xC0) == 0x80) ++cut;
+            --room;
+        }
         title.resize(cut);
     }
     const int filled = static_cast<int>(share * barWidth);
     std::string out = title + " [" + std::string(static_cast<std::size_t>(filled), '#') +
                       std::string(static_cast<std::size_t>(barWidth - filled), '.') + "]" + tail;
-    if (static_cast<int>(out.size()) > width) out.resize(static_cast<std::size_t>(width));
+    // Never wider than the terminal, or the line would wrap and not be redrawn in place.
+    while (columns(out) > width) {
+        while (!out.empty() && (static_cast<unsigned char>(out.back()) & 0xC0) == 0x80) out.pop_back();
+        if (!out.empty()) out.pop_back();
+    }
     return out;
 }
 

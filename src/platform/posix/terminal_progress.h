@@ -2,11 +2,12 @@
 // stderr that is redrawn in place, at most ten times a second (and once
 // more when the bar is full):
 //
-//     Progreso . . . [##########..........]  50%  500 de 1000  2.480/s  quedan 0:00
+//     Progreso . . . [############............]  50%  500 de 1000  100/s  quedan 0:05
 //
 // the form's caption without its trailing "(n de m)", the bar, the share
 // done, the count, the rate since the form was shown and the time left at
-// that rate. Hiding or unloading the form erases the line. When stderr is
+// that rate (on a narrow terminal the rate, the time left and the title give
+// way, in that order). Hiding or unloading the form erases the line. When stderr is
 // no terminal (a pipe, a file, `batch`) nothing is drawn.
 #pragma once
 
