@@ -83,6 +83,10 @@ public:
     }
     void setCellPictureAlignment(const Variant& alignment) const { put(u"CellPictureAlignment", alignment); }
     String cellText() const { return toString(get(u"CellText")); }
+
+    // The grid's font (Font.Name, Font.Size) and whether the grid is seen.
+    ObjectHandle font() const { return objectOf(get(u"Font")); }
+    void setVisible(const Variant& on) const { put(u"Visible", on); }
 };
 
 }  // namespace telvaro::callers

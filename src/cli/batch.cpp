@@ -14,6 +14,7 @@
 #include "frame/invoke.h"
 #include "host/default_platform.h"
 #include "platform/posix/window_effects.h"
+#include "platform/recording_progress_display.h"
 #include "platform/scripted_message_box.h"
 #include "runtime/error.h"
 
@@ -50,6 +51,14 @@ json messagesOf(const ScriptedPlatform& platform) {
         messages.push_back(
             {{"prompt", toUtf8(m.prompt)}, {"style", m.style}, {"title", toUtf8(m.title)}, {"answer", m.answer}});
     return messages;
+}
+
+// The progress form is shown nowhere in a batch: its windows are recorded.
+// One display for the whole batch, so that a form a request leaves loaded
+// is the one the next request finds, as on one client thread.
+const std::shared_ptr<RecordingProgressDisplay>& progressRecorder() {
+    static const auto recorder = std::make_shared<RecordingProgressDisplay>();
+    return recorder;
 }
 
 json byRefOf(const std::vector<Variant>& args, const ObjectKindHooks& hooks) {
@@ -110,6 +119,7 @@ json answer(const json& request) {
     ScriptedPlatform platform(defaultPlatform(), std::move(answers));
     const auto windows = std::make_shared<posix::WindowEffects>();
     platform.use(std::shared_ptr<Windows>(windows));
+    platform.use(std::shared_ptr<ProgressDisplay>(progressRecorder()));
     json out{{"id", id}};
     try {
         Fun fun(platform);
@@ -121,6 +131,12 @@ json answer(const json& request) {
     out["byref"] = byRefOf(args, hooks);
     out["messages"] = messagesOf(platform);
     if (!windows->effects().empty()) out["windows"] = windowsOf(*windows);
+    const std::vector<String> progress = progressRecorder()->take();
+    if (!progress.empty()) {
+        json calls = json::array();
+        for (const auto& entry : progress) calls.push_back(toUtf8(entry));
+        out["progress"] = std::move(calls);
+    }
     return out;
 }
 

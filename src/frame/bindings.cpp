@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "dates/date_helpers.h"
+#include "db/grid_loading.h"
 #include "db/list_loading.h"
 #include "db/query_helpers.h"
 #include "db/record_navigation.h"
@@ -145,6 +146,9 @@ const std::vector<Binding>& bindings() {
         bind<&db::fn_BuscaItem>("fn_BuscaItem"),
         bind<&db::fnBuscaIndex>("fnBuscaIndex"),
         bind<&db::ItemD>("ItemD"),
+        // Grids filled from queries
+        bind<&db::RegLlenaGridRegSql>("RegLlenaGridRegSql"),
+        bind<&db::regLlenaGridLIKE>("regLlenaGridLIKE"),
         bind<&db::RegistroInicial>("RegistroInicial"),
         bind<&db::RegistroAnterior>("RegistroAnterior"),
         bind<&db::RegistroSiguiente>("RegistroSiguiente"),

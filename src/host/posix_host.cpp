@@ -9,6 +9,7 @@
 #include "platform/posix/posix_regional_store.h"
 #include "platform/posix/posix_registry.h"
 #include "platform/posix/terminal_message_box.h"
+#include "platform/posix/terminal_progress.h"
 #include "platform/posix/window_effects.h"
 
 namespace telvaro {
@@ -32,6 +33,8 @@ Platform posixPlatform() {
     p.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>(
         [dataServices](StringView progId) { return data::createDataObject(progId, dataServices); })));
     p.use(std::shared_ptr<Pictures>(std::make_shared<posix::PosixPictures>()));
+    // frmProg: a bar on stderr when it is a terminal, else nothing seen.
+    p.use(std::shared_ptr<ProgressDisplay>(std::make_shared<posix::TerminalProgressDisplay>()));
     return p;
 }
 

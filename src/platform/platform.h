@@ -13,6 +13,7 @@
 #include "platform/object_factory.h"
 #include "platform/pictures.h"
 #include "platform/profile_files.h"
+#include "platform/progress_display.h"
 #include "platform/regional_store.h"
 #include "platform/registry.h"
 #include "platform/windows.h"
@@ -30,6 +31,7 @@ public:
     Windows& windows() const { return *windows_; }
     ObjectFactory& objectFactory() const { return *objectFactory_; }
     Pictures& pictures() const { return *pictures_; }
+    ProgressDisplay& progressDisplay() const { return *progressDisplay_; }
 
     void use(std::shared_ptr<MessageBoxService> s) { messageBoxes_ = std::move(s); }
     void use(std::shared_ptr<ProfileFiles> s) { profileFiles_ = std::move(s); }
@@ -40,6 +42,7 @@ public:
     void use(std::shared_ptr<Windows> s) { windows_ = std::move(s); }
     void use(std::shared_ptr<ObjectFactory> s) { objectFactory_ = std::move(s); }
     void use(std::shared_ptr<Pictures> s) { pictures_ = std::move(s); }
+    void use(std::shared_ptr<ProgressDisplay> s) { progressDisplay_ = std::move(s); }
 
 private:
     std::shared_ptr<MessageBoxService> messageBoxes_;
@@ -52,6 +55,8 @@ private:
     // Until a host gives its own, no class can be created (429).
     std::shared_ptr<ObjectFactory> objectFactory_ = std::make_shared<FunctionObjectFactory>();
     std::shared_ptr<Pictures> pictures_;
+    // Until a host gives its own, the progress form is seen nowhere.
+    std::shared_ptr<ProgressDisplay> progressDisplay_ = std::make_shared<SilentProgressDisplay>();
 };
 
 }  // namespace telvaro
