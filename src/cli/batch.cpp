@@ -13,6 +13,7 @@
 #include "context/fun.h"
 #include "frame/invoke.h"
 #include "host/default_platform.h"
+#include "host/exported_sheets.h"
 #include "platform/posix/window_effects.h"
 #include "platform/scripted_message_box.h"
 #include "runtime/error.h"
@@ -50,6 +51,18 @@ json messagesOf(const ScriptedPlatform& platform) {
         messages.push_back(
             {{"prompt", toUtf8(m.prompt)}, {"style", m.style}, {"title", toUtf8(m.title)}, {"answer", m.answer}});
     return messages;
+}
+
+// The spreadsheet files the call wrote, and the ones it could not write.
+void addExportedFiles(json& out) {
+    const host::ExportReport report = host::takeExportReport();
+    if (report.files.empty() && report.failures.empty()) return;
+    json files = json::array();
+    for (const auto& f : report.files)
+        files.push_back({{"path", f.path.string()}, {"visible", f.visible}, {"opened", f.opened}});
+    for (const auto& e : report.failures)
+        files.push_back({{"error", {{"number", e.number()}, {"description", toUtf8(e.description())}}}});
+    out["files"] = std::move(files);
 }
 
 json byRefOf(const std::vector<Variant>& args, const ObjectKindHooks& hooks) {
@@ -111,6 +124,7 @@ json answer(const json& request) {
     const auto windows = std::make_shared<posix::WindowEffects>();
     platform.use(std::shared_ptr<Windows>(windows));
     json out{{"id", id}};
+    (void)host::takeExportReport();  // only this request's files
     try {
         Fun fun(platform);
         Variant result = invoke(fun, request.at("method").get<std::string>(), args);
@@ -121,6 +135,7 @@ json answer(const json& request) {
     out["byref"] = byRefOf(args, hooks);
     out["messages"] = messagesOf(platform);
     if (!windows->effects().empty()) out["windows"] = windowsOf(*windows);
+    addExportedFiles(out);
     return out;
 }
 

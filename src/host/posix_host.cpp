@@ -1,6 +1,7 @@
 // The host on Linux and other POSIX systems.
 #include "data/factory.h"
 #include "host/default_platform.h"
+#include "host/exported_sheets.h"
 #include "platform/posix/home.h"
 #include "host/posix_pictures.h"
 #include "platform/posix/posix_environment.h"
@@ -10,6 +11,7 @@
 #include "platform/posix/posix_registry.h"
 #include "platform/posix/terminal_message_box.h"
 #include "platform/posix/window_effects.h"
+#include "runtime/text.h"
 
 namespace telvaro {
 
@@ -30,7 +32,11 @@ Platform posixPlatform() {
     // folder and the mapped drives, nothing else.
     data::DataServices dataServices{[](StringView windowsPath) { return posix::mapPath(windowsPath); }};
     p.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>(
-        [dataServices](StringView progId) { return data::createDataObject(progId, dataServices); })));
+        [dataServices](StringView progId) -> ObjectRef {
+            // The spreadsheet application writes its workbooks under the home folder.
+            if (textEquals(progId, u"Excel.Application")) return host::makeSheetApplication(host::exportsFolder());
+            return data::createDataObject(progId, dataServices);
+        })));
     p.use(std::shared_ptr<Pictures>(std::make_shared<posix::PosixPictures>()));
     return p;
 }
