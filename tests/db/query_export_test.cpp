@@ -3,6 +3,8 @@
 // records, every value with its type, and texts that read as dates kept.
 #include <gtest/gtest.h>
 
+#include "cli/batch.h"
+#include "cli/object_json.h"
 #include "db_support.h"
 #include "host/exported_sheets.h"
 #include "sheet/sheet_file.h"
@@ -14,6 +16,7 @@ namespace {
 using sheet::testing::readSheetFile;
 using sheet::testing::SheetFile;
 using sheet::testing::widthReadBack;
+
 
 constexpr int kCommandError = -2147217900;
 const std::string kBox = " T=thin/000000 L=thin/000000 B=thin/000000 R=thin/000000";
@@ -143,3 +146,30 @@ TEST(QueryExport, BadQueriesAndListsReachTheCaller) {
 
 }  // namespace
 }  // namespace telvaro::dbtest
+
+namespace telvaro {
+namespace {
+
+using sheet::testing::readSheetFile;
+
+// Through the batch protocol: the answer names the file written.
+TEST(QueryExportBatch, TheAnswerNamesTheFile) {
+    const std::string request =
+        R"J({"id":1,"method":"ExportExcelReg","args":[{"object":"connection","setup":["CREATE TABLE c(k, n)",)J"
+        R"J("INSERT INTO c VALUES (1,'Ana')"],"cursorLocation":3},"Código,Nombre","8,20","SELECT k, n FROM c","Clientes"]})J";
+    const cli::Json answer = cli::Json::parse(cli::answerRequest(request));
+    ASSERT_FALSE(answer.contains("error")) << answer.dump();
+    ASSERT_EQ(answer.at("files").size(), 1u) << answer.dump();
+    const cli::Json& file = answer.at("files").at(0);
+    const std::filesystem::path path = file.at("path").get<std::string>();
+    EXPECT_EQ(path.parent_path(), host::exportsFolder());
+    EXPECT_TRUE(file.at("visible").get<bool>());
+    EXPECT_FALSE(file.at("opened").get<bool>());  // no display in the tests
+    EXPECT_EQ(readSheetFile(path).cells[3], "B5 n:1.0 T=thin/000000 L=thin/000000 R=thin/000000");
+    // A request that writes nothing has no "files".
+    EXPECT_FALSE(cli::Json::parse(cli::answerRequest(R"({"id":2,"method":"strCuentaCaracteres","args":["aa","a"]})"))
+                     .contains("files"));
+}
+
+}  // namespace
+}  // namespace telvaro
