@@ -3,8 +3,9 @@
 // libxlsxwriter in constant-memory mode, with the same formats (title,
 // bold boxed headers, each column's data boxed, widths). The library writes
 // through the spreadsheet objects into the embedded sheet, which also runs
-// libxlsxwriter in constant-memory mode. No progress form is made here (the
-// host has none), so its per-row steps cost nothing on either side.
+// libxlsxwriter in constant-memory mode. The library's side includes the
+// progress form's steps on a silent frmProg, as the host makes it when
+// stderr is no terminal.
 //
 // Peak memory is measured honestly in child processes: each side runs one
 // whole export in a fork of the same small parent, and wait4 gives the
@@ -26,6 +27,7 @@
 #include "frame/invoke.h"
 #include "host/default_platform.h"
 #include "host/exported_sheets.h"
+#include "objects/progress_form.h"
 
 namespace telvaro {
 namespace {
@@ -78,6 +80,8 @@ const Platform& benchPlatform() {
         p.use(std::shared_ptr<ObjectFactory>(
             std::make_shared<FunctionObjectFactory>([services](StringView progId) -> ObjectRef {
                 if (progId == u"Excel.Application") return host::makeSheetApplication(benchFolder() / "library");
+                // frmProg as the host makes it when stderr is no terminal.
+                if (progId == u"Telvaro.frmProg") return std::make_shared<objects::ProgressForm>(nullptr, false);
                 return data::createDataObject(progId, services);
             })));
         return p;

@@ -1,7 +1,11 @@
 // The host on Linux and other POSIX systems.
+#include <unistd.h>
+
 #include "data/factory.h"
 #include "host/default_platform.h"
 #include "host/exported_sheets.h"
+#include "objects/progress_form.h"
+#include "context/frm_prog.h"
 #include "platform/posix/home.h"
 #include "host/posix_pictures.h"
 #include "platform/posix/posix_environment.h"
@@ -35,6 +39,9 @@ Platform posixPlatform() {
         [dataServices](StringView progId) -> ObjectRef {
             // The spreadsheet application writes its workbooks under the home folder.
             if (textEquals(progId, u"Excel.Application")) return host::makeSheetApplication(host::exportsFolder());
+            // frmProg: a line on the terminal when stderr is one, else silent.
+            if (textEquals(progId, kFrmProgId))
+                return std::make_shared<objects::ProgressForm>(::isatty(2) ? stderr : nullptr, false);
             return data::createDataObject(progId, dataServices);
         })));
     p.use(std::shared_ptr<Pictures>(std::make_shared<posix::PosixPictures>()));

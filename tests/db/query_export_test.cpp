@@ -173,3 +173,33 @@ TEST(QueryExportBatch, TheAnswerNamesTheFile) {
 
 }  // namespace
 }  // namespace telvaro
+
+#include "objects/progress_form.h"
+#include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
+
+namespace telvaro::dbtest {
+namespace {
+
+// The progress form counts the records: its maximum and the caption's total
+// are RecordCount.
+TEST(QueryExport, ShowsItsProgressOnFrmProg) {
+    auto form = std::make_shared<objects::ProgressForm>();
+    ScriptedPlatform platform(defaultPlatform(), {});
+    platform.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>([&](StringView progId) {
+        return progId == u"Telvaro.frmProg" ? ObjectRef(form) : defaultPlatform().objectFactory().create(progId);
+    })));
+    Fun fun(platform);
+    std::vector<Variant> args = {Variant(ventas()), v(u"Nombre"), v(u"20"), v(u"SELECT nombre FROM ventas"), v(u"T")};
+    invoke(fun, std::string_view("ExportExcelReg"), args);
+    EXPECT_EQ(host::takeExportReport().files.size(), 1u);
+    EXPECT_EQ(form->bar()->max, 3);
+    EXPECT_EQ(form->bar()->value, 3);
+    EXPECT_EQ(toUtf8(form->caption), "Progreso . . .      (3 de 3)");
+    EXPECT_FALSE(form->visible);
+    EXPECT_EQ(toUtf8(form->calls().back()), "Unload");
+}
+
+}  // namespace
+}  // namespace telvaro::dbtest

@@ -170,3 +170,51 @@ TEST_F(GridExport, WithoutASpreadsheetReturnsQuietly) {
 
 }  // namespace
 }  // namespace telvaro::gridtest
+
+#include "objects/progress_form.h"
+
+namespace telvaro::gridtest {
+namespace {
+
+// The progress form while a grid is exported: its maximum counts the header
+// row, its caption the data rows, and it is unloaded at the end.
+TEST_F(GridExport, ShowsItsProgressOnFrmProg) {
+    struct Case {
+        const char* label;
+        std::int16_t lastRow;
+        double max;
+        const char* caption;  // after the last row
+        std::size_t rowSteps;
+    };
+    const std::vector<Case> cases = {
+        {"two data rows", -1, 3, "Progreso . . .      (2 de 2)", 2},
+        {"header only", 0, 1, " Progreso . . .", 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.label);
+        auto form = std::make_shared<objects::ProgressForm>();
+        ScriptedPlatform platform(defaultPlatform(), {});
+        platform.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>([&](StringView progId) {
+            return progId == u"Telvaro.frmProg" ? ObjectRef(form) : defaultPlatform().objectFactory().create(progId);
+        })));
+        Fun fun(platform);
+        std::vector<Variant> args = {Variant(ObjectRef(makeGrid(ventas()))), Variant(std::int16_t{0}), Variant(u""),
+                                     Variant(u""), Variant(std::int16_t{1}), Variant(std::int16_t{-1}),
+                                     Variant(c.lastRow)};
+        invoke(fun, std::string_view("fn_ExportaExcelGrid"), args);
+        (void)host::takeExportReport();
+        EXPECT_EQ(form->bar()->max, c.max);
+        EXPECT_EQ(form->bar()->value, static_cast<double>(c.rowSteps));
+        EXPECT_EQ(toUtf8(form->caption), c.caption);
+        EXPECT_FALSE(form->visible);
+        std::vector<std::string> calls = {"PB", "PB", "Show", "ZOrder"};
+        for (std::size_t i = 0; i < c.rowSteps; ++i) calls.insert(calls.end(), {"PB", "PB", "PB", "Caption="});
+        calls.push_back("Unload");
+        std::vector<std::string> made;
+        for (const auto& call : form->calls()) made.push_back(toUtf8(call));
+        EXPECT_EQ(made, calls);
+    }
+}
+
+}  // namespace
+}  // namespace telvaro::gridtest
