@@ -53,8 +53,12 @@ void fn_ExportaExcelGrid(Fun& fun, const ObjectRef& Grid, std::int16_t FilaInici
     const auto nextColumn = [&] { onError([&] { sheetCol = sheetCol + 1; }); };
     onError([&] {
         forLoop(Int32(ColInicio), ColFin, [&](Int32 col) {
-            onError([&] { needed(sheet).setCell(Variant(4), Variant(sheetCol.value()), Variant(grid().textMatrix(Variant(FilaInicio), Variant(col.value())))); });
-            onError([&] { letter.setWidth(needed(sheet), Variant(toDouble(grid().colWidth(Variant(col.value()))) / 85)); });
+            onError([&] {
+                needed(sheet).setCell(Variant(4), Variant(sheetCol.value()),
+                                      Variant(grid().textMatrix(Variant(FilaInicio), Variant(col.value()))));
+            });
+            onError(
+                [&] { letter.setWidth(needed(sheet), Variant(toDouble(grid().colWidth(Variant(col.value()))) / 85)); });
             onError([&] { letter.advance(); });
             nextColumn();
         });
@@ -99,7 +103,8 @@ void fn_ExportaExcelGrid(Fun& fun, const ObjectRef& Grid, std::int16_t FilaInici
             if (lines)
                 onError([&] {
                     const Worksheet& s = needed(sheet);
-                    boxIn(s.range(s.cells(Variant(5), Variant(sheetCol.value())), s.cells(Variant(lastRow.value()), Variant(sheetCol.value()))));
+                    boxIn(s.range(s.cells(Variant(5), Variant(sheetCol.value())),
+                                  s.cells(Variant(lastRow.value()), Variant(sheetCol.value()))));
                 });
             nextColumn();
         });

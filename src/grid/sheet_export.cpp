@@ -34,8 +34,8 @@ void ExportProgress::step(const std::function<Variant()>& total) {
     if (!form_) return;
     onError_([&] { form_->setBarValue(Variant(Int32::of(toLong(form_->barValue()) + std::int64_t{1}).value())); });
     onError_([&] {
-        form_->setCaption(Variant(u"Progreso . . .      (" + toString(form_->barValue()) + u" de " + toString(total()) +
-                                  u")"));
+        form_->setCaption(
+            Variant(u"Progreso . . .      (" + toString(form_->barValue()) + u" de " + toString(total()) + u")"));
     });
 }
 

@@ -29,29 +29,35 @@ Variant ProgressBar::dispatch(int id, const MemberCall& call) {
     };
     switch (static_cast<BarMember>(id)) {
         case BarMember::Value:
-            return property(call, [&] { return Variant(value); }, [&](const Variant& v) {
-                const double d = doubleValue(v);
-                // A value outside Min..Max is refused, as the bar control does.
-                if (!(d >= min && d <= max)) raise(err::InvalidPropertyValue);
-                value = d;
-                notify();
-            });
+            return property(
+                call, [&] { return Variant(value); },
+                [&](const Variant& v) {
+                    const double d = doubleValue(v);
+                    // A value outside Min..Max is refused, as the bar control does.
+                    if (!(d >= min && d <= max)) raise(err::InvalidPropertyValue);
+                    value = d;
+                    notify();
+                });
         case BarMember::Min:
-            return property(call, [&] { return Variant(min); }, [&](const Variant& v) {
-                const double d = doubleValue(v);
-                if (!std::isfinite(d) || d > max) raise(err::InvalidPropertyValue);
-                min = d;
-                if (value < min) value = min;
-                notify();
-            });
+            return property(
+                call, [&] { return Variant(min); },
+                [&](const Variant& v) {
+                    const double d = doubleValue(v);
+                    if (!std::isfinite(d) || d > max) raise(err::InvalidPropertyValue);
+                    min = d;
+                    if (value < min) value = min;
+                    notify();
+                });
         case BarMember::Max:
-            return property(call, [&] { return Variant(max); }, [&](const Variant& v) {
-                const double d = doubleValue(v);
-                if (!std::isfinite(d) || d < min) raise(err::InvalidPropertyValue);
-                max = d;
-                if (value > max) value = max;
-                notify();
-            });
+            return property(
+                call, [&] { return Variant(max); },
+                [&](const Variant& v) {
+                    const double d = doubleValue(v);
+                    if (!std::isfinite(d) || d < min) raise(err::InvalidPropertyValue);
+                    max = d;
+                    if (value > max) value = max;
+                    notify();
+                });
     }
     raiseNoSuchMember();
 }
@@ -75,36 +81,38 @@ const MemberTable& ProgressForm::members() const {
 Variant ProgressForm::dispatch(int id, const MemberCall& call) {
     switch (static_cast<FormMember>(id)) {
         case FormMember::Caption:
-            return property(call, [&] { return Variant(caption); }, [&](const Variant& v) {
-                caption = textValue(v);
-                draw(false);  // the line follows the bar, not every caption
-            });
-        case FormMember::PB:
-            return readOnlyProperty(call, [&] { return Variant(ObjectRef(bar_)); });
+            return property(
+                call, [&] { return Variant(caption); },
+                [&](const Variant& v) {
+                    caption = textValue(v);
+                    draw(false);  // the line follows the bar, not every caption
+                });
+        case FormMember::PB: return readOnlyProperty(call, [&] { return Variant(ObjectRef(bar_)); });
         case FormMember::Show: {
             auto args = call.arguments(0, 2);
             // Show 1 (modal) would wait for the user: a progress form is
             // only ever shown modeless.
-            if (!args.empty() && !args[0].isMissing() && integerValue(args[0]) != 0)
-                raise(err::InvalidProcedureCall);
+            if (!args.empty() && !args[0].isMissing() && integerValue(args[0]) != 0) raise(err::InvalidProcedureCall);
             visible = true;
             draw(true);
             return {};
         }
-        case FormMember::ZOrder:
-            call.arguments(0, 1);
-            return {};
+        case FormMember::ZOrder: call.arguments(0, 1); return {};
         case FormMember::Unload:
             call.arguments(0, 0);
             visible = false;
             clearLine();  // each load is a new form: this one keeps its last state
             return {};
         case FormMember::Visible:
-            return property(call, [&] { return Variant(Boolean(visible)); }, [&](const Variant& v) {
-                visible = booleanValue(v).isTrue();
-                if (visible) draw(true);
-                else clearLine();
-            });
+            return property(
+                call, [&] { return Variant(Boolean(visible)); },
+                [&](const Variant& v) {
+                    visible = booleanValue(v).isTrue();
+                    if (visible)
+                        draw(true);
+                    else
+                        clearLine();
+                });
     }
     raiseNoSuchMember();
 }

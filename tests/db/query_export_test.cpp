@@ -5,8 +5,12 @@
 
 #include "cli/batch.h"
 #include "cli/object_json.h"
+#include "context/fun.h"
 #include "db_support.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "host/exported_sheets.h"
+#include "objects/progress_form.h"
 #include "sheet/sheet_file.h"
 #include "support/support.h"
 
@@ -16,7 +20,6 @@ namespace {
 using sheet::testing::readSheetFile;
 using sheet::testing::SheetFile;
 using sheet::testing::widthReadBack;
-
 
 constexpr int kCommandError = -2147217900;
 const std::string kBox = " T=thin/000000 L=thin/000000 B=thin/000000 R=thin/000000";
@@ -71,11 +74,27 @@ TEST(QueryExport, WritesTheRecordsUnderTheCallersHeaders) {
         {"records, date-like texts kept, one boxed row past the end",
          u"Nombre,Fecha,Monto,Unidades",
          u"SELECT * FROM ventas ORDER BY rowid",
-         {"C2 s:Ventas bold size=14", "B4 s:Nombre bold" + kBox, "C4 s:Fecha bold" + kBox, "D4 s:Monto bold" + kBox,
-          "E4 s:Unidades bold" + kBox, "B5 s:Ana Ñúñez" + kTop, "C5 s:2/3" + kTop, "D5 n:1500.25" + kTop,
-          "E5 n:7.0" + kTop, "B6 s:Luis" + kSides, "C6 s:sin fecha" + kSides, "D6 n:0.5" + kSides, "E6" + kSides,
-          "B7 n:12.0" + kSides, "C7 s:2024-03-02" + kSides, "D7 n:-3.0" + kSides, "E7 n:12.0" + kSides,
-          "B8" + kBottom, "C8" + kBottom, "D8" + kBottom, "E8" + kBottom}},
+         {"C2 s:Ventas bold size=14",
+          "B4 s:Nombre bold" + kBox,
+          "C4 s:Fecha bold" + kBox,
+          "D4 s:Monto bold" + kBox,
+          "E4 s:Unidades bold" + kBox,
+          "B5 s:Ana Ñúñez" + kTop,
+          "C5 s:2/3" + kTop,
+          "D5 n:1500.25" + kTop,
+          "E5 n:7.0" + kTop,
+          "B6 s:Luis" + kSides,
+          "C6 s:sin fecha" + kSides,
+          "D6 n:0.5" + kSides,
+          "E6" + kSides,
+          "B7 n:12.0" + kSides,
+          "C7 s:2024-03-02" + kSides,
+          "D7 n:-3.0" + kSides,
+          "E7 n:12.0" + kSides,
+          "B8" + kBottom,
+          "C8" + kBottom,
+          "D8" + kBottom,
+          "E8" + kBottom}},
         {"fields past the header list: written, without header or box",
          u"Nombre",
          u"SELECT nombre, unidades FROM ventas WHERE unidades = 7",
@@ -106,8 +125,8 @@ TEST(QueryExport, ThreeHundredColumnsGetWidthsUpToZ) {
         campos += (i ? u"," : u"") + (u"C" + n);
         anchos += (i ? u"," : u"") + fromUtf8(std::to_string(i % 40 + 1));
     }
-    SheetFile file = onlyFile(exportQuery(data::testing::memoryConnection({}, 3), campos.c_str(), anchos.c_str(),
-                                          select.c_str()));
+    SheetFile file =
+        onlyFile(exportQuery(data::testing::memoryConnection({}, 3), campos.c_str(), anchos.c_str(), select.c_str()));
     ASSERT_EQ(file.widths.size(), 26u);  // A and B to Z
     for (int i = 0; i < 25; ++i) {
         const std::string letter(1, static_cast<char>('B' + i));
@@ -139,9 +158,28 @@ TEST(QueryExport, BadQueriesAndListsReachTheCaller) {
         EXPECT_EQ(e.outcome.error, c.error) << toUtf8(e.outcome.description);
         EXPECT_TRUE(e.report.empty());
     }
-    const Export closed = exportQuery(Variant(ObjectRef()).get<ObjectRef>(), u"Nombre", u"20", u"SELECT 1");
-    EXPECT_NE(closed.outcome.error, 0);
-    EXPECT_TRUE(closed.report.empty());
+    const Export nothing = exportQuery(ObjectRef(), u"Nombre", u"20", u"SELECT 1");
+    EXPECT_NE(nothing.outcome.error, 0);
+    EXPECT_TRUE(nothing.report.empty());
+}
+
+// The progress form counts the records: its maximum and the caption's total
+// are RecordCount.
+TEST(QueryExport, ShowsItsProgressOnFrmProg) {
+    auto form = std::make_shared<objects::ProgressForm>();
+    ScriptedPlatform platform(defaultPlatform(), {});
+    platform.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>([&](StringView progId) {
+        return progId == u"Telvaro.frmProg" ? ObjectRef(form) : defaultPlatform().objectFactory().create(progId);
+    })));
+    Fun fun(platform);
+    std::vector<Variant> args = {Variant(ventas()), v(u"Nombre"), v(u"20"), v(u"SELECT nombre FROM ventas"), v(u"T")};
+    invoke(fun, std::string_view("ExportExcelReg"), args);
+    EXPECT_EQ(host::takeExportReport().files.size(), 1u);
+    EXPECT_EQ(form->bar()->max, 3);
+    EXPECT_EQ(form->bar()->value, 3);
+    EXPECT_EQ(toUtf8(form->caption), "Progreso . . .      (3 de 3)");
+    EXPECT_FALSE(form->visible);
+    EXPECT_EQ(toUtf8(form->calls().back()), "Unload");
 }
 
 }  // namespace
@@ -173,33 +211,3 @@ TEST(QueryExportBatch, TheAnswerNamesTheFile) {
 
 }  // namespace
 }  // namespace telvaro
-
-#include "objects/progress_form.h"
-#include "context/fun.h"
-#include "frame/invoke.h"
-#include "host/default_platform.h"
-
-namespace telvaro::dbtest {
-namespace {
-
-// The progress form counts the records: its maximum and the caption's total
-// are RecordCount.
-TEST(QueryExport, ShowsItsProgressOnFrmProg) {
-    auto form = std::make_shared<objects::ProgressForm>();
-    ScriptedPlatform platform(defaultPlatform(), {});
-    platform.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>([&](StringView progId) {
-        return progId == u"Telvaro.frmProg" ? ObjectRef(form) : defaultPlatform().objectFactory().create(progId);
-    })));
-    Fun fun(platform);
-    std::vector<Variant> args = {Variant(ventas()), v(u"Nombre"), v(u"20"), v(u"SELECT nombre FROM ventas"), v(u"T")};
-    invoke(fun, std::string_view("ExportExcelReg"), args);
-    EXPECT_EQ(host::takeExportReport().files.size(), 1u);
-    EXPECT_EQ(form->bar()->max, 3);
-    EXPECT_EQ(form->bar()->value, 3);
-    EXPECT_EQ(toUtf8(form->caption), "Progreso . . .      (3 de 3)");
-    EXPECT_FALSE(form->visible);
-    EXPECT_EQ(toUtf8(form->calls().back()), "Unload");
-}
-
-}  // namespace
-}  // namespace telvaro::dbtest

@@ -5,6 +5,7 @@
 
 #include "grid/grid_fixture.h"
 #include "host/exported_sheets.h"
+#include "objects/progress_form.h"
 #include "objects/text_box.h"
 #include "platform/scripted_message_box.h"
 #include "sheet/sheet_file.h"
@@ -63,10 +64,9 @@ TEST_F(GridExport, PagesTheGridAsAsked) {
           "D5 n:12.5" + kTop, "B6 n:2.0" + kBottom, "C6 s:Luis" + kBottom, "D6 s:abc" + kBottom}},
         {"default columns export the fixed column too",
          {std::int16_t{0}, u"T"},
-         {"B1 s:T bold size=12", "B3 bold", "B4 s:# bold" + kBox, "C4 s:Código bold" + kBox,
-          "D4 s:Nombre bold" + kBox, "E4 s:Saldo bold" + kBox, "B5 n:1.0" + kTop, "C5 n:1.0" + kTop,
-          "D5 s:Ana Ñúñez" + kTop, "E5 n:12.5" + kTop, "B6 n:2.0" + kBottom, "C6 n:2.0" + kBottom,
-          "D6 s:Luis" + kBottom, "E6 s:abc" + kBottom}},
+         {"B1 s:T bold size=12", "B3 bold", "B4 s:# bold" + kBox, "C4 s:Código bold" + kBox, "D4 s:Nombre bold" + kBox,
+          "E4 s:Saldo bold" + kBox, "B5 n:1.0" + kTop, "C5 n:1.0" + kTop, "D5 s:Ana Ñúñez" + kTop, "E5 n:12.5" + kTop,
+          "B6 n:2.0" + kBottom, "C6 n:2.0" + kBottom, "D6 s:Luis" + kBottom, "E6 s:abc" + kBottom}},
         {"header only: the empty data box is B4:B5",
          {std::int16_t{0}, u"T", u"", std::int16_t{2}, std::int16_t{2}, std::int16_t{0}},
          {"B1 s:T bold size=12", "B3 bold", "B4 s:Nombre bold" + kBox, "B5" + kBottom}},
@@ -135,8 +135,8 @@ TEST_F(GridExport, SkipsWhatTheGridCannotGive) {
         {"columns past the grid's last: boxed, empty, no width",
          Variant(ObjectRef(makeGrid({{"a", "b"}, {"1", "2"}}))),
          {std::int16_t{0}, u"T", u"", std::int16_t{1}, std::int16_t{3}},
-         {"B1 s:T bold size=12", "B3 bold", "B4 s:b bold" + kBox, "C4 bold" + kBox, "D4 bold" + kBox,
-          "B5 n:2.0" + kBox, "C5" + kBox, "D5" + kBox}},
+         {"B1 s:T bold size=12", "B3 bold", "B4 s:b bold" + kBox, "C4 bold" + kBox, "D4 bold" + kBox, "B5 n:2.0" + kBox,
+          "C5" + kBox, "D5" + kBox}},
         {"rows past the grid's last are left empty",
          Variant(ObjectRef(makeGrid({{"a", "b"}, {"1", "2"}}))),
          {std::int16_t{0}, u"T", u"", std::int16_t{1}, std::int16_t{1}, std::int16_t{3}},
@@ -168,14 +168,6 @@ TEST_F(GridExport, WithoutASpreadsheetReturnsQuietly) {
     EXPECT_TRUE(host::takeExportReport().empty());
 }
 
-}  // namespace
-}  // namespace telvaro::gridtest
-
-#include "objects/progress_form.h"
-
-namespace telvaro::gridtest {
-namespace {
-
 // The progress form while a grid is exported: its maximum counts the header
 // row, its caption the data rows, and it is unloaded at the end.
 TEST_F(GridExport, ShowsItsProgressOnFrmProg) {
@@ -198,8 +190,12 @@ TEST_F(GridExport, ShowsItsProgressOnFrmProg) {
             return progId == u"Telvaro.frmProg" ? ObjectRef(form) : defaultPlatform().objectFactory().create(progId);
         })));
         Fun fun(platform);
-        std::vector<Variant> args = {Variant(ObjectRef(makeGrid(ventas()))), Variant(std::int16_t{0}), Variant(u""),
-                                     Variant(u""), Variant(std::int16_t{1}), Variant(std::int16_t{-1}),
+        std::vector<Variant> args = {Variant(ObjectRef(makeGrid(ventas()))),
+                                     Variant(std::int16_t{0}),
+                                     Variant(u""),
+                                     Variant(u""),
+                                     Variant(std::int16_t{1}),
+                                     Variant(std::int16_t{-1}),
                                      Variant(c.lastRow)};
         invoke(fun, std::string_view("fn_ExportaExcelGrid"), args);
         (void)host::takeExportReport();
