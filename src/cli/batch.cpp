@@ -13,6 +13,7 @@
 #include "context/fun.h"
 #include "frame/invoke.h"
 #include "host/default_platform.h"
+#include "host/exported_sheets.h"
 #include "platform/posix/window_effects.h"
 #include "platform/recording_progress_display.h"
 #include "platform/scripted_message_box.h"
@@ -59,6 +60,18 @@ json messagesOf(const ScriptedPlatform& platform) {
 const std::shared_ptr<RecordingProgressDisplay>& progressRecorder() {
     static const auto recorder = std::make_shared<RecordingProgressDisplay>();
     return recorder;
+}
+
+// The spreadsheet files the call wrote, and the ones it could not write.
+void addExportedFiles(json& out) {
+    const host::ExportReport report = host::takeExportReport();
+    if (report.files.empty() && report.failures.empty()) return;
+    json files = json::array();
+    for (const auto& f : report.files)
+        files.push_back({{"path", f.path.string()}, {"visible", f.visible}, {"opened", f.opened}});
+    for (const auto& e : report.failures)
+        files.push_back({{"error", {{"number", e.number()}, {"description", toUtf8(e.description())}}}});
+    out["files"] = std::move(files);
 }
 
 json byRefOf(const std::vector<Variant>& args, const ObjectKindHooks& hooks) {
@@ -121,6 +134,7 @@ json answer(const json& request) {
     platform.use(std::shared_ptr<Windows>(windows));
     platform.use(std::shared_ptr<ProgressDisplay>(progressRecorder()));
     json out{{"id", id}};
+    (void)host::takeExportReport();  // only this request's files
     try {
         Fun fun(platform);
         Variant result = invoke(fun, request.at("method").get<std::string>(), args);
@@ -137,6 +151,7 @@ json answer(const json& request) {
         for (const auto& entry : progress) calls.push_back(toUtf8(entry));
         out["progress"] = std::move(calls);
     }
+    addExportedFiles(out);
     return out;
 }
 

@@ -7,6 +7,7 @@
 #include "context/fun.h"
 #include "frame/invoke.h"
 #include "host/default_platform.h"
+#include "host/exported_sheets.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
 
@@ -32,6 +33,16 @@ void printValue(std::ostream& out, const Variant& v) {
     out << toUtf8(toString(v)) << '\n';
 }
 
+// The spreadsheet files the call wrote, one line each on stderr, so that
+// the result on stdout stays the method's alone.
+void reportExportedFiles(std::ostream& err) {
+    const host::ExportReport report = host::takeExportReport();
+    for (const auto& f : report.files) err << "telvaro call: wrote " << f.path.string() << '\n';
+    for (const auto& e : report.failures)
+        err << "telvaro call: a spreadsheet could not be written: Error " << e.number() << ": "
+            << toUtf8(e.description()) << '\n';
+}
+
 }  // namespace
 
 std::vector<std::string> methodNames() {
@@ -53,6 +64,7 @@ int callMethod(const std::string& method, const std::vector<std::string>& args, 
         Fun fun(defaultPlatform());
         std::vector<Variant> values = callArguments(*info, args, asText);
         Variant result = invoke(fun, *info, values);
+        reportExportedFiles(err);
         printValue(out, result);
         out.flush();
         if (!out) {
@@ -61,6 +73,7 @@ int callMethod(const std::string& method, const std::vector<std::string>& args, 
         }
         return 0;
     } catch (const RuntimeError& e) {
+        reportExportedFiles(err);
         err << "Error " << e.number() << ": " << toUtf8(e.description()) << '\n';
         return 1;
     }

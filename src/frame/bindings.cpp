@@ -7,6 +7,7 @@
 #include "dates/date_helpers.h"
 #include "db/grid_loading.h"
 #include "db/list_loading.h"
+#include "db/query_export.h"
 #include "db/query_helpers.h"
 #include "db/record_navigation.h"
 #include "dates/regional_settings.h"
@@ -17,6 +18,7 @@
 #include "forms/record_changes.h"
 #include "forms/window_tricks.h"
 #include "grid/check_boxes.h"
+#include "grid/export.h"
 #include "grid/fill.h"
 #include "grid/formatting.h"
 #include "grid/row_removal.h"
@@ -155,6 +157,9 @@ const std::vector<Binding>& bindings() {
         bind<&db::RegistroFinal>("RegistroFinal"),
         bind<&db::regReintentaCargarDatos>("regReintentaCargarDatos"),
         bind<&db::regReintentarEstaOperacion>("regReintentarEstaOperacion"),
+        // Spreadsheet export
+        bind<&grid::fn_ExportaExcelGrid>("fn_ExportaExcelGrid"),
+        bind<&db::ExportExcelReg>("ExportExcelReg"),
     };
     return all;
 }

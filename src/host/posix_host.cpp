@@ -1,6 +1,9 @@
 // The host on Linux and other POSIX systems.
+
 #include "data/factory.h"
 #include "host/default_platform.h"
+#include "host/exported_sheets.h"
+#include "context/frm_prog.h"
 #include "platform/posix/home.h"
 #include "host/posix_pictures.h"
 #include "platform/posix/posix_environment.h"
@@ -11,6 +14,7 @@
 #include "platform/posix/terminal_message_box.h"
 #include "platform/posix/terminal_progress.h"
 #include "platform/posix/window_effects.h"
+#include "runtime/text.h"
 
 namespace telvaro {
 
@@ -31,7 +35,11 @@ Platform posixPlatform() {
     // folder and the mapped drives, nothing else.
     data::DataServices dataServices{[](StringView windowsPath) { return posix::mapPath(windowsPath); }};
     p.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>(
-        [dataServices](StringView progId) { return data::createDataObject(progId, dataServices); })));
+        [dataServices](StringView progId) -> ObjectRef {
+            // The spreadsheet application writes its workbooks under the home folder.
+            if (textEquals(progId, u"Excel.Application")) return host::makeSheetApplication(host::exportsFolder());
+            return data::createDataObject(progId, dataServices);
+        })));
     p.use(std::shared_ptr<Pictures>(std::make_shared<posix::PosixPictures>()));
     // frmProg: a bar on stderr when it is a terminal, else nothing seen.
     p.use(std::shared_ptr<ProgressDisplay>(std::make_shared<posix::TerminalProgressDisplay>()));

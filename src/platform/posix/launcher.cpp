@@ -114,6 +114,11 @@ std::vector<std::string> launchCommand(StringView file, StringView parameters, c
     return {};
 }
 
+std::vector<std::string> openDocumentCommand(const fs::path& document) {
+    if (auto program = opener()) return {program->string(), document.string()};
+    return {};
+}
+
 bool startDetached(const std::vector<std::string>& command, const fs::path& folder) {
     if (command.empty()) return false;
     // Everything the children need is made before fork: after it, only

@@ -19,6 +19,10 @@ namespace telvaro::posix {
 // The command line that opens `file`; empty when there is nothing to open.
 std::vector<std::string> launchCommand(StringView file, StringView parameters, const std::filesystem::path& folder);
 
+// The command line that opens a local document with the desktop's opener;
+// empty when there is no opener.
+std::vector<std::string> openDocumentCommand(const std::filesystem::path& document);
+
 // Splits parameters as a Windows program's command line is split: blanks
 // separate, double quotes group, "" inside quotes is one quote.
 std::vector<std::string> splitParameters(StringView parameters);

@@ -1,0 +1,47 @@
+#include "grid/sheet_export.h"
+
+#include "context/frm_prog.h"
+#include "context/fun.h"
+#include "runtime/convert.h"
+
+namespace telvaro::grid {
+
+callers::SpreadsheetApplication createSpreadsheet(Fun& fun) {
+    return callers::SpreadsheetApplication(fun.platform().objectFactory().create(u"Excel.Application"));
+}
+
+void ColumnLetter::setWidth(const callers::Worksheet& sheet, const Variant& width) const {
+    if (code_ < u'A' || code_ > u'Z') raise(err::TypeMismatch);
+    sheet.columns(Variant(String(1, code()))).setColumnWidth(width);
+}
+
+void ColumnLetter::advance() {
+    if (code_ + 1 > 0xFFFF) raise(err::InvalidProcedureCall);
+    ++code_;
+}
+
+ExportProgress::ExportProgress(Fun& fun, SkipErrors& onError) : onError_(onError), form_(onError.value([&] { return frmProg(fun); })) {}
+
+void ExportProgress::start(const Variant& maximum) {
+    if (!form_) return;
+    onError_([&] { form_->setMax(maximum); });
+    onError_([&] { form_->setValue(Variant(std::int32_t(0))); });
+    onError_([&] { form_->show(); });
+    onError_([&] { form_->zOrder(Variant(std::int16_t(0))); });
+}
+
+void ExportProgress::step(const std::function<Variant()>& total) {
+    if (!form_) return;
+    onError_([&] { form_->setValue(Variant(Int32::of(toLong(form_->value()) + std::int64_t{1}).value())); });
+    onError_([&] {
+        form_->setCaption(
+            Variant(u"Progreso . . .      (" + toString(form_->value()) + u" de " + toString(total()) + u")"));
+    });
+}
+
+void ExportProgress::finish() {
+    if (!form_) return;
+    onError_([&] { form_->unload(); });
+}
+
+}  // namespace telvaro::grid

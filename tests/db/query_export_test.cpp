@@ -1,0 +1,212 @@
+// ExportExcelReg on the embedded engine, read back from the .xlsx file:
+// the title, the caller's headers and widths, the boxes one row past the
+// records, every value with its type, and texts that read as dates kept.
+#include <gtest/gtest.h>
+
+#include "cli/batch.h"
+#include "cli/object_json.h"
+#include "context/fun.h"
+#include "db_support.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
+#include "host/exported_sheets.h"
+#include "platform/recording_progress_display.h"
+#include "sheet/sheet_file.h"
+#include "support/support.h"
+
+namespace telvaro::dbtest {
+namespace {
+
+using sheet::testing::readSheetFile;
+using sheet::testing::SheetFile;
+using sheet::testing::widthReadBack;
+
+constexpr int kCommandError = -2147217900;
+const std::string kBox = " T=thin/000000 L=thin/000000 B=thin/000000 R=thin/000000";
+const std::string kTop = " T=thin/000000 L=thin/000000 R=thin/000000";
+const std::string kSides = " L=thin/000000 R=thin/000000";
+const std::string kBottom = " L=thin/000000 B=thin/000000 R=thin/000000";
+
+ObjectRef ventas() {
+    return data::testing::memoryConnection(
+        {u"CREATE TABLE ventas (nombre TEXT, fecha TEXT, monto REAL, unidades INTEGER)",
+         u"INSERT INTO ventas VALUES ('Ana Ñúñez', '2/3', 1500.25, 7)",
+         u"INSERT INTO ventas VALUES ('Luis', 'sin fecha', 0.5, NULL)",
+         u"INSERT INTO ventas VALUES ('0012', '2024-03-02', -3, 12)"},
+        3);
+}
+
+struct Export {
+    Outcome outcome;
+    host::ExportReport report;
+};
+
+Export exportQuery(const ObjectRef& connection, const char16_t* campos, const char16_t* anchos, const char16_t* sql,
+                   const char16_t* titulo = u"Ventas") {
+    (void)host::takeExportReport();
+    Export e;
+    e.outcome = run("ExportExcelReg", {Variant(connection), v(campos), v(anchos), v(sql), v(titulo)});
+    e.report = host::takeExportReport();
+    return e;
+}
+
+SheetFile onlyFile(const Export& e) {
+    EXPECT_EQ(e.outcome.error, 0) << toUtf8(e.outcome.description);
+    EXPECT_TRUE(e.report.failures.empty());
+    if (e.report.files.size() != 1) {
+        ADD_FAILURE() << e.report.files.size() << " files written";
+        return {};
+    }
+    EXPECT_TRUE(e.report.files[0].visible);
+    SheetFile file = readSheetFile(e.report.files[0].path);
+    EXPECT_TRUE(file.readable);
+    return file;
+}
+
+TEST(QueryExport, WritesTheRecordsUnderTheCallersHeaders) {
+    struct Case {
+        const char* label;
+        const char16_t* campos;
+        const char16_t* sql;
+        std::vector<std::string> cells;
+    };
+    const std::vector<Case> cases = {
+        {"records, date-like texts kept, one boxed row past the end",
+         u"Nombre,Fecha,Monto,Unidades",
+         u"SELECT * FROM ventas ORDER BY rowid",
+         {"C2 s:Ventas bold size=14",
+          "B4 s:Nombre bold" + kBox,
+          "C4 s:Fecha bold" + kBox,
+          "D4 s:Monto bold" + kBox,
+          "E4 s:Unidades bold" + kBox,
+          "B5 s:Ana Ñúñez" + kTop,
+          "C5 s:2/3" + kTop,
+          "D5 n:1500.25" + kTop,
+          "E5 n:7.0" + kTop,
+          "B6 s:Luis" + kSides,
+          "C6 s:sin fecha" + kSides,
+          "D6 n:0.5" + kSides,
+          "E6" + kSides,
+          "B7 n:12.0" + kSides,
+          "C7 s:2024-03-02" + kSides,
+          "D7 n:-3.0" + kSides,
+          "E7 n:12.0" + kSides,
+          "B8" + kBottom,
+          "C8" + kBottom,
+          "D8" + kBottom,
+          "E8" + kBottom}},
+        {"fields past the header list: written, without header or box",
+         u"Nombre",
+         u"SELECT nombre, unidades FROM ventas WHERE unidades = 7",
+         {"C2 s:Ventas bold size=14", "B4 s:Nombre bold" + kBox, "B5 s:Ana Ñúñez" + kTop, "C5 n:7.0", "B6" + kBottom}},
+        {"no records: headers and the one empty boxed row",
+         u"Nombre,Monto",
+         u"SELECT nombre, monto FROM ventas WHERE 0",
+         {"C2 s:Ventas bold size=14", "B4 s:Nombre bold" + kBox, "C4 s:Monto bold" + kBox, "B5" + kBox, "C5" + kBox}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.label);
+        EXPECT_EQ(onlyFile(exportQuery(ventas(), c.campos, u"20,12.5,9,6", c.sql)).cells, c.cells);
+    }
+}
+
+TEST(QueryExport, WidthsAreTheCallersAfterAMargin) {
+    SheetFile file = onlyFile(exportQuery(ventas(), u"Nombre,Fecha,Monto", u"20,12.5,9", u"SELECT * FROM ventas"));
+    ASSERT_EQ(file.widths.size(), 4u);
+    for (auto [letter, set] : {std::pair{"A", 6.0}, {"B", 20.0}, {"C", 12.5}, {"D", 9.0}})
+        EXPECT_NEAR(file.widths[letter], widthReadBack(set), sheet::testing::kWidthTolerance) << letter;
+}
+
+TEST(QueryExport, ThreeHundredColumnsGetWidthsUpToZ) {
+    String select = u"SELECT ", campos, anchos;
+    for (int i = 0; i < 300; ++i) {
+        const String n = fromUtf8(std::to_string(i));
+        select += (i ? u", " : u"") + n;
+        campos += (i ? u"," : u"") + (u"C" + n);
+        anchos += (i ? u"," : u"") + fromUtf8(std::to_string(i % 40 + 1));
+    }
+    SheetFile file =
+        onlyFile(exportQuery(data::testing::memoryConnection({}, 3), campos.c_str(), anchos.c_str(), select.c_str()));
+    ASSERT_EQ(file.widths.size(), 26u);  // A and B to Z
+    for (int i = 0; i < 25; ++i) {
+        const std::string letter(1, static_cast<char>('B' + i));
+        EXPECT_NEAR(file.widths[letter], widthReadBack(i + 1), sheet::testing::kWidthTolerance) << letter;
+    }
+    ASSERT_EQ(file.cells.size(), 1u + 300 + 300 + 300);
+    EXPECT_EQ(file.cells[1 + 300 + 299], "KO5 n:299.0" + kTop);
+}
+
+// The query's and the lists' faults reach the caller, before any workbook.
+TEST(QueryExport, BadQueriesAndListsReachTheCaller) {
+    struct Case {
+        const char* label;
+        const char16_t* campos;
+        const char16_t* anchos;
+        const char16_t* sql;
+        int error;
+    };
+    const std::vector<Case> cases = {
+        {"fewer widths than headers", u"Nombre,Fecha,Monto", u"20,12", u"SELECT * FROM ventas", 9},
+        {"no widths", u"Nombre", u"", u"SELECT * FROM ventas", 13},
+        {"a width that is no number", u"Nombre,Fecha", u"20,ancho", u"SELECT * FROM ventas", 13},
+        {"bad statement", u"Nombre", u"20", u"SELEC * FROM ventas", kCommandError},
+        {"unknown table", u"Nombre", u"20", u"SELECT * FROM compras", kCommandError},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.label);
+        const Export e = exportQuery(ventas(), c.campos, c.anchos, c.sql);
+        EXPECT_EQ(e.outcome.error, c.error) << toUtf8(e.outcome.description);
+        EXPECT_TRUE(e.report.empty());
+    }
+    const Export nothing = exportQuery(ObjectRef(), u"Nombre", u"20", u"SELECT 1");
+    EXPECT_NE(nothing.outcome.error, 0);
+    EXPECT_TRUE(nothing.report.empty());
+}
+
+// The progress form counts the records: its maximum and the caption's total
+// are RecordCount.
+TEST(QueryExport, ShowsItsProgressOnFrmProg) {
+    auto recorder = std::make_shared<RecordingProgressDisplay>();
+    ScriptedPlatform platform(defaultPlatform(), {});
+    platform.use(std::shared_ptr<ProgressDisplay>(recorder));
+    Fun fun(platform);
+    std::vector<Variant> args = {Variant(ventas()), v(u"Nombre"), v(u"20"), v(u"SELECT nombre FROM ventas"), v(u"T")};
+    invoke(fun, std::string_view("ExportExcelReg"), args);
+    EXPECT_EQ(host::takeExportReport().files.size(), 1u);
+    std::vector<std::string> made;
+    for (const auto& entry : recorder->entries()) made.push_back(toUtf8(entry));
+    ASSERT_GE(made.size(), 3u);
+    EXPECT_EQ(made[1], "PB.Max=3");
+    EXPECT_EQ(made[made.size() - 2], "Caption=Progreso . . .      (3 de 3)");
+    EXPECT_EQ(made.back(), "Unload");
+}
+
+}  // namespace
+}  // namespace telvaro::dbtest
+
+namespace telvaro {
+namespace {
+
+using sheet::testing::readSheetFile;
+
+// Through the batch protocol: the answer names the file written.
+TEST(QueryExportBatch, TheAnswerNamesTheFile) {
+    const std::string request =
+        R"J({"id":1,"method":"ExportExcelReg","args":[{"object":"connection","setup":["CREATE TABLE c(k, n)",)J"
+        R"J("INSERT INTO c VALUES (1,'Ana')"],"cursorLocation":3},"Código,Nombre","8,20","SELECT k, n FROM c","Clientes"]})J";
+    const cli::Json answer = cli::Json::parse(cli::answerRequest(request));
+    ASSERT_FALSE(answer.contains("error")) << answer.dump();
+    ASSERT_EQ(answer.at("files").size(), 1u) << answer.dump();
+    const cli::Json& file = answer.at("files").at(0);
+    const std::filesystem::path path = file.at("path").get<std::string>();
+    EXPECT_EQ(path.parent_path(), host::exportsFolder());
+    EXPECT_TRUE(file.at("visible").get<bool>());
+    EXPECT_FALSE(file.at("opened").get<bool>());  // no display in the tests
+    EXPECT_EQ(readSheetFile(path).cells[3], "B5 n:1.0 T=thin/000000 L=thin/000000 R=thin/000000");
+    // A request that writes nothing has no "files".
+    EXPECT_FALSE(cli::Json::parse(cli::answerRequest(R"({"id":2,"method":"strCuentaCaracteres","args":["aa","a"]})"))
+                     .contains("files"));
+}
+
+}  // namespace
+}  // namespace telvaro

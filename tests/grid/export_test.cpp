@@ -1,0 +1,214 @@
+// fn_ExportaExcelGrid on the library's own grid, through the frame, read
+// back from the .xlsx file the embedded spreadsheet wrote: the titles,
+// bold and sizes, every value, the boxes cell by cell and the widths.
+#include <filesystem>
+
+#include "grid/grid_fixture.h"
+#include "host/exported_sheets.h"
+#include "platform/recording_progress_display.h"
+#include "objects/text_box.h"
+#include "platform/scripted_message_box.h"
+#include "sheet/sheet_file.h"
+
+namespace telvaro::gridtest {
+namespace {
+
+namespace fs = std::filesystem;
+using sheet::testing::readSheetFile;
+using sheet::testing::SheetFile;
+using sheet::testing::widthReadBack;
+
+const std::string kBox = " T=thin/000000 L=thin/000000 B=thin/000000 R=thin/000000";
+const std::string kTop = " T=thin/000000 L=thin/000000 R=thin/000000";
+const std::string kSides = " L=thin/000000 R=thin/000000";
+const std::string kBottom = " L=thin/000000 B=thin/000000 R=thin/000000";
+
+class GridExport : public GridMethods {
+protected:
+    void SetUp() override { (void)host::takeExportReport(); }
+
+    // Exports and reads back the one file written.
+    SheetFile exported(const std::shared_ptr<objects::FlexGrid>& grid, std::vector<Variant> args) {
+        run("fn_ExportaExcelGrid", grid, std::move(args));
+        const host::ExportReport report = host::takeExportReport();
+        EXPECT_TRUE(report.failures.empty());
+        if (report.files.size() != 1) {
+            ADD_FAILURE() << report.files.size() << " files written";
+            return {};
+        }
+        const host::ExportedSheet& file = report.files[0];
+        EXPECT_TRUE(file.visible);
+        EXPECT_EQ(file.path.parent_path(), host::exportsFolder());
+        EXPECT_EQ(file.path.extension(), ".xlsx");
+        SheetFile sheet = readSheetFile(file.path);
+        EXPECT_TRUE(sheet.readable) << file.path;
+        return sheet;
+    }
+};
+
+Rows ventas() {
+    return {{"#", "Código", "Nombre", "Saldo"}, {"1", "001", "Ana Ñúñez", "12.50"}, {"2", "002", "Luis", "abc"}};
+}
+
+TEST_F(GridExport, PagesTheGridAsAsked) {
+    struct Case {
+        const char* label;
+        std::vector<Variant> args;  // after the grid
+        std::vector<std::string> cells;
+    };
+    const std::vector<Case> cases = {
+        {"columns 1 to the end, with lines",
+         {std::int16_t{0}, u"Ventas de julio", u"Sucursal norte", std::int16_t{1}},
+         {"B1 s:Ventas de julio bold size=12", "B3 s:Sucursal norte bold", "B4 s:Código bold" + kBox,
+          "C4 s:Nombre bold" + kBox, "D4 s:Saldo bold" + kBox, "B5 n:1.0" + kTop, "C5 s:Ana Ñúñez" + kTop,
+          "D5 n:12.5" + kTop, "B6 n:2.0" + kBottom, "C6 s:Luis" + kBottom, "D6 s:abc" + kBottom}},
+        {"default columns export the fixed column too",
+         {std::int16_t{0}, u"T"},
+         {"B1 s:T bold size=12", "B3 bold", "B4 s:# bold" + kBox, "C4 s:Código bold" + kBox, "D4 s:Nombre bold" + kBox,
+          "E4 s:Saldo bold" + kBox, "B5 n:1.0" + kTop, "C5 n:1.0" + kTop, "D5 s:Ana Ñúñez" + kTop, "E5 n:12.5" + kTop,
+          "B6 n:2.0" + kBottom, "C6 n:2.0" + kBottom, "D6 s:Luis" + kBottom, "E6 s:abc" + kBottom}},
+        {"header only: the empty data box is B4:B5",
+         {std::int16_t{0}, u"T", u"", std::int16_t{2}, std::int16_t{2}, std::int16_t{0}},
+         {"B1 s:T bold size=12", "B3 bold", "B4 s:Nombre bold" + kBox, "B5" + kBottom}},
+        {"lines given as 1 draw nothing, headers stay bold",
+         {std::int16_t{1}, u"", u"", std::int16_t{2}, std::int16_t{3}, std::int16_t{-1}, Variant(Boolean::fromBits(1))},
+         {"B1 bold size=12", "B3 bold", "B4 s:Ana Ñúñez bold", "C4 n:12.5 bold", "B5 s:Luis", "C5 s:abc"}},
+        {"lines False",
+         {std::int16_t{0}, u"", u"", std::int16_t{3}, std::int16_t{3}, std::int16_t{1}, False},
+         {"B1 bold size=12", "B3 bold", "B4 s:Saldo bold", "B5 n:12.5"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.label);
+        EXPECT_EQ(exported(makeGrid(ventas()), c.args).cells, c.cells);
+    }
+}
+
+TEST_F(GridExport, WidthsAreTheGridsOverEightyFive) {
+    auto grid = makeGrid(ventas());
+    for (auto [col, twips] : {std::pair{1, 850}, {2, 2040}, {3, 1275}}) grid->setColWidth(col, twips);
+    SheetFile file = exported(grid, {std::int16_t{0}, u"", u"", std::int16_t{1}});
+    ASSERT_EQ(file.widths.size(), 3u);
+    for (auto [letter, set] : {std::pair{"B", 10.0}, {"C", 24.0}, {"D", 15.0}})
+        EXPECT_NEAR(file.widths[letter], widthReadBack(set), sheet::testing::kWidthTolerance) << letter;
+}
+
+TEST_F(GridExport, OpenEndsAreWrittenBack) {
+    auto grid = makeGrid(ventas());
+    run("fn_ExportaExcelGrid", grid, {std::int16_t{0}, u"", u"", std::int16_t{1}, std::int16_t{-1}, std::int16_t{-1}});
+    (void)host::takeExportReport();
+    EXPECT_EQ(shown(lastArgs()[5]), shown(Variant(std::int16_t{3})));  // ColFin = Cols - 1
+    EXPECT_EQ(shown(lastArgs()[6]), shown(Variant(std::int16_t{2})));  // FilaFin = Rows - 1
+}
+
+// Wide grids: every column's data, widths for B to Z only.
+TEST_F(GridExport, WidthsStopAtColumnZ) {
+    for (int columns : {30, 300}) {
+        SCOPED_TRACE(columns);
+        Rows rows(2);
+        for (int i = 0; i < columns; ++i) {
+            rows[0].push_back("C" + std::to_string(i));
+            rows[1].push_back("x" + std::to_string(i));
+        }
+        auto grid = makeGrid(rows);
+        for (int i = 0; i < columns; ++i) grid->setColWidth(i, 85 * (i + 1));
+        SheetFile file = exported(grid, {std::int16_t{0}});
+        ASSERT_EQ(file.widths.size(), 25u);
+        for (int i = 0; i < 25; ++i) {
+            const std::string letter(1, static_cast<char>('B' + i));
+            EXPECT_NEAR(file.widths[letter], widthReadBack(i + 1), sheet::testing::kWidthTolerance) << letter;
+        }
+        ASSERT_EQ(file.cells.size(), 2u + 2 * columns);
+        EXPECT_EQ(file.cells.back(), (columns == 30 ? "AE5 s:x29" : "KO5 s:x299") + kBox);
+    }
+}
+
+// Faults of the caller's input: the method returns normally and writes what
+// it can.
+TEST_F(GridExport, SkipsWhatTheGridCannotGive) {
+    struct Case {
+        const char* label;
+        Variant grid;
+        std::vector<Variant> args;
+        std::vector<std::string> cells;
+    };
+    const std::vector<Case> cases = {
+        {"columns past the grid's last: boxed, empty, no width",
+         Variant(ObjectRef(makeGrid({{"a", "b"}, {"1", "2"}}))),
+         {std::int16_t{0}, u"T", u"", std::int16_t{1}, std::int16_t{3}},
+         {"B1 s:T bold size=12", "B3 bold", "B4 s:b bold" + kBox, "C4 bold" + kBox, "D4 bold" + kBox, "B5 n:2.0" + kBox,
+          "C5" + kBox, "D5" + kBox}},
+        {"rows past the grid's last are left empty",
+         Variant(ObjectRef(makeGrid({{"a", "b"}, {"1", "2"}}))),
+         {std::int16_t{0}, u"T", u"", std::int16_t{1}, std::int16_t{1}, std::int16_t{3}},
+         {"B1 s:T bold size=12", "B3 bold", "B4 s:b bold" + kBox, "B5 n:2.0" + kTop, "B6" + kSides, "B7" + kBottom}},
+        {"a grid of Nothing: the titles only",
+         Variant(ObjectRef()),
+         {std::int16_t{0}, u"Vacío", u"Nada"},
+         {"B1 s:Vacío bold size=12", "B3 s:Nada bold"}},
+        {"an object that is no grid: the titles only",
+         Variant(ObjectRef(std::make_shared<objects::TextBox>())),
+         {std::int16_t{0}, u"Sin filas"},
+         {"B1 s:Sin filas bold size=12", "B3 bold"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.label);
+        EXPECT_EQ(errorOf("fn_ExportaExcelGrid", c.grid, c.args), 0);
+        const host::ExportReport report = host::takeExportReport();
+        ASSERT_EQ(report.files.size(), 1u);
+        EXPECT_EQ(readSheetFile(report.files[0].path).cells, c.cells);
+    }
+}
+
+TEST_F(GridExport, WithoutASpreadsheetReturnsQuietly) {
+    ScriptedPlatform platform(defaultPlatform(), {});
+    platform.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>()));
+    Fun fun(platform);
+    std::vector<Variant> args = {Variant(ObjectRef(makeGrid(ventas()))), Variant(std::int16_t{0}), Variant(u"T")};
+    EXPECT_EQ(errorNumberOf([&] { invoke(fun, std::string_view("fn_ExportaExcelGrid"), args); }), 0);
+    EXPECT_TRUE(host::takeExportReport().empty());
+}
+
+// The progress form while a grid is exported: its maximum counts the header
+// row, its caption the data rows, and it is unloaded at the end.
+TEST_F(GridExport, ShowsItsProgressOnFrmProg) {
+    struct Case {
+        const char* label;
+        std::int16_t lastRow;
+        double max;
+        const char* caption;  // after the last row
+        std::size_t rowSteps;
+    };
+    const std::vector<Case> cases = {
+        {"two data rows", -1, 3, "Progreso . . .      (2 de 2)", 2},
+        {"header only", 0, 1, " Progreso . . .", 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.label);
+        auto recorder = std::make_shared<RecordingProgressDisplay>();
+        ScriptedPlatform platform(defaultPlatform(), {});
+        platform.use(std::shared_ptr<ProgressDisplay>(recorder));
+        Fun fun(platform);
+        std::vector<Variant> args = {Variant(ObjectRef(makeGrid(ventas()))),
+                                     Variant(std::int16_t{0}),
+                                     Variant(u""),
+                                     Variant(u""),
+                                     Variant(std::int16_t{1}),
+                                     Variant(std::int16_t{-1}),
+                                     Variant(c.lastRow)};
+        invoke(fun, std::string_view("fn_ExportaExcelGrid"), args);
+        (void)host::takeExportReport();
+        std::vector<std::string> made;
+        for (const auto& entry : recorder->entries()) made.push_back(toUtf8(entry));
+        std::vector<std::string> expected = {"Load", "PB.Max=" + toUtf8(toString(Variant(c.max))), "PB.Value=0", "Show",
+                                             "ZOrder 0"};
+        for (std::size_t i = 1; i <= c.rowSteps; ++i)
+            expected.insert(expected.end(), {"PB.Value=" + std::to_string(i),
+                                             "Caption=Progreso . . .      (" + std::to_string(i) + " de " +
+                                                 std::to_string(c.rowSteps) + ")"});
+        expected.push_back("Unload");
+        EXPECT_EQ(made, expected);
+    }
+}
+
+}  // namespace
+}  // namespace telvaro::gridtest
