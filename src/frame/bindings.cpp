@@ -5,9 +5,12 @@
 #include <unordered_map>
 
 #include "dates/date_helpers.h"
+#include "db/binary_fields.h"
+#include "db/chart_data.h"
 #include "db/list_loading.h"
 #include "db/query_helpers.h"
 #include "db/record_navigation.h"
+#include "db/report_binding.h"
 #include "dates/regional_settings.h"
 #include "forms/backspace.h"
 #include "forms/enabling.h"
@@ -151,6 +154,12 @@ const std::vector<Binding>& bindings() {
         bind<&db::RegistroFinal>("RegistroFinal"),
         bind<&db::regReintentaCargarDatos>("regReintentaCargarDatos"),
         bind<&db::regReintentarEstaOperacion>("regReintentarEstaOperacion"),
+        // Database: binary fields, reports and chart data
+        bind<&db::regLeeStream>("regLeeStream"),
+        bind<&db::regGuardaStream>("regGuardaStream"),
+        bind<&db::regImgStream>("regImgStream"),
+        bind<&db::PreparaReportes>("PreparaReportes"),
+        bind<&db::fn_MatrizParaEstadistica>("fn_MatrizParaEstadistica"),
     };
     return all;
 }
