@@ -1,5 +1,6 @@
 #include "cli/json_values.h"
 
+#include "cli/base64.h"
 #include "cli/object_json.h"
 
 #include <cmath>
@@ -7,6 +8,7 @@
 #include <cstdio>
 #include <limits>
 
+#include "data/byte_array.h"
 #include "runtime/checked.h"
 #include "runtime/convert.h"
 #include "runtime/datetime.h"
@@ -125,6 +127,12 @@ Variant decodeValue(const json& value, ObjectBuilder* objects) {
             if (value.contains("missing")) return Variant::missing();
             if (value.contains("empty")) return Variant();
             if (value.contains("date")) return Variant(Date{dateFrom(value.at("date"), "date")});
+            if (value.contains("bytes")) {
+                const json& text = value.at("bytes");
+                auto bytes = text.is_string() ? decodeBase64(text.get<std::string>()) : std::nullopt;
+                if (!bytes) undecodable("bytes", "binary data as base64 text");
+                return data::byteArray(*bytes);
+            }
             if (value.contains("type")) return typedValue(value);
             if (value.contains("object")) {
                 const json& kind = value.at("object");
@@ -134,8 +142,8 @@ Variant decodeValue(const json& value, ObjectBuilder* objects) {
                                    u"Object kind not supported yet: " + fromUtf8(kind.get<std::string>()));
             }
             raise(err::InvalidProcedureCall,
-                  u"an object argument has one of the fields \"missing\", \"empty\", \"date\", \"type\" or "
-                  u"\"object\"");
+                  u"an object argument has one of the fields \"missing\", \"empty\", \"date\", \"bytes\", \"type\" "
+                  u"or \"object\"");
         }
         default:
             raise(err::InvalidProcedureCall,
@@ -186,6 +194,12 @@ json encodeValue(const Variant& v, const ObjectKindHooks* hooks) {
         }
         case VarType::Array: {
             const Array& a = v.array();
+            // Binary data (a one-dimensional Byte array) as base64 text.
+            if (a.elementType() == VarType::Byte && a.dimensions() == 1) {
+                out["type"] = "Bytes";
+                out["value"] = encodeBase64(data::bytesOf(v));
+                break;
+            }
             json items = json::array();
             if (a.dimensions() == 2) {
                 for (std::int32_t i = a.lbound(1); i <= a.ubound(1); ++i) {

@@ -1,10 +1,13 @@
 #include "cli/object_json.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "cli/json_values.h"
 #include "objects/check_box.h"
+#include "objects/chart.h"
 #include "objects/check_box_pictures.h"
+#include "objects/data_report.h"
 #include "objects/data_grid.h"
 #include "objects/flex_grid.h"
 #include "objects/form.h"
@@ -323,6 +326,75 @@ ObjectRef buildFont(const Fields& f) {
     return font;
 }
 
+// A report control inside a section: rpttextbox, rptfunction, rptlabel,
+// rptline, rptimage or rptshape.
+constexpr std::pair<const char*, ReportControl::Kind> kReportControlKinds[] = {
+    {"rpttextbox", ReportControl::Kind::TextBox}, {"rptfunction", ReportControl::Kind::Function},
+    {"rptlabel", ReportControl::Kind::Label},     {"rptline", ReportControl::Kind::Line},
+    {"rptimage", ReportControl::Kind::Image},     {"rptshape", ReportControl::Kind::Shape}};
+
+std::shared_ptr<ReportControl> buildReportControl(const Json& d, const Fields& report) {
+    const auto& kinds = kReportControlKinds;
+    const std::string expects = "lists of report controls (rpttextbox, rptfunction, rptlabel, rptline, rptimage, rptshape)";
+    if (!d.is_object() || !d.contains("object") || !d.at("object").is_string()) report.fail("sections", expects);
+    const std::string kind = d.at("object").get<std::string>();
+    const auto* found = std::find_if(std::begin(kinds), std::end(kinds), [&](const auto& k) { return kind == k.first; });
+    if (found == std::end(kinds)) report.fail("sections", expects);
+    const Fields f(d, kind);
+    auto control = std::make_shared<ReportControl>(found->second, nameOr(f, u"Control1"));
+    if (auto v = f.flag("visible")) control->visible = *v;
+    if (control->isBound()) {
+        if (auto v = f.text("dataMember")) control->dataMember = *v;
+        if (auto v = f.text("dataField")) control->dataField = *v;
+    }
+    if (found->second == ReportControl::Kind::Label)
+        if (auto v = f.text("caption")) control->caption = *v;
+    if (found->second == ReportControl::Kind::Function)
+        if (auto v = f.whole("functionType", 0, 7)) control->functionType = static_cast<std::int16_t>(*v);
+    return control;
+}
+
+// {"object": "report", "sections": {"Sección3": [controls], ...}}: the
+// sections named, in order, and no others; without "sections" the five
+// standard ones, empty.
+ObjectRef buildReport(const Fields& f) {
+    const String name = nameOr(f, u"DataReport1");
+    std::shared_ptr<DataReport> report;
+    const Json* sections = f.find("sections");
+    if (!sections) {
+        report = std::make_shared<DataReport>(name);
+    } else {
+        if (!sections->is_object()) f.fail("sections", "an object of section names and their controls");
+        std::vector<String> names;
+        for (const auto& [sectionName, controls] : sections->items()) {
+            names.push_back(fromUtf8(sectionName));
+            for (const auto& other : std::vector<String>(names.begin(), names.end() - 1))
+                if (textEquals(other, names.back())) f.fail("sections", "sections of different names");
+        }
+        report = std::make_shared<DataReport>(name, names);
+        std::size_t i = 0;
+        for (const auto& [sectionName, controls] : sections->items()) {
+            if (!controls.is_array()) f.fail("sections", "lists of report controls");
+            for (const auto& c : controls) {
+                auto control = buildReportControl(c, f);
+                if (report->sections()[i]->controlNamed(control->name()))
+                    f.fail("sections", "controls of different names within a section");
+                report->sections()[i]->add(control);
+            }
+            ++i;
+        }
+    }
+    if (auto v = f.text("caption")) report->caption = *v;
+    if (auto v = f.text("dataMember")) report->dataMember = *v;
+    return report;
+}
+
+ObjectRef buildChart(const Fields& f) {
+    auto chart = std::make_shared<Chart>(nameOr(f, u"MSChart1"));
+    applyCommon(*chart, f);
+    return chart;
+}
+
 std::string kindOf(const Json& d) {
     if (!d.is_object()) Fields(d, "object").fail("object", "an object description");
     auto it = d.find("object");
@@ -372,6 +444,8 @@ ObjectRef ObjectBuilder::buildKind(const std::string& kind, const Json& d) {
     if (kind == "picture") return buildPicture(f);
     if (kind == "frame") return buildFrame(d);
     if (kind == "form") return buildForm(d);
+    if (kind == "report") return buildReport(f);
+    if (kind == "chart") return buildChart(f);
     if (kind == "datagrid") {
         auto grid = std::make_shared<DataGrid>(nameOr(f, u"DataGrid1"));
         applyCommon(*grid, f);
@@ -621,6 +695,10 @@ Json controlState(const Control& c, const ObjectKindHooks& hooks) {
         out["dataSource"] = d->dataSource ? objectState(*d->dataSource, hooks) : Json(nullptr);
         out["dataMember"] = toUtf8(d->dataMember);
         out["refreshes"] = d->refreshes();
+    } else if (auto* chart = dynamic_cast<const Chart*>(&c)) {
+        out = Json{{"object", "chart"}};
+        commonState(out, c);
+        out["chartData"] = encodeValue(chart->chartData(), &hooks);
     } else if (auto* form = dynamic_cast<const Form*>(&c)) {
         out = Json{{"object", "form"}};
         commonState(out, c);
@@ -648,6 +726,35 @@ Json controlState(const Control& c, const ObjectKindHooks& hooks) {
     return out;
 }
 
+Json reportControlState(const ReportControl& c) {
+    const auto* kind = std::find_if(std::begin(kReportControlKinds), std::end(kReportControlKinds),
+                                    [&](const auto& k) { return k.second == c.kind(); });
+    Json out{{"object", kind->first}, {"name", toUtf8(c.name())}, {"visible", c.visible}};
+    if (c.isBound()) {
+        out["dataMember"] = toUtf8(c.dataMember);
+        out["dataField"] = toUtf8(c.dataField);
+    }
+    if (c.kind() == ReportControl::Kind::Label) out["caption"] = toUtf8(c.caption);
+    if (c.kind() == ReportControl::Kind::Function) out["functionType"] = c.functionType;
+    out["calls"] = callsOf(c);
+    return out;
+}
+
+Json reportState(const DataReport& r, const ObjectKindHooks& hooks) {
+    Json out{{"object", "report"}, {"name", toUtf8(r.name())}, {"caption", toUtf8(r.caption)}};
+    out["dataSource"] = r.dataSource ? objectState(*r.dataSource, hooks) : Json(nullptr);
+    out["dataMember"] = toUtf8(r.dataMember);
+    out["refreshes"] = r.refreshes();
+    Json sections = Json::object();
+    for (const auto& section : r.sections()) {
+        Json controls = Json::array();
+        for (const auto& c : section->controls()) controls.push_back(reportControlState(*c));
+        sections[toUtf8(section->name())] = std::move(controls);
+    }
+    out["sections"] = std::move(sections);
+    return out;
+}
+
 }  // namespace
 
 Json objectState(const Object& object, const ObjectKindHooks& hooks) {
@@ -658,6 +765,8 @@ Json objectState(const Object& object, const ObjectKindHooks& hooks) {
         out = fontState(*font);
     else if (auto* picture = dynamic_cast<const Picture*>(&object))
         out = pictureFields(*picture);
+    else if (auto* report = dynamic_cast<const DataReport*>(&object))
+        out = reportState(*report, hooks);
     else if (hooks.state)
         if (auto state = hooks.state(object)) return *state;
     if (out.is_null()) return Json{{"object", toUtf8(object.typeName())}};

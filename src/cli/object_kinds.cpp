@@ -70,8 +70,12 @@ private:
     ObjectRef recordset(const Json& d) {
         if (!d.contains("connection") || !d.at("connection").is_object()) badField("connection", "is a connection");
         const ObjectRef on = connection(d.at("connection"));
-        return data::openPreparedRecordset(on, textField(d, "source", ""), numberField(d, "cursorLocation", 0, 0, 3),
-                                           numberField(d, "position", 0, 0, INT32_MAX), strictServices());
+        ObjectRef rs = data::openPreparedRecordset(on, textField(d, "source", ""),
+                                                   numberField(d, "cursorLocation", 0, 0, 3),
+                                                   numberField(d, "position", 0, 0, INT32_MAX), strictServices());
+        // The name a bound report or grid shows the rows under.
+        if (d.contains("dataMember")) rs->put(u"DataMember", Variant(textField(d, "dataMember", "")));
+        return rs;
     }
 
     std::map<std::string, ObjectRef> connections_;

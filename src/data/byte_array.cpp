@@ -5,17 +5,14 @@
 namespace telvaro::data {
 
 Variant byteArray(std::span<const std::uint8_t> bytes) {
-    if (bytes.empty()) return Variant(Array::vector(0, -1, VarType::Byte));
-    Array array = Array::vector(0, static_cast<std::int32_t>(bytes.size()) - 1, VarType::Byte);
-    auto& items = array.elements();
-    for (std::size_t i = 0; i < bytes.size(); ++i) items[i] = Variant(bytes[i]);
-    return Variant(std::move(array));
+    return Variant(Array::bytes(std::vector<std::uint8_t>(bytes.begin(), bytes.end())));
 }
 
 std::vector<std::uint8_t> bytesOf(const Variant& value) {
     if (!value.isArray()) raise(err::TypeMismatch);
     const Array& array = value.array();
     if (array.elementType() != VarType::Byte || array.dimensions() > 1) raise(err::TypeMismatch);
+    if (const auto* compact = array.compactBytes()) return *compact;
     std::vector<std::uint8_t> bytes;
     bytes.reserve(array.size());
     for (const auto& item : array.elements()) {

@@ -1,5 +1,5 @@
 // Binary data as the automation runtime hands it over: a one-dimensional
-// Byte array with lower bound 0.
+// Byte array with lower bound 0, held compactly (Array::bytes).
 #pragma once
 
 #include <cstdint>

@@ -6,10 +6,13 @@
 
 #include "dates/date_helpers.h"
 #include "db/grid_loading.h"
+#include "db/binary_fields.h"
+#include "db/chart_data.h"
 #include "db/list_loading.h"
 #include "db/query_export.h"
 #include "db/query_helpers.h"
 #include "db/record_navigation.h"
+#include "db/report_binding.h"
 #include "dates/regional_settings.h"
 #include "forms/backspace.h"
 #include "forms/enabling.h"
@@ -160,6 +163,12 @@ const std::vector<Binding>& bindings() {
         // Spreadsheet export
         bind<&grid::fn_ExportaExcelGrid>("fn_ExportaExcelGrid"),
         bind<&db::ExportExcelReg>("ExportExcelReg"),
+        // Database: binary fields, reports and chart data
+        bind<&db::regLeeStream>("regLeeStream"),
+        bind<&db::regGuardaStream>("regGuardaStream"),
+        bind<&db::regImgStream>("regImgStream"),
+        bind<&db::PreparaReportes>("PreparaReportes"),
+        bind<&db::fn_MatrizParaEstadistica>("fn_MatrizParaEstadistica"),
     };
     return all;
 }

@@ -122,7 +122,7 @@ const std::vector<MethodNote> kNotes = {
     {"regImgStream", "The picture held in a binary field.", {}},
     {"ItemD", "The ItemData of the selected item of a list.", {}},
     {"fn_CuentaElementosColGrid", "Counts the cells of a column of a grid that compare with Valor as Operacion says.", {}},
-    {"PreparaReportes", "Binds a data report to a recordset, one text box per field.", {}},
+    {"PreparaReportes", "Binds a data report, the text boxes of its detail and the functions of its footer to a recordset.", {}},
     {"fn_LimpiaAreaGrid", "Writes PonerEsto into every cell of a rectangle of a grid.", {}},
     {"ImprimeForm", "Prints the controls of a form, leaving out the tags listed, from a starting point.", {}},
     {"SeparaEnLineasImprimir", "A text cut into lines that fit a printing width in a font.", {}},

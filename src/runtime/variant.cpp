@@ -103,6 +103,29 @@ Array Array::ofValues(std::vector<Variant> values, std::int32_t lower) {
     return a;
 }
 
+Array Array::bytes(std::vector<std::uint8_t> data, std::int32_t lower) {
+    if (data.size() > static_cast<std::size_t>(INT32_MAX)) raise(err::OutOfMemory);
+    Array a;
+    a.dims_.push_back({lower, static_cast<std::int32_t>(data.size())});
+    a.bytes_ = std::move(data);
+    a.compact_ = true;
+    a.elementType_ = VarType::Byte;
+    return a;
+}
+
+void Array::materialize() const {
+    if (!compact_ || items_.size() == bytes_.size()) return;
+    items_.assign(bytes_.begin(), bytes_.end());
+}
+
+void Array::loosen() {
+    if (!compact_) return;
+    materialize();
+    bytes_.clear();
+    bytes_.shrink_to_fit();
+    compact_ = false;
+}
+
 const ArrayDimension& Array::dimension(int d) const {
     if (d < 1 || d > dimensions()) raise(err::SubscriptOutOfRange);
     return dims_[static_cast<std::size_t>(d - 1)];
@@ -125,17 +148,36 @@ std::size_t Array::offset(std::int32_t i, std::int32_t j) const {
     return static_cast<std::size_t>(a + b * dims_[0].count);
 }
 
-const Variant& Array::at(std::int32_t i) const { return items_[offset(i)]; }
-Variant& Array::at(std::int32_t i) { return items_[offset(i)]; }
-const Variant& Array::at(std::int32_t i, std::int32_t j) const { return items_[offset(i, j)]; }
-Variant& Array::at(std::int32_t i, std::int32_t j) { return items_[offset(i, j)]; }
+const Variant& Array::at(std::int32_t i) const {
+    const std::size_t k = offset(i);
+    materialize();
+    return items_[k];
+}
+Variant& Array::at(std::int32_t i) {
+    const std::size_t k = offset(i);
+    loosen();
+    return items_[k];
+}
+const Variant& Array::at(std::int32_t i, std::int32_t j) const {
+    const std::size_t k = offset(i, j);
+    materialize();
+    return items_[k];
+}
+Variant& Array::at(std::int32_t i, std::int32_t j) {
+    const std::size_t k = offset(i, j);
+    loosen();
+    return items_[k];
+}
 
 bool operator==(const Array& a, const Array& b) {
     if (a.elementType_ != b.elementType_ || a.dims_.size() != b.dims_.size()) return false;
     for (std::size_t d = 0; d < a.dims_.size(); ++d)
         if (a.dims_[d].lower != b.dims_[d].lower || a.dims_[d].count != b.dims_[d].count) return false;
-    for (std::size_t k = 0; k < a.items_.size(); ++k)
-        if (!identical(a.items_[k], b.items_[k])) return false;
+    if (a.compact_ && b.compact_) return a.bytes_ == b.bytes_;
+    const auto& x = a.elements();
+    const auto& y = b.elements();
+    for (std::size_t k = 0; k < x.size(); ++k)
+        if (!identical(x[k], y[k])) return false;
     return true;
 }
 

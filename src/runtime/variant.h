@@ -165,6 +165,11 @@ public:
     static Array matrix(std::int32_t lower1, std::int32_t upper1, std::int32_t lower2, std::int32_t upper2,
                         VarType elementType = VarType::Variant);
     static Array ofValues(std::vector<Variant> values, std::int32_t lower = 0);
+    // A one-dimensional Byte array held compactly, a byte an element (binary
+    // field values, files read whole). Its elements become Variants only when
+    // they are reached one by one (at, elements); compactBytes() reads them
+    // without that.
+    static Array bytes(std::vector<std::uint8_t> data, std::int32_t lower = 0);
 
     int dimensions() const { return static_cast<int>(dims_.size()); }
     // Bounds of dimension 1 or 2; error 9 for a dimension the array lacks.
@@ -172,7 +177,10 @@ public:
     std::int32_t ubound(int dimension = 1) const;
     const ArrayDimension& dimension(int dimension) const;
     VarType elementType() const { return elementType_; }
-    std::size_t size() const { return items_.size(); }
+    std::size_t size() const { return compact_ ? bytes_.size() : items_.size(); }
+    // The bytes of an array made by bytes() and not changed since; nullptr
+    // for any other array.
+    const std::vector<std::uint8_t>* compactBytes() const { return compact_ ? &bytes_ : nullptr; }
 
     // Element access by subscripts; error 9 when out of range.
     const Variant& at(std::int32_t i) const;
@@ -181,8 +189,14 @@ public:
     Variant& at(std::int32_t i, std::int32_t j);
 
     // All elements, first subscript varying fastest (the SAFEARRAY order).
-    const std::vector<Variant>& elements() const { return items_; }
-    std::vector<Variant>& elements() { return items_; }
+    const std::vector<Variant>& elements() const {
+        materialize();
+        return items_;
+    }
+    std::vector<Variant>& elements() {
+        loosen();
+        return items_;
+    }
 
     friend bool operator==(const Array& a, const Array& b);
 
@@ -190,8 +204,18 @@ private:
     std::size_t offset(std::int32_t i) const;
     std::size_t offset(std::int32_t i, std::int32_t j) const;
 
+    // A compact array's elements as Variants, made on first reach and kept
+    // beside the bytes while the array is only read (the lazy fill of a
+    // shared const array: arrays belong to the thread that made them).
+    void materialize() const;
+    // Before a change through a mutable reference: the Variants become the
+    // elements and the bytes are dropped.
+    void loosen();
+
     std::vector<ArrayDimension> dims_;
-    std::vector<Variant> items_;
+    mutable std::vector<Variant> items_;
+    std::vector<std::uint8_t> bytes_;
+    bool compact_ = false;
     VarType elementType_ = VarType::Variant;
 };
 

@@ -186,7 +186,7 @@ TEST(ObjectJson, KindsBuiltElsewhereComeThroughTheHooks) {
     ObjectRef built_form = built(form, builder);
     EXPECT_EQ(built_form->get(u"Lista").get<ObjectRef>()->typeName(), u"Recordset");
     EXPECT_EQ(objectState(*built_form, hooks)["lista"], Json::parse(R"({"object": "recordset", "position": 1})"));
-    EXPECT_EQ(errorNumberOf([&] { built(R"({"object": "chart"})", builder); }), 445);
+    EXPECT_EQ(errorNumberOf([&] { built(R"({"object": "slider"})", builder); }), 445);
     ObjectRef bound = built(R"({"object": "datagrid", "dataSource": {"object": "recordset", "source": "SELECT 1"}})",
                             builder);
     EXPECT_EQ(objectState(*bound, hooks)["dataSource"], Json::parse(R"({"object": "recordset", "position": 1})"));

@@ -7,6 +7,8 @@
 #include <functional>
 #include <limits>
 
+#include "objects/chart.h"
+#include "objects/data_report.h"
 #include "objects/check_box.h"
 #include "objects/check_box_pictures.h"
 #include "objects/data_grid.h"
@@ -80,6 +82,14 @@ std::vector<std::function<std::shared_ptr<CallerObject>()>> makers() {
         },
         [] { return std::make_shared<Form>(u"mdi", true); },
         [] { return std::make_shared<DataGrid>(u"dg"); },
+        [] { return std::make_shared<Chart>(u"cht"); },
+        [] {
+            auto r = std::make_shared<DataReport>();
+            r->sections()[2]->add(std::make_shared<ReportControl>(ReportControl::Kind::TextBox, u"txt"));
+            return r;
+        },
+        [] { return std::make_shared<ReportControl>(ReportControl::Kind::Function, u"fn"); },
+        [] { return std::make_shared<ReportControl>(ReportControl::Kind::Label, u"lbl"); },
         [] { return std::make_shared<Font>(); },
         [] { return makeCheckBoxPicture(CheckBoxPicture::Checked); },
         [] {

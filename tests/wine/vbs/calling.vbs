@@ -41,7 +41,7 @@ r = fun.fn_ValidaCedula("1710034065", 1, 2)
 CheckError "wrong number of arguments", 450
 r = fun.NoSuchMethod()
 CheckError "unknown method", 438
-r = fun.regLeeStream("x")
+r = fun.fn_FijaImpresora("LPT1:")
 CheckError "a method not built yet", 445
 Err.Clear
 r = fun.numTruncar("abc", 2)
