@@ -2,6 +2,7 @@
 #include "data/factory.h"
 #include "host/default_platform.h"
 #include "platform/posix/home.h"
+#include "host/posix_display.h"
 #include "host/posix_pictures.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
@@ -31,7 +32,9 @@ Platform posixPlatform() {
     data::DataServices dataServices{[](StringView windowsPath) { return posix::mapPath(windowsPath); }};
     p.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>(
         [dataServices](StringView progId) { return data::createDataObject(progId, dataServices); })));
-    p.use(std::shared_ptr<Pictures>(std::make_shared<posix::PosixPictures>()));
+    auto pictures = std::make_shared<posix::PosixPictures>();
+    p.use(std::shared_ptr<Pictures>(pictures));
+    p.use(std::shared_ptr<DisplayService>(std::make_shared<posix::PosixDisplay>(pictures)));
     return p;
 }
 

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+#include "platform/display.h"
 #include "platform/environment.h"
 #include "platform/file_system.h"
 #include "platform/message_box.h"
@@ -30,6 +31,7 @@ public:
     Windows& windows() const { return *windows_; }
     ObjectFactory& objectFactory() const { return *objectFactory_; }
     Pictures& pictures() const { return *pictures_; }
+    DisplayService& display() const { return *display_; }
 
     void use(std::shared_ptr<MessageBoxService> s) { messageBoxes_ = std::move(s); }
     void use(std::shared_ptr<ProfileFiles> s) { profileFiles_ = std::move(s); }
@@ -40,6 +42,7 @@ public:
     void use(std::shared_ptr<Windows> s) { windows_ = std::move(s); }
     void use(std::shared_ptr<ObjectFactory> s) { objectFactory_ = std::move(s); }
     void use(std::shared_ptr<Pictures> s) { pictures_ = std::move(s); }
+    void use(std::shared_ptr<DisplayService> s) { display_ = std::move(s); }
 
 private:
     std::shared_ptr<MessageBoxService> messageBoxes_;
@@ -52,6 +55,7 @@ private:
     // Until a host gives its own, no class can be created (429).
     std::shared_ptr<ObjectFactory> objectFactory_ = std::make_shared<FunctionObjectFactory>();
     std::shared_ptr<Pictures> pictures_;
+    std::shared_ptr<DisplayService> display_;
 };
 
 }  // namespace telvaro
