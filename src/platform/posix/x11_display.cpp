@@ -39,11 +39,16 @@ int onError(::Display* display, XErrorEvent* event) {
     return previousErrorHandler ? previousErrorHandler(display, event) : 0;
 }
 
+// A lost connection is this service's to notice (its exit handler marks
+// it), not a reason to print or end the process.
+int onConnectionError(::Display*) { return 0; }
+
 // The process-wide handlers are installed once; each connection of this
 // service also gets an exit handler that marks it lost and returns.
 void installHandlers() {
     static const bool installed = [] {
         previousErrorHandler = XSetErrorHandler(onError);
+        XSetIOErrorHandler(onConnectionError);
         return true;
     }();
     (void)installed;
