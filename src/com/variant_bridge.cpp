@@ -8,6 +8,7 @@
 
 #include "com/com_handles.h"
 #include "com/dispatch_object.h"
+#include "host/win32_pictures.h"
 #include "runtime/convert.h"
 #include "runtime/decimal.h"
 #include "runtime/error.h"
@@ -159,6 +160,8 @@ IDispatch* dispatchOf(const Variant& value) {
     const ObjectRef& object = value.get<ObjectRef>();
     if (!object) return nullptr;
     if (auto* caller = dynamic_cast<DispatchObject*>(object.get())) return caller->share();
+    // A picture the library made (a capture, a loaded file) goes out as the platform's own.
+    if (IDispatch* picture = win32::pictureDispatch(*object)) return picture;
     raise(err::UnsupportedAutomationType);
 }
 

@@ -6,7 +6,17 @@
 
 #include "platform/pictures.h"
 
+struct IPicture;
+struct IDispatch;
+
 namespace telvaro::win32 {
+
+// A picture object over the platform's picture, taking over the reference
+// given (nullptr makes the empty picture).
+ObjectRef platformPicture(IPicture* picture, String source);
+// The IDispatch of a picture object made here, with a reference for the
+// receiver; nullptr for any other object.
+IDispatch* pictureDispatch(const Object& object);
 
 class Win32Pictures : public Pictures {
 public:
