@@ -4,6 +4,7 @@
 // which are the only windows that draw into a device context here.
 #pragma once
 
+#include "platform/posix/window_effects.h"
 #include "platform/posix/x11_display.h"
 
 namespace telvaro::posix {
@@ -13,6 +14,20 @@ public:
     using X11Display::X11Display;
     void paintInto(std::int32_t window, std::int32_t deviceContext) override;
     void printInto(std::int32_t window, std::int32_t deviceContext, std::int32_t flags) override;
+};
+
+// The window calls on Linux: every effect is kept per handle (as
+// WindowEffects does for the library's own windows), and a handle that is a
+// real X window, not one of the library's, also gets the window-manager
+// hints: kept above, owned. Extents and drags have no X counterpart.
+class PosixWindows : public WindowEffects {
+public:
+    explicit PosixWindows(std::shared_ptr<X11Display> display) : display_(std::move(display)) {}
+    void keepOnTop(std::int32_t window) override;
+    void setOwner(std::int32_t window, std::int32_t owner) override;
+
+private:
+    std::shared_ptr<X11Display> display_;
 };
 
 }  // namespace telvaro::posix

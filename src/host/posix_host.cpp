@@ -26,7 +26,6 @@ Platform posixPlatform() {
     p.use(std::shared_ptr<Registry>(std::make_shared<posix::PosixRegistry>()));
     p.use(std::shared_ptr<RegionalStore>(std::move(regionalStore)));
     p.use(std::shared_ptr<Environment>(std::make_shared<posix::PosixEnvironment>()));
-    p.use(std::shared_ptr<Windows>(std::make_shared<posix::WindowEffects>()));
     // The data objects open only files the strict mapping gives: the home
     // folder and the mapped drives, nothing else.
     data::DataServices dataServices{[](StringView windowsPath) { return posix::mapPath(windowsPath); }};
@@ -34,7 +33,9 @@ Platform posixPlatform() {
         [dataServices](StringView progId) { return data::createDataObject(progId, dataServices); })));
     auto pictures = std::make_shared<posix::PosixPictures>();
     p.use(std::shared_ptr<Pictures>(pictures));
-    p.use(std::shared_ptr<DisplayService>(std::make_shared<posix::PosixDisplay>(pictures)));
+    auto display = std::make_shared<posix::PosixDisplay>(pictures);
+    p.use(std::shared_ptr<DisplayService>(display));
+    p.use(std::shared_ptr<Windows>(std::make_shared<posix::PosixWindows>(display)));
     return p;
 }
 

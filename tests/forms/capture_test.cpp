@@ -2,7 +2,11 @@
 // library's own controls. The capture fixture starts Xvfb (1024 x 768, 24
 // bits, 96 pixels per inch, so 15 twips a pixel), draws known pixels into a
 // window with Xlib and reads them back through the methods.
+#include <nlohmann/json.hpp>
+
+#include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <memory>
 #include <optional>
 
@@ -10,6 +14,7 @@
 #include "forms/xvfb_server.h"
 #include "objects/picture.h"
 #include "objects/picture_box.h"
+#include "platform/posix/window_effects.h"
 
 // Xlib last, and its True and False macros gone: they are the library's Booleans here.
 #include <X11/Xlib.h>
@@ -420,6 +425,111 @@ TEST(CaptureServerGone, AServerThatGoesAwayGivesNothingAndTheProcessGoesOn) {
     const Variant after = screen();
     ASSERT_TRUE(after.isObject());
     EXPECT_EQ(after.get<ObjectRef>(), nullptr);
+}
+
+}  // namespace
+}  // namespace telvaro
+
+namespace telvaro {
+namespace {
+
+// Through `telvaro batch`: the destination comes back with the copy as its
+// Picture and the calls in the order of the copy.
+TEST(CaptureBatch, ThePictureCopyAnswersWithTheDestinationsPicture) {
+    const std::string input = ::testing::TempDir() + "capture_batch.jsonl";
+    std::ofstream(input) << R"({"id":1,"method":"ImgCopiaImagen","args":[)"
+                            R"({"object":"picturebox","name":"picFuente","width":45,"height":30,"left":90,)"
+                            R"("picture":{"object":"picture","width":4,"height":4}},)"
+                            R"({"object":"picturebox","name":"picCopia"},false]})"
+                         << "\n";
+    std::string out;
+    if (FILE* pipe = ::popen((std::string(TELVARO_BINARY) + " batch < " + input).c_str(), "r")) {
+        char buffer[4096];
+        while (std::size_t n = std::fread(buffer, 1, sizeof buffer, pipe)) out.append(buffer, n);
+        ::pclose(pipe);
+    }
+    const auto answer = nlohmann::json::parse(out);
+    const auto& copy = answer.at("/byref/1/value"_json_pointer);
+    EXPECT_EQ(copy.at("visible"), true);  // DestinoInvisible False
+    EXPECT_EQ(copy.at("left"), 90.0);
+    EXPECT_EQ(copy.at("picture").at("width"), 3);
+    EXPECT_EQ(copy.at("picture").at("height"), 2);
+    EXPECT_EQ(copy.at("calls"), (nlohmann::json{"ScaleMode=", "Height=", "Width=", "Left=", "Top=", "AutoRedraw=",
+                                                "hDC", "hDC", "Image", "Picture=", "AutoRedraw="}));
+}
+
+}  // namespace
+}  // namespace telvaro
+
+namespace telvaro {
+namespace {
+
+// A caller's form that is a real X window: its hWnd is the window's id.
+class XWindowForm : public Object {
+public:
+    explicit XWindowForm(std::int32_t id) : id_(id) {}
+    Variant invoke(StringView member, InvokeKind, std::span<Variant>) override {
+        if (member != u"hwnd") raiseNoSuchMember();
+        return Variant(id_);
+    }
+
+private:
+    std::int32_t id_;
+};
+
+std::vector<Atom> windowStates(::Display* d, Window w) {
+    Atom type = 0;
+    int format = 0;
+    unsigned long items = 0, after = 0;
+    unsigned char* data = nullptr;
+    std::vector<Atom> states;
+    if (XGetWindowProperty(d, w, XInternAtom(d, "_NET_WM_STATE", 0), 0, 64, 0, AnyPropertyType, &type, &format, &items,
+                           &after, &data) == Success &&
+        data)
+        states.assign(reinterpret_cast<Atom*>(data), reinterpret_cast<Atom*>(data) + items);
+    if (data) XFree(data);
+    return states;
+}
+
+// The window calls of the form helpers reach real X windows as
+// window-manager hints, and are still recorded per handle.
+TEST(CaptureWindowHints, RealWindowsAreKeptAboveAndOwned) {
+    testing::XvfbServer server("320x240x24");
+    ASSERT_TRUE(server.running()) << server.failure();
+    DisplayVariable display(server.display());
+    ::Display* d = XOpenDisplay(server.display().c_str());
+    ASSERT_NE(d, nullptr);
+    const Window root = DefaultRootWindow(d);
+    const Window form = XCreateSimpleWindow(d, root, 0, 0, 50, 50, 0, 0, 0);
+    const Window owner = XCreateSimpleWindow(d, root, 60, 0, 50, 50, 0, 0, 0);
+    XSync(d, 0);
+    fakes::TestPlatform platform;
+    Fun fun{platform};
+    auto formObject = Variant(ObjectRef(std::make_shared<XWindowForm>(static_cast<std::int32_t>(form))));
+    auto ownerObject = Variant(ObjectRef(std::make_shared<XWindowForm>(static_cast<std::int32_t>(owner))));
+    auto run = [&](const char* method, std::vector<Variant> args) { invoke(fun, std::string_view(method), args); };
+
+    run("fn_FormSiempreVisible", {formObject});
+    run("fn_FormSiempreVisible", {formObject});
+    const Atom above = XInternAtom(d, "_NET_WM_STATE_ABOVE", 0);
+    EXPECT_EQ(windowStates(d, form), std::vector<Atom>{above}) << "once, however often asked";
+
+    run("fn_VentanaFlotante", {formObject, ownerObject});
+    Window transientFor = 0;
+    EXPECT_NE(XGetTransientForHint(d, form, &transientFor), 0);
+    EXPECT_EQ(transientFor, owner);
+
+    auto& effects = dynamic_cast<posix::WindowEffects&>(platform.windows());
+    ASSERT_NE(effects.find(static_cast<std::int32_t>(form)), nullptr);
+    EXPECT_TRUE(effects.find(static_cast<std::int32_t>(form))->topmost);
+
+    // A window that is gone, and a handle of none: recorded, nothing else.
+    XDestroyWindow(d, owner);
+    XSync(d, 0);
+    run("fn_FormSiempreVisible", {ownerObject});
+    run("fn_VentanaFlotante", {Variant(ObjectRef(std::make_shared<XWindowForm>(0x7FFFFFF0))), formObject});
+    EXPECT_TRUE(effects.find(static_cast<std::int32_t>(owner))->topmost);
+    XCloseDisplay(d);
 }
 
 }  // namespace

@@ -366,7 +366,8 @@ ObjectRef X11Display::pictureOfBitmap(std::int32_t bitmap, std::int32_t palette)
         unsigned border = 0, depth = 0;
         const bool sized = XGetGeometry(d, asId(bitmap), &root, &x, &y, &width, &height, &border, &depth) != 0;
         XImage* image = nullptr;
-        if (sized && !trap.failed() && std::int64_t{width} * height <= kMaxPixels)
+        if (sized && !trap.failed() && width <= static_cast<unsigned>(kMaxSide) &&
+            height <= static_cast<unsigned>(kMaxSide) && std::int64_t{width} * height <= kMaxPixels)
             image = XGetImage(d, asId(bitmap), 0, 0, width, height, AllPlanes, ZPixmap);
         if (image && !trap.failed()) {
             const PixelColours colour(d, static_cast<int>(depth), asId(palette));
@@ -384,6 +385,58 @@ ObjectRef X11Display::pictureOfBitmap(std::int32_t bitmap, std::int32_t palette)
     }
     if (pixels.empty()) return nullptr;
     return pictures_->fromPixels(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), pixels, u"");
+}
+
+bool X11Display::keepAbove(std::int32_t window) {
+    std::lock_guard lock(mutex_);
+    Connection* c = connect();
+    if (!c || window == 0) return false;
+    ::Display* d = c->display;
+    ErrorTrap trap(d);
+    XWindowAttributes a{};
+    const Window w = asId(window);
+    if (!XGetWindowAttributes(d, w, &a) || trap.failed()) return false;
+    const Atom state = XInternAtom(d, "_NET_WM_STATE", 0);
+    const Atom above = XInternAtom(d, "_NET_WM_STATE_ABOVE", 0);
+    // The state on the window, once.
+    Atom type = 0;
+    int format = 0;
+    unsigned long items = 0, after = 0;
+    unsigned char* data = nullptr;
+    bool present = false;
+    if (XGetWindowProperty(d, w, state, 0, 1024, 0, XA_ATOM, &type, &format, &items, &after, &data) == Success &&
+        data && format == 32)
+        for (unsigned long i = 0; i < items; ++i) present = present || reinterpret_cast<Atom*>(data)[i] == above;
+    if (data) XFree(data);
+    if (!present)
+        XChangeProperty(d, w, state, XA_ATOM, 32, PropModeAppend, reinterpret_cast<const unsigned char*>(&above), 1);
+    // The request to a running window manager: add ABOVE, from an application.
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = w;
+    event.xclient.message_type = state;
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = 1;
+    event.xclient.data.l[1] = static_cast<long>(above);
+    event.xclient.data.l[3] = 1;
+    XSendEvent(d, rootOf(d), 0, SubstructureRedirectMask | SubstructureNotifyMask, &event);
+    XRaiseWindow(d, w);
+    return !trap.failed();
+}
+
+bool X11Display::setTransientFor(std::int32_t window, std::int32_t owner) {
+    std::lock_guard lock(mutex_);
+    Connection* c = connect();
+    if (!c || window == 0) return false;
+    ::Display* d = c->display;
+    ErrorTrap trap(d);
+    XWindowAttributes a{};
+    if (!XGetWindowAttributes(d, asId(window), &a) || trap.failed()) return false;
+    if (owner == 0)
+        XDeleteProperty(d, asId(window), XA_WM_TRANSIENT_FOR);
+    else
+        XSetTransientForHint(d, asId(window), asId(owner));
+    return !trap.failed();
 }
 
 void X11Display::paintInto(std::int32_t, std::int32_t) {}

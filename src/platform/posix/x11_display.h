@@ -44,6 +44,14 @@ public:
     void paintInto(std::int32_t window, std::int32_t deviceContext) override;
     void printInto(std::int32_t window, std::int32_t deviceContext, std::int32_t flags) override;
 
+    // The window-manager hints of a real X window (the windows service on
+    // Linux): kept above the others (_NET_WM_STATE_ABOVE, asked of a
+    // running window manager and written on the window for one that comes
+    // later), and owned by another (WM_TRANSIENT_FOR; owner 0 removes it).
+    // False when the handle names no window on the server, or there is none.
+    bool keepAbove(std::int32_t window);
+    bool setTransientFor(std::int32_t window, std::int32_t owner);
+
     // The largest bitmap a capture makes, as large as a picture may be.
     static constexpr std::int32_t kMaxSide = 16384;
     static constexpr std::int64_t kMaxPixels = std::int64_t{64} << 20;
