@@ -34,9 +34,12 @@ void ImgCopiaImagen(Fun& fun, const ObjectRef& Origen, const ObjectRef& Destino,
     }
     if (DestinoInvisible.isTrue()) destino.setVisible(False);
     destino.setAutoRedraw(True);
+    // Each message reads the window and the device context anew, in that order.
     DisplayService& display = fun.platform().display();
-    display.paintInto(origen.hwnd(), destino.hdc());
-    display.printInto(origen.hwnd(), destino.hdc(), kPrintFlags);
+    std::int32_t window = origen.hwnd();
+    display.paintInto(window, destino.hdc());
+    window = origen.hwnd();
+    display.printInto(window, destino.hdc(), kPrintFlags);
     destino.setPicture(destino.image());
     destino.setAutoRedraw(False);
 }

@@ -5,6 +5,17 @@
 
 namespace telvaro::posix {
 
+WindowRectangle PosixDisplay::windowRectangle(std::int32_t window) {
+    if (objects::windowOf(window)) return {};
+    return X11Display::windowRectangle(window);
+}
+
+CapturedBitmap PosixDisplay::captureWindow(std::int32_t window, bool clientArea, std::int32_t left, std::int32_t top,
+                                           std::int32_t width, std::int32_t height) {
+    if (window != 0 && objects::windowOf(window)) return {};
+    return X11Display::captureWindow(window, clientArea, left, top, width, height);
+}
+
 void PosixDisplay::paintInto(std::int32_t window, std::int32_t deviceContext) {
     objects::paintWindow(window, deviceContext);
 }

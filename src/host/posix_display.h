@@ -12,6 +12,12 @@ namespace telvaro::posix {
 class PosixDisplay : public X11Display {
 public:
     using X11Display::X11Display;
+    // The library's own windows are on no screen: a capture of one gives
+    // no bitmap and its rectangle is empty, whatever the X server holds
+    // under the same number.
+    WindowRectangle windowRectangle(std::int32_t window) override;
+    CapturedBitmap captureWindow(std::int32_t window, bool clientArea, std::int32_t left, std::int32_t top,
+                                 std::int32_t width, std::int32_t height) override;
     void paintInto(std::int32_t window, std::int32_t deviceContext) override;
     void printInto(std::int32_t window, std::int32_t deviceContext, std::int32_t flags) override;
 };

@@ -213,6 +213,9 @@ TEST_F(CaptureTest, CapturesThatCannotBeMadeGiveNothing) {
         ASSERT_TRUE(result.isObject());
         EXPECT_EQ(result.get<ObjectRef>(), nullptr);
     }
+    // A window of the library's own is on no screen.
+    auto form = std::make_shared<objects::Form>(u"frmEnMemoria");
+    EXPECT_EQ(capture(form->hwnd(), true, 0, 0, 150, 150), nullptr);
     // Far outside the window the capture is made, and black.
     auto outside = capture(win, true, -100000, 2000000, 30, 30);
     ASSERT_NE(outside, nullptr);
