@@ -163,7 +163,8 @@ IDispatch* dispatchOf(const Variant& value) {
     const ObjectRef& object = value.get<ObjectRef>();
     if (!object) return nullptr;
     if (auto* caller = dynamic_cast<DispatchObject*>(object.get())) return caller->share();
-    if (IDispatch* picture = win32::nativePictureDispatch(*object)) return picture;
+    // A picture the library made (a capture, a loaded file) goes out as the platform's own.
+    if (IDispatch* picture = win32::pictureDispatch(*object)) return picture;
     return dispatchFaceOf(object);
 }
 

@@ -15,6 +15,7 @@
 #include "db/report_binding.h"
 #include "dates/regional_settings.h"
 #include "forms/backspace.h"
+#include "forms/capture.h"
 #include "forms/enabling.h"
 #include "forms/form_texts.h"
 #include "forms/number_keys.h"
@@ -139,6 +140,12 @@ const std::vector<Binding>& bindings() {
         bind<&forms::fn_FormSiempreVisible>("fn_FormSiempreVisible"),
         bind<&forms::fn_VentanaFlotante>("fn_VentanaFlotante"),
         bind<&forms::fn_MoverControl>("fn_MoverControl"),
+        // Pictures: copy and screen capture
+        bind<&forms::ImgCopiaImagen>("ImgCopiaImagen"),
+        bind<&forms::imgCreateBitmapPicture>("imgCreateBitmapPicture"),
+        bind<&forms::imgCaptureWindow>("imgCaptureWindow"),
+        bind<&forms::imgCaptureScreen>("imgCaptureScreen"),
+        bind<&forms::imgCaptureActiveWindow>("imgCaptureActiveWindow"),
         // Database: queries, lists and record navigation
         bind<&db::regDevuelveDatoCampoSQL>("regDevuelveDatoCampoSQL"),
         bind<&db::regUltimoCodigo>("regUltimoCodigo"),

@@ -5,6 +5,7 @@
 #include "host/exported_sheets.h"
 #include "context/frm_prog.h"
 #include "platform/posix/home.h"
+#include "host/posix_display.h"
 #include "host/posix_pictures.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
@@ -30,7 +31,6 @@ Platform posixPlatform() {
     p.use(std::shared_ptr<Registry>(std::make_shared<posix::PosixRegistry>()));
     p.use(std::shared_ptr<RegionalStore>(std::move(regionalStore)));
     p.use(std::shared_ptr<Environment>(std::make_shared<posix::PosixEnvironment>()));
-    p.use(std::shared_ptr<Windows>(std::make_shared<posix::WindowEffects>()));
     // The data objects open only files the strict mapping gives: the home
     // folder and the mapped drives, nothing else.
     data::DataServices dataServices{[](StringView windowsPath) { return posix::mapPath(windowsPath); }};
@@ -40,7 +40,11 @@ Platform posixPlatform() {
             if (textEquals(progId, u"Excel.Application")) return host::makeSheetApplication(host::exportsFolder());
             return data::createDataObject(progId, dataServices);
         })));
-    p.use(std::shared_ptr<Pictures>(std::make_shared<posix::PosixPictures>()));
+    auto pictures = std::make_shared<posix::PosixPictures>();
+    p.use(std::shared_ptr<Pictures>(pictures));
+    auto display = std::make_shared<posix::PosixDisplay>(pictures);
+    p.use(std::shared_ptr<DisplayService>(display));
+    p.use(std::shared_ptr<Windows>(std::make_shared<posix::PosixWindows>(display)));
     // frmProg: a bar on stderr when it is a terminal, else nothing seen.
     p.use(std::shared_ptr<ProgressDisplay>(std::make_shared<posix::TerminalProgressDisplay>()));
     return p;

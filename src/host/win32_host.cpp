@@ -1,5 +1,6 @@
 // The host of a process that loads the library on Windows.
 #include "host/default_platform.h"
+#include "host/win32_display.h"
 #include "host/win32_pictures.h"
 #include "platform/win32/win32_environment.h"
 #include "platform/win32/win32_file_system.h"
@@ -26,6 +27,7 @@ Platform win32Platform() {
     p.use(std::shared_ptr<Windows>(std::make_shared<win32::Win32Windows>()));
     p.use(std::shared_ptr<Pictures>(std::make_shared<win32::Win32Pictures>()));
     p.use(std::shared_ptr<ProgressDisplay>(std::make_shared<win32::Win32ProgressDisplay>()));
+    p.use(std::shared_ptr<DisplayService>(std::make_shared<win32::Win32Display>()));
     return p;
 }
 

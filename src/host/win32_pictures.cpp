@@ -69,6 +69,18 @@ private:
 
 }  // namespace
 
+ObjectRef platformPicture(IPicture* picture, String source) {
+    return std::make_shared<PlatformPicture>(picture, std::move(source));
+}
+
+IDispatch* pictureDispatch(const Object& object) {
+    const auto* picture = dynamic_cast<const PlatformPicture*>(&object);
+    if (!picture || !picture->nativePicture()) return nullptr;
+    IDispatch* dispatch = nullptr;
+    picture->nativePicture()->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch));
+    return dispatch;
+}
+
 ObjectRef Win32Pictures::fromPixels(std::int32_t width, std::int32_t height, std::span<const std::uint32_t> pixels,
                                     StringView name) {
     if (width <= 0 || height <= 0 ||
@@ -96,15 +108,6 @@ ObjectRef Win32Pictures::fromPixels(std::int32_t width, std::int32_t height, std
         raise(err::OutOfMemory);
     }
     return std::make_shared<PlatformPicture>(picture, String(name));
-}
-
-IDispatch* nativePictureDispatch(const Object& object) {
-    const auto* picture = dynamic_cast<const PlatformPicture*>(&object);
-    if (!picture || !picture->nativePicture()) return nullptr;
-    IDispatch* dispatch = nullptr;
-    if (FAILED(picture->nativePicture()->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(&dispatch))))
-        return nullptr;
-    return dispatch;
 }
 
 ObjectRef Win32Pictures::load(StringView windowsPath) {

@@ -4,11 +4,19 @@
 // members; `nativePicture()` gives the IPictureDisp for the COM edge.
 #pragma once
 
-#include <oaidl.h>
-
 #include "platform/pictures.h"
 
+struct IPicture;
+struct IDispatch;
+
 namespace telvaro::win32 {
+
+// A picture object over the platform's picture, taking over the reference
+// given (nullptr makes the empty picture).
+ObjectRef platformPicture(IPicture* picture, String source);
+// The IDispatch of a picture object made here, with a reference for the
+// receiver; nullptr for any other object.
+IDispatch* pictureDispatch(const Object& object);
 
 class Win32Pictures : public Pictures {
 public:
@@ -16,11 +24,5 @@ public:
                          StringView name) override;
     ObjectRef load(StringView windowsPath) override;
 };
-
-// The platform's IPictureDisp behind a picture this service made, with a
-// reference for whoever receives it; null for any other object and for an
-// empty picture. Pictures leave the server as themselves, so a caller's
-// control can show them.
-IDispatch* nativePictureDispatch(const Object& object);
 
 }  // namespace telvaro::win32

@@ -1,10 +1,15 @@
 #include "objects/control.h"
 
+#include "objects/window_registry.h"
 #include "runtime/error.h"
 
 namespace telvaro::objects {
 
-Control::Control(String name) : name_(std::move(name)), hwnd_(newWindowHandle()), font_(std::make_shared<Font>()) {}
+Control::Control(String name) : name_(std::move(name)), hwnd_(newWindowHandle()), font_(std::make_shared<Font>()) {
+    registerWindow(hwnd_, this);
+}
+
+Control::~Control() { unregisterWindow(hwnd_, this); }
 
 void Control::setFont(std::shared_ptr<Font> font) {
     if (!font) raise(err::InvalidPropertyValue);

@@ -18,6 +18,7 @@ namespace telvaro::objects {
 class Control : public CallerObject {
 public:
     explicit Control(String name);
+    ~Control() override;  // leaves the list of windows (window_registry.h)
 
     const String& name() const { return name_; }
     void setName(String name) { name_ = std::move(name); }

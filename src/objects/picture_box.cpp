@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "objects/window_registry.h"
 #include "runtime/error.h"
 
 namespace telvaro::objects {
@@ -18,7 +19,11 @@ std::int32_t pixels(double twips) {
 
 }  // namespace
 
-PictureBox::PictureBox(String name) : Control(std::move(name)), hdc_(newWindowHandle()) {}
+PictureBox::PictureBox(String name) : Control(std::move(name)), hdc_(newWindowHandle()) {
+    registerWindow(hdc_, this);
+}
+
+PictureBox::~PictureBox() { unregisterWindow(hdc_, this); }
 
 const MemberTable& PictureBox::members() const {
     static const MemberTable table(commonMemberNames(), {u"Picture", u"Image", u"AutoRedraw", u"AutoSize",

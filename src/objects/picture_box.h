@@ -15,6 +15,7 @@ public:
     static constexpr std::int32_t kMaxImageSide = 4096;
 
     explicit PictureBox(String name = u"Picture1");
+    ~PictureBox() override;
 
     String typeName() const override { return u"PictureBox"; }
 

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+#include "platform/display.h"
 #include "platform/environment.h"
 #include "platform/file_system.h"
 #include "platform/message_box.h"
@@ -32,6 +33,7 @@ public:
     ObjectFactory& objectFactory() const { return *objectFactory_; }
     Pictures& pictures() const { return *pictures_; }
     ProgressDisplay& progressDisplay() const { return *progressDisplay_; }
+    DisplayService& display() const { return *display_; }
 
     void use(std::shared_ptr<MessageBoxService> s) { messageBoxes_ = std::move(s); }
     void use(std::shared_ptr<ProfileFiles> s) { profileFiles_ = std::move(s); }
@@ -43,6 +45,7 @@ public:
     void use(std::shared_ptr<ObjectFactory> s) { objectFactory_ = std::move(s); }
     void use(std::shared_ptr<Pictures> s) { pictures_ = std::move(s); }
     void use(std::shared_ptr<ProgressDisplay> s) { progressDisplay_ = std::move(s); }
+    void use(std::shared_ptr<DisplayService> s) { display_ = std::move(s); }
 
 private:
     std::shared_ptr<MessageBoxService> messageBoxes_;
@@ -57,6 +60,7 @@ private:
     std::shared_ptr<Pictures> pictures_;
     // Until a host gives its own, the progress form is seen nowhere.
     std::shared_ptr<ProgressDisplay> progressDisplay_ = std::make_shared<SilentProgressDisplay>();
+    std::shared_ptr<DisplayService> display_;
 };
 
 }  // namespace telvaro
