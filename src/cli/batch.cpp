@@ -10,6 +10,7 @@
 #include "cli/json_values.h"
 #include "cli/object_json.h"
 #include "cli/object_kinds.h"
+#include "cli/print_deliveries.h"
 #include "context/fun.h"
 #include "frame/invoke.h"
 #include "host/default_platform.h"
@@ -110,6 +111,7 @@ json answer(const json& request) {
     ScriptedPlatform platform(defaultPlatform(), std::move(answers));
     const auto windows = std::make_shared<posix::WindowEffects>();
     platform.use(std::shared_ptr<Windows>(windows));
+    const auto printing = recordPrinting(platform);
     json out{{"id", id}};
     try {
         Fun fun(platform);
@@ -121,6 +123,7 @@ json answer(const json& request) {
     out["byref"] = byRefOf(args, hooks);
     out["messages"] = messagesOf(platform);
     if (!windows->effects().empty()) out["windows"] = windowsOf(*windows);
+    if (printing && !printing->deliveries().empty()) out["printed"] = printedOf(*printing);
     return out;
 }
 

@@ -13,6 +13,7 @@
 #include "forms/enabling.h"
 #include "forms/form_texts.h"
 #include "forms/number_keys.h"
+#include "forms/printing.h"
 #include "forms/record_changes.h"
 #include "forms/window_tricks.h"
 #include "grid/check_boxes.h"
@@ -133,6 +134,11 @@ const std::vector<Binding>& bindings() {
         bind<&forms::fn_FormSiempreVisible>("fn_FormSiempreVisible"),
         bind<&forms::fn_VentanaFlotante>("fn_VentanaFlotante"),
         bind<&forms::fn_MoverControl>("fn_MoverControl"),
+        // Printing
+        bind<&forms::fn_FijaImpresora>("fn_FijaImpresora"),
+        bind<&forms::ImprimeForm>("ImprimeForm"),
+        bind<&forms::SeparaEnLineasImprimir>("SeparaEnLineasImprimir"),
+        bind<&forms::LimitaTamTexto>("LimitaTamTexto"),
         // Database: queries, lists and record navigation
         bind<&db::regDevuelveDatoCampoSQL>("regDevuelveDatoCampoSQL"),
         bind<&db::regUltimoCodigo>("regUltimoCodigo"),

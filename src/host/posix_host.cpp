@@ -3,6 +3,8 @@
 #include "host/default_platform.h"
 #include "platform/posix/home.h"
 #include "host/posix_pictures.h"
+#include "objects/picture.h"
+#include "platform/posix/pdf_printing.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_profile_files.h"
@@ -32,6 +34,14 @@ Platform posixPlatform() {
     p.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>(
         [dataServices](StringView progId) { return data::createDataObject(progId, dataServices); })));
     p.use(std::shared_ptr<Pictures>(std::make_shared<posix::PosixPictures>()));
+    // Printed pictures are the library's own picture objects.
+    p.use(std::shared_ptr<Printing>(std::make_shared<posix::PdfPrinting>(
+        [](const Variant& v) -> std::optional<posix::PrintPixels> {
+            if (!v.isObject()) return std::nullopt;
+            const auto* picture = dynamic_cast<const objects::Picture*>(v.object().get());
+            if (!picture || picture->isEmpty()) return std::nullopt;
+            return posix::PrintPixels{picture->width(), picture->height(), picture->pixels()};
+        })));
     return p;
 }
 

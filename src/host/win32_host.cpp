@@ -4,6 +4,7 @@
 #include "platform/win32/win32_environment.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_message_box.h"
+#include "platform/win32/win32_printing.h"
 #include "platform/win32/win32_profile_files.h"
 #include "platform/win32/win32_regional_store.h"
 #include "platform/win32/win32_registry.h"
@@ -24,6 +25,7 @@ Platform win32Platform() {
     p.use(std::shared_ptr<Environment>(std::make_shared<win32::Win32Environment>()));
     p.use(std::shared_ptr<Windows>(std::make_shared<win32::Win32Windows>()));
     p.use(std::shared_ptr<Pictures>(std::make_shared<win32::Win32Pictures>()));
+    p.use(std::shared_ptr<Printing>(std::make_shared<win32::Win32Printing>()));
     return p;
 }
 

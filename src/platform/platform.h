@@ -12,6 +12,7 @@
 #include "platform/message_box.h"
 #include "platform/object_factory.h"
 #include "platform/pictures.h"
+#include "platform/printing.h"
 #include "platform/profile_files.h"
 #include "platform/regional_store.h"
 #include "platform/registry.h"
@@ -30,6 +31,8 @@ public:
     Windows& windows() const { return *windows_; }
     ObjectFactory& objectFactory() const { return *objectFactory_; }
     Pictures& pictures() const { return *pictures_; }
+    // Error 482 (printer error) on a platform that was given no printing.
+    Printing& printing() const;
 
     void use(std::shared_ptr<MessageBoxService> s) { messageBoxes_ = std::move(s); }
     void use(std::shared_ptr<ProfileFiles> s) { profileFiles_ = std::move(s); }
@@ -40,6 +43,8 @@ public:
     void use(std::shared_ptr<Windows> s) { windows_ = std::move(s); }
     void use(std::shared_ptr<ObjectFactory> s) { objectFactory_ = std::move(s); }
     void use(std::shared_ptr<Pictures> s) { pictures_ = std::move(s); }
+    void use(std::shared_ptr<Printing> s) { printing_ = std::move(s); }
+    const std::shared_ptr<Printing>& printingService() const { return printing_; }
 
 private:
     std::shared_ptr<MessageBoxService> messageBoxes_;
@@ -52,6 +57,7 @@ private:
     // Until a host gives its own, no class can be created (429).
     std::shared_ptr<ObjectFactory> objectFactory_ = std::make_shared<FunctionObjectFactory>();
     std::shared_ptr<Pictures> pictures_;
+    std::shared_ptr<Printing> printing_;
 };
 
 }  // namespace telvaro
