@@ -368,6 +368,7 @@ void fn_FijaImpresora(Fun& fun, const String& Puerto) { choosePrinterByPort(fun.
 void ImprimeForm(Fun& fun, const ObjectRef& Formulario, const String& NoEstosTags, const String& NombreContenedor,
                  double X_ini, double Y_ini, Boolean SelecPrinter, std::int32_t AnchoPapel, std::int32_t AltoPapel,
                  std::int16_t Copias, std::int16_t MismoPapel, const String& PuertoPrn, std::int16_t LineaRegresar) {
+    if (Copias < 1) return;  // no copy asked for: nothing goes to the printer
     SkipErrors onError;
     Printing* printing = nullptr;
     onError([&] { printing = &fun.platform().printing(); });

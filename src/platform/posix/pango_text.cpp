@@ -16,6 +16,8 @@ std::unique_ptr<PangoContext, ContextDeleter> newContext() {
     PangoFontMap* fontMap = pango_cairo_font_map_get_default();
     PangoContext* context = pango_font_map_create_context(fontMap);
     pango_cairo_context_set_resolution(context, 72.0);
+    // Glyphs at their true advances, not rounded to whole points.
+    pango_context_set_round_glyph_positions(context, FALSE);
     cairo_font_options_t* options = cairo_font_options_create();
     cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
     cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);

@@ -4,6 +4,7 @@
 #include <cups/cups.h>
 #include <cups/pwg.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -96,6 +97,7 @@ public:
         std::string pattern = (folder_ / ("." + safeName(title_) + ".pdf.telvaro-tmp-XXXXXX")).string();
         const int fd = ::mkstemp(pattern.data());
         if (fd < 0) printerError(u"the document cannot be written in " + fromUtf8(folder_.string()));
+        ::fchmod(fd, 0644);  // readable as any other document the user keeps
         ::close(fd);
         temporary_ = pattern;
         surface_ = cairo_pdf_surface_create(temporary_.c_str(), std::max(points(pageWidth), 1.0),
