@@ -389,6 +389,9 @@ void ImprimeForm(Fun& fun, const ObjectRef& Formulario, const String& NoEstosTag
     FormReader reader(*printing, onError);
     onError([&] { reader.read(callers::Control{form}, NoEstosTags, NombreContenedor); });
 
+    // As the runtime's printer, a document with nothing drawn on it is never
+    // started: a form that could not be read prints no blank sheet.
+    if (reader.items.empty()) return;
     std::unique_ptr<PrintDocument> doc;
     onError([&] { doc = printing->startDocument(title, pageWidth, pageHeight); });
     if (!doc) return;

@@ -34,6 +34,15 @@ std::shared_ptr<objects::Label> label(String name, String caption, double left, 
     return l;
 }
 
+// A label whose Caption cannot be read.
+class BrokenLabel : public objects::Label {
+protected:
+    Variant dispatch(int id, const objects::MemberCall& call) override {
+        if (id == CommonMemberCount) raise(err::InvalidProcedureCall);  // Caption, its first own member
+        return Label::dispatch(id, call);
+    }
+};
+
 class PrintForm : public PrintingTest {
 protected:
     // An invoice form: a title, a client, a paid check box, a cash option, a
@@ -183,12 +192,18 @@ TEST_F(PrintForm, PicturesAreDrawnInTheirBox) {
 }
 
 TEST_F(PrintForm, AFailingStatementIsSkipped) {
-    // A text box is no form: it has no Controls, and the page comes out empty.
+    // A text box is no form: it has no Controls, so nothing is drawn and no
+    // blank sheet comes out.
     const auto box = std::make_shared<objects::TextBox>(u"txt");
     EXPECT_EQ(errorOf("ImprimeForm", {Variant(ObjectRef(box)), Variant(String())}), 0);
-    EXPECT_TRUE(pdfWords(printedFile()).empty());
     // Nothing at all: still no error.
     EXPECT_EQ(errorOf("ImprimeForm", {Variant(ObjectRef()), Variant(String())}), 0);
+    EXPECT_TRUE(printing_->deliveries().empty());
+    // A label whose Caption fails is left out; the rest is printed.
+    form_->add(placed(std::make_shared<BrokenLabel>(), 600, 7600, 3000, 300));
+    form_->add(label(u"lblPie", u"PIE", 600, 8000));
+    print();
+    EXPECT_NE(find(pdfWords(printedFile()), "PIE"), nullptr);
 }
 
 TEST_F(PrintForm, ThePrintedFileIsWholeAndAloneInPrints) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/win32/win32_text.h"
+#include "runtime/convert.h"
 #include "runtime/object.h"
 
 namespace telvaro::win32 {
