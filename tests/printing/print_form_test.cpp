@@ -184,6 +184,23 @@ TEST_F(PrintForm, PaperSizeContainerAndLinesBack) {
     EXPECT_LE(words[0].yMax * kTwipsPerPoint, 200 + 480 - 240 + 300 + 20);
 }
 
+TEST_F(PrintForm, GridCellsKeepTheirBackColours) {
+    grid_->formatCell(2, 2, [](objects::CellFormat& c) { c.backColor = 0xFF0000; });  // blue, as 0x00BBGGRR
+    print();
+    struct Case {
+        const char* label;
+        int x, y;  // points: the middle of the cell
+        std::uint32_t rgb;
+    };
+    const Case cases[] = {
+        {"a fixed cell is light grey", (600 + 750) / 20, (4000 + 150) / 20, 0xE0E0E0},
+        {"a plain cell is the paper", (600 + 1500 + 750) / 20, (4000 + 600 + 150) / 20, 0xFFFFFF},
+        {"the fixed column is light grey too", (600 + 750) / 20, (4000 + 600 + 150) / 20, 0xE0E0E0},
+        {"a coloured cell", (600 + 3000 + 750) / 20, (4000 + 600 + 150) / 20, 0x0000FF},
+    };
+    for (const auto& c : cases) EXPECT_EQ(pdfPixel(printedFile(), c.x, c.y), c.rgb) << c.label;
+}
+
 TEST_F(PrintForm, PicturesAreDrawnInTheirBox) {
     print();
     // The picture box at (600, 6000), 600 twips a side: 30 to 60 points.
