@@ -59,7 +59,8 @@ void splitDirect(benchmark::State& state) {
         std::vector<std::string> found;
         for (GSList* l = pango_layout_get_lines_readonly(layout); l; l = l->next) {
             const auto* line = static_cast<const PangoLayoutLine*>(l->data);
-            found.emplace_back(text, static_cast<std::size_t>(line->start_index), static_cast<std::size_t>(line->length));
+            found.emplace_back(text, static_cast<std::size_t>(line->start_index),
+                               static_cast<std::size_t>(line->length));
         }
         lines = found.size();
         benchmark::DoNotOptimize(lines);

@@ -125,8 +125,8 @@ bool looksNumeric(StringView text) {
     for (char16_t c : t) {
         if (c >= u'0' && c <= u'9')
             digit = true;
-        else if (c != u'.' && c != u',' && c != u'-' && c != u'+' && c != u'$' && c != u'%' && c != u'(' &&
-                 c != u')' && c != u' ')
+        else if (c != u'.' && c != u',' && c != u'-' && c != u'+' && c != u'$' && c != u'%' && c != u'(' && c != u')' &&
+                 c != u' ')
             return false;
     }
     return digit;
@@ -142,9 +142,8 @@ public:
 
     void read(const callers::Control& form, const String& tags, StringView container) {
         const auto excluded = tagList(tags);
-        form.forEachControl([&](const Variant& v) {
-            onError_([&] { readControl(callers::PrintedControl{v}, excluded, container); });
-        });
+        form.forEachControl(
+            [&](const Variant& v) { onError_([&] { readControl(callers::PrintedControl{v}, excluded, container); }); });
         std::stable_sort(items.begin(), items.end(), [](const Item& a, const Item& b) { return a.layer < b.layer; });
     }
 
@@ -185,14 +184,15 @@ private:
         if (kind == u"Label") {
             const PrintFont font = fontOf(c);
             const std::int16_t align = orElse([&] { return c.alignment(); }, std::int16_t(0));
-            add(1, block(printing_, printing_.splitLines(c.caption(), w, font), font, foreColor(c), align, 0), x, y, w, h);
+            add(1, block(printing_, printing_.splitLines(c.caption(), w, font), font, foreColor(c), align, 0), x, y, w,
+                h);
         } else if (kind == u"TextBox" || kind == u"ComboBox") {
             const PrintFont font = fontOf(c);
             const std::int16_t align = orElse([&] { return c.alignment(); }, std::int16_t(0));
             const String text = c.text();
             const bool several = orElse([&] { return c.multiLine(); }, false);
-            auto lines = several ? printing_.splitLines(text, w - 2 * kPad, font)
-                                 : cutLine(printing_, text, w - 2 * kPad, font);
+            auto lines =
+                several ? printing_.splitLines(text, w - 2 * kPad, font) : cutLine(printing_, text, w - 2 * kPad, font);
             add(1, block(printing_, std::move(lines), font, foreColor(c), align, several ? 0 : 1), x + kPad, y,
                 w - 2 * kPad, h);
         } else if (kind == u"CheckBox" || kind == u"OptionButton") {
@@ -274,8 +274,7 @@ private:
         Variant picture;
     };
 
-    void addGrid(const callers::PrintedGrid& grid, const PrintFont& gridFont, double x, double y, double w,
-                 double h) {
+    void addGrid(const callers::PrintedGrid& grid, const PrintFont& gridFont, double x, double y, double w, double h) {
         const std::int32_t rows = grid.rows(), cols = grid.cols();
         const std::int32_t fixedRows = orElse([&] { return grid.fixedRows(); }, 0);
         const std::int32_t fixedCols = orElse([&] { return grid.fixedCols(); }, 0);
@@ -288,8 +287,9 @@ private:
             for (std::int32_t c = 0; c < cols && cx < x + w; ++c) {
                 const double cw = std::min(std::max(0.0, grid.colWidthValue(c)), x + w - cx);
                 if (cw > 0 && rh > 0)
-                    onError_([&] { cells.push_back(readCell(grid, r, c, r < fixedRows || c < fixedCols, gridFont,
-                                                            cx, cy, cw, rh)); });
+                    onError_([&] {
+                        cells.push_back(readCell(grid, r, c, r < fixedRows || c < fixedCols, gridFont, cx, cy, cw, rh));
+                    });
                 cx += cw;
             }
             cy += rh;
@@ -325,16 +325,22 @@ private:
         const std::int16_t align = orElse([&] { return grid.cellAlignment(); }, std::int16_t(9));
         // Alignment: 0-2 left, 3-5 centre, 6-8 right (top, centre, bottom in
         // each); 9, general, puts numbers on the right and texts on the left.
-        int horizontal = align >= 0 && align <= 8 ? (align / 3 == 0 ? 0 : align / 3 == 1 ? 2 : 1)
-                                                   : (looksNumeric(text) && !fixed ? 1 : 0);
+        int horizontal = align >= 0 && align <= 8 ? (align / 3 == 0   ? 0
+                                                     : align / 3 == 1 ? 2
+                                                                      : 1)
+                                                  : (looksNumeric(text) && !fixed ? 1 : 0);
         const int vertical = align >= 0 && align <= 8 ? align % 3 : 1;
         const double textW = std::max(0.0, w - 2 * kPad);
         // A row tall enough for two lines wraps its texts; else each is cut
         // to the column's width.
         const double lineH = printing_.lineHeight(font);
         auto lines = h >= 2 * lineH ? printing_.splitLines(text, textW, font) : cutLine(printing_, text, textW, font);
-        Cell cell{x, y, w, h, std::nullopt, block(printing_, std::move(lines), font, fore ? fore : kBlack, horizontal,
-                                                  vertical),
+        Cell cell{x,
+                  y,
+                  w,
+                  h,
+                  std::nullopt,
+                  block(printing_, std::move(lines), font, fore ? fore : kBlack, horizontal, vertical),
                   Variant()};
         if (back != 0)
             cell.fill = back;

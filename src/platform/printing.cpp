@@ -52,8 +52,7 @@ Printing& Platform::printing() const {
     return *printing_;
 }
 
-std::unique_ptr<PrintDocument> RecordingPrinting::startDocument(StringView title, double pageWidth,
-                                                                double pageHeight) {
+std::unique_ptr<PrintDocument> RecordingPrinting::startDocument(StringView title, double pageWidth, double pageHeight) {
     return std::make_unique<RecordedDocument>(inner_->startDocument(title, pageWidth, pageHeight), deliveries_);
 }
 

@@ -39,9 +39,9 @@ struct PrinterInfo {
 
 // Where a finished document went: the printer and its job, or the file.
 struct PrintDelivery {
-    String printer;         // empty when the document stayed as a file
-    std::int32_t job = 0;   // the printer's job number
-    String file;            // the PDF left under <home>/prints/, when no printer took it
+    String printer;        // empty when the document stayed as a file
+    std::int32_t job = 0;  // the printer's job number
+    String file;           // the PDF left under <home>/prints/, when no printer took it
     std::int32_t pages = 0;
 };
 
@@ -101,8 +101,7 @@ public:
 
     // A new document of pages of the given size, printed on the current
     // printer; `title` names the job (and the file when it stays one).
-    virtual std::unique_ptr<PrintDocument> startDocument(StringView title, double pageWidth,
-                                                         double pageHeight) = 0;
+    virtual std::unique_ptr<PrintDocument> startDocument(StringView title, double pageWidth, double pageHeight) = 0;
 };
 
 // A printing service that passes everything on and keeps the deliveries,

@@ -69,11 +69,12 @@ public:
         for (const char* sub : {"filter", "daemon", "cgi-bin", "notifier", "monitor"})
             fs::create_symlink(fs::path("/usr/lib/cups") / sub, dir_ / "bin" / sub);
         const fs::path backend = dir_ / "bin/backend/telvaro";
-        std::ofstream(backend) << "#!/bin/sh\n"
-                                  "[ $# -eq 0 ] && { echo 'direct telvaro \"Unknown\" \"Telvaro test file\"'; exit 0; }\n"
-                                  "out=\"${DEVICE_URI#telvaro:}\"\n"
-                                  "if [ -n \"$6\" ]; then cat \"$6\" > \"$out.part\"; else cat > \"$out.part\"; fi "
-                                  "&& chmod 644 \"$out.part\" && mv \"$out.part\" \"$out\"\n";
+        std::ofstream(backend)
+            << "#!/bin/sh\n"
+               "[ $# -eq 0 ] && { echo 'direct telvaro \"Unknown\" \"Telvaro test file\"'; exit 0; }\n"
+               "out=\"${DEVICE_URI#telvaro:}\"\n"
+               "if [ -n \"$6\" ]; then cat \"$6\" > \"$out.part\"; else cat > \"$out.part\"; fi "
+               "&& chmod 644 \"$out.part\" && mv \"$out.part\" \"$out\"\n";
         ::chmod(backend.c_str(), 0700);  // a backend that is not world-readable runs as cupsd's own user
         port_ = freePort();
         std::ofstream(dir_ / "cupsd.conf") << "Listen 127.0.0.1:" << port_ << "\nServerName 127.0.0.1\nLogLevel info\n"
@@ -87,10 +88,10 @@ public:
             << "/state\nCacheDir " << d << "/cache\nDataDir /usr/share/cups\nServerBin " << d << "/bin\n"
             << "AccessLog " << d << "/access_log\nErrorLog " << d << "/error_log\nPageLog " << d << "/page_log\n"
             << "Printcap " << d << "/printcap\n";
-        std::ofstream(dir_ / "printers.conf") << "<DefaultPrinter telvaro_a>\nDeviceURI " << uri("a")
-                                              << "\nState Idle\nAccepting Yes\nShared No\n</DefaultPrinter>\n"
-                                              << "<Printer telvaro_b>\nDeviceURI " << uri("b")
-                                              << "\nState Idle\nAccepting Yes\nShared No\n</Printer>\n";
+        std::ofstream(dir_ / "printers.conf")
+            << "<DefaultPrinter telvaro_a>\nDeviceURI " << uri("a")
+            << "\nState Idle\nAccepting Yes\nShared No\n</DefaultPrinter>\n"
+            << "<Printer telvaro_b>\nDeviceURI " << uri("b") << "\nState Idle\nAccepting Yes\nShared No\n</Printer>\n";
         pid_ = ::fork();
         if (pid_ == 0) {
             const int log = ::open((dir_ / "cupsd.out").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
@@ -150,8 +151,8 @@ protected:
         title->caption = u"RECIBO";
         title->width = 3000;
         form->add(title);
-        call("ImprimeForm", {Variant(ObjectRef(form)), Variant(String()), Variant(String()), Variant(0.0),
-                             Variant(0.0), Variant(False), Variant(std::int32_t(0)), Variant(std::int32_t(0)),
+        call("ImprimeForm", {Variant(ObjectRef(form)), Variant(String()), Variant(String()), Variant(0.0), Variant(0.0),
+                             Variant(False), Variant(std::int32_t(0)), Variant(std::int32_t(0)),
                              Variant(std::int16_t(1)), Variant(std::int16_t(0)), Variant(port)});
     }
 

@@ -15,10 +15,11 @@ class PrintBatch : public PrintingTest {};
 
 TEST_F(PrintBatch, TheAnswerNamesTheKeptFile) {
     const std::string input = ::testing::TempDir() + "print_batch.jsonl";
-    std::ofstream(input)
-        << R"({"id":1,"method":"ImprimeForm","args":[{"object":"form","name":"frmNota","controls":[)"
-        << R"({"object":"textbox","name":"txtNota","text":"Entregado"}]},""]})" << "\n"
-        << R"({"id":2,"method":"LimitaTamTexto","args":["abc",100,"no es una fuente"]})" << "\n";
+    std::ofstream(input) << R"({"id":1,"method":"ImprimeForm","args":[{"object":"form","name":"frmNota","controls":[)"
+                         << R"({"object":"textbox","name":"txtNota","text":"Entregado"}]},""]})"
+                         << "\n"
+                         << R"({"id":2,"method":"LimitaTamTexto","args":["abc",100,"no es una fuente"]})"
+                         << "\n";
     const std::string out = commandOutput(std::string(TELVARO_BINARY) + " batch < " + input);
     std::vector<json> answers;
     std::istringstream lines(out);

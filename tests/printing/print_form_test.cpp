@@ -130,8 +130,8 @@ TEST_F(PrintForm, EachControlIsPrintedAtItsPlaceFromTheStartingPoint) {
 TEST_F(PrintForm, GridCellsAreCutToTheirColumnAndNumbersGoRight) {
     print();
     const auto words = pdfWords(printedFile());
-    const Variant cut = call("LimitaTamTexto", {Variant(String(u"ABCDEFGHIJKLMNOPQRSTUVWXYZ")), Variant(1500.0 - 60),
-                                                Variant(font())});
+    const Variant cut =
+        call("LimitaTamTexto", {Variant(String(u"ABCDEFGHIJKLMNOPQRSTUVWXYZ")), Variant(1500.0 - 60), Variant(font())});
     ASSERT_LT(toString(cut).size(), 26u);
     EXPECT_NE(find(words, toUtf8(toString(cut))), nullptr) << "the cell as LimitaTamTexto cuts it";
     const PdfWord* amount = find(words, "1234.50");

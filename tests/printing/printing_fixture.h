@@ -50,8 +50,8 @@ inline std::vector<PdfWord> pdfWords(const std::string& path) {
             ++page;
             continue;
         }
-        words.push_back({page, std::stod(m.str(1)), std::stod(m.str(2)), std::stod(m.str(3)), std::stod(m.str(4)),
-                         m.str(5)});
+        words.push_back(
+            {page, std::stod(m.str(1)), std::stod(m.str(2)), std::stod(m.str(3)), std::stod(m.str(4)), m.str(5)});
     }
     return words;
 }

@@ -118,8 +118,8 @@ std::vector<String> splitLinesPoints(StringView text, double width, const PrintF
         std::size_t start = static_cast<std::size_t>(line->start_index);
         std::size_t end = start + static_cast<std::size_t>(line->length);
         // Line breaks end a paragraph; blanks at the end of a line are dropped.
-        while (end > start && (utf8[end - 1] == ' ' || utf8[end - 1] == '\t' || utf8[end - 1] == '\r' ||
-                               utf8[end - 1] == '\n'))
+        while (end > start &&
+               (utf8[end - 1] == ' ' || utf8[end - 1] == '\t' || utf8[end - 1] == '\r' || utf8[end - 1] == '\n'))
             --end;
         lines.push_back(fromUtf8(std::string_view(utf8).substr(start, end - start)));
     }

@@ -58,10 +58,11 @@ void setColor(cairo_t* cr, std::int32_t color) {
     auto c = static_cast<std::uint32_t>(color);
     if (c & 0x80000000u) {
         switch (c & 0xFFu) {
-            case 5: c = 0xFFFFFF; break;            // window background
-            case 15: case 4: c = 0xF0F0F0; break;   // button face, menu
-            case 16: c = 0xA0A0A0; break;           // button shadow
-            default: c = 0x000000; break;           // the texts
+            case 5: c = 0xFFFFFF; break;  // window background
+            case 15:
+            case 4: c = 0xF0F0F0; break;   // button face, menu
+            case 16: c = 0xA0A0A0; break;  // button shadow
+            default: c = 0x000000; break;  // the texts
         }
     }
     cairo_set_source_rgb(cr, (c & 0xFF) / 255.0, ((c >> 8) & 0xFF) / 255.0, ((c >> 16) & 0xFF) / 255.0);
@@ -71,8 +72,8 @@ std::string safeName(StringView title) {
     std::string name;
     for (char16_t c : title) {
         if (name.size() >= 60) break;
-        const bool plain = (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') ||
-                           c == u'-' || c == u'_';
+        const bool plain =
+            (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || c == u'-' || c == u'_';
         name.push_back(plain ? static_cast<char>(c) : '_');
     }
     return name.empty() ? std::string("impresion") : name;
@@ -207,8 +208,8 @@ public:
         delivery.pages = pages_;
         if (!printer_.empty()) {
             const std::string name = toUtf8(printer_);
-            const int job = cupsPrintFile2(CUPS_HTTP_DEFAULT, name.c_str(), temporary_.c_str(),
-                                           toUtf8(title_).c_str(), 0, nullptr);
+            const int job =
+                cupsPrintFile2(CUPS_HTTP_DEFAULT, name.c_str(), temporary_.c_str(), toUtf8(title_).c_str(), 0, nullptr);
             discard();
             if (job <= 0) printerError(printer_ + u": " + fromUtf8(cupsLastErrorString()));
             delivery.printer = printer_;

@@ -1,6 +1,7 @@
 #include "platform/win32/win32_printing.h"
 
 #include <windows.h>
+// After windows.h, which they need.
 #include <commdlg.h>
 #include <winspool.h>
 
@@ -106,16 +107,14 @@ std::optional<DEVMODEW*> devModeFor(HANDLE printer, const std::wstring& name, st
     if (size <= 0) return std::nullopt;
     buffer.assign(static_cast<std::size_t>(size), 0);
     auto* mode = reinterpret_cast<DEVMODEW*>(buffer.data());
-    if (DocumentPropertiesW(nullptr, printer, const_cast<wchar_t*>(name.c_str()), mode, nullptr, DM_OUT_BUFFER) !=
-        IDOK)
+    if (DocumentPropertiesW(nullptr, printer, const_cast<wchar_t*>(name.c_str()), mode, nullptr, DM_OUT_BUFFER) != IDOK)
         return std::nullopt;
     return mode;
 }
 
 class GdiDocument : public PrintDocument {
 public:
-    GdiDocument(StringView title, double pageWidth, double pageHeight, String printer)
-        : printer_(std::move(printer)) {
+    GdiDocument(StringView title, double pageWidth, double pageHeight, String printer) : printer_(std::move(printer)) {
         if (printer_.empty()) printerError(u"no printer is installed");
         const std::wstring name = wide(printer_);
         // The paper asked for, in tenths of a millimetre.
@@ -129,7 +128,8 @@ public:
                     mode->dmFields |= DM_PAPERSIZE | DM_PAPERWIDTH | DM_PAPERLENGTH;
                     mode->dmPaperSize = DMPAPER_USER;
                     mode->dmPaperWidth = static_cast<short>(std::clamp(pageWidth * 254 / kTwipsPerInch, 1.0, 32767.0));
-                    mode->dmPaperLength = static_cast<short>(std::clamp(pageHeight * 254 / kTwipsPerInch, 1.0, 32767.0));
+                    mode->dmPaperLength =
+                        static_cast<short>(std::clamp(pageHeight * 254 / kTwipsPerInch, 1.0, 32767.0));
                 }
             }
             ClosePrinter(handle);
@@ -217,8 +217,8 @@ public:
         if (!picture.isObject() || !picture.object()) return;
         const ObjectHandle object = objectOf(picture);
         if (toLong(object.get(u"Type")) != 1) return;
-        auto bitmap = reinterpret_cast<HBITMAP>(static_cast<std::uintptr_t>(static_cast<std::uint32_t>(
-            toLong(object.get(u"Handle")))));
+        auto bitmap = reinterpret_cast<HBITMAP>(
+            static_cast<std::uintptr_t>(static_cast<std::uint32_t>(toLong(object.get(u"Handle")))));
         BITMAP bm{};
         if (!GetObjectW(bitmap, sizeof bm, &bm) || bm.bmWidth <= 0 || bm.bmHeight <= 0) return;
         BITMAPINFO info{};
@@ -230,8 +230,8 @@ public:
         info.bmiHeader.biCompression = BI_RGB;
         std::vector<std::uint32_t> pixels(static_cast<std::size_t>(bm.bmWidth) * static_cast<std::size_t>(bm.bmHeight));
         HDC screen = GetDC(nullptr);
-        const int rows = GetDIBits(screen, bitmap, 0, static_cast<UINT>(bm.bmHeight), pixels.data(), &info,
-                                   DIB_RGB_COLORS);
+        const int rows =
+            GetDIBits(screen, bitmap, 0, static_cast<UINT>(bm.bmHeight), pixels.data(), &info, DIB_RGB_COLORS);
         ReleaseDC(nullptr, screen);
         if (rows <= 0) return;
         StretchDIBits(dc_, twips(x), twips(y), twips(width), twips(height), 0, 0, bm.bmWidth, bm.bmHeight,
