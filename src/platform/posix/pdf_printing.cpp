@@ -230,7 +230,14 @@ private:
                 discard();
                 return target;
             }
-            if (errno != EEXIST) break;
+            // A file system without hard links: a rename, after looking.
+            if ((errno == EPERM || errno == EOPNOTSUPP) && !fs::exists(target) &&
+                ::rename(temporary_.c_str(), target.c_str()) == 0) {
+                temporary_.clear();
+                discard();
+                return target;
+            }
+            if (errno != EEXIST && !fs::exists(target)) break;
         }
         discard();
         printerError(u"the document cannot be kept in " + fromUtf8(folder_.string()));
