@@ -10,6 +10,7 @@
 #include "cli/json_values.h"
 #include "cli/object_json.h"
 #include "cli/object_kinds.h"
+#include "cli/print_deliveries.h"
 #include "context/fun.h"
 #include "frame/invoke.h"
 #include "host/default_platform.h"
@@ -133,6 +134,7 @@ json answer(const json& request) {
     const auto windows = std::make_shared<posix::WindowEffects>();
     platform.use(std::shared_ptr<Windows>(windows));
     platform.use(std::shared_ptr<ProgressDisplay>(progressRecorder()));
+    const auto printing = recordPrinting(platform);
     json out{{"id", id}};
     (void)host::takeExportReport();  // only this request's files
     try {
@@ -152,6 +154,7 @@ json answer(const json& request) {
         out["progress"] = std::move(calls);
     }
     addExportedFiles(out);
+    if (printing && !printing->deliveries().empty()) out["printed"] = printedOf(*printing);
     return out;
 }
 

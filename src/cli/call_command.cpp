@@ -6,6 +6,7 @@
 #include "cli/json_values.h"
 #include "context/fun.h"
 #include "frame/invoke.h"
+#include "cli/print_deliveries.h"
 #include "host/default_platform.h"
 #include "host/exported_sheets.h"
 #include "runtime/convert.h"
@@ -61,10 +62,22 @@ int callMethod(const std::string& method, const std::vector<std::string>& args, 
     }
     try {
         // The settings in force before any argument is read.
-        Fun fun(defaultPlatform());
+        Platform platform = defaultPlatform();
+        const auto printing = recordPrinting(platform);
+        Fun fun(platform);
         std::vector<Variant> values = callArguments(*info, args, asText);
-        Variant result = invoke(fun, *info, values);
-        reportExportedFiles(err);
+        Variant result = [&] {
+            // Where a document went is said even when the method then failed.
+            struct Report {
+                const std::shared_ptr<RecordingPrinting>& printing;
+                std::ostream& err;
+                ~Report() {
+                    if (printing) reportPrinted(*printing, err);
+                    reportExportedFiles(err);
+                }
+            } report{printing, err};
+            return invoke(fun, *info, values);
+        }();
         printValue(out, result);
         out.flush();
         if (!out) {

@@ -19,6 +19,7 @@
 #include "forms/enabling.h"
 #include "forms/form_texts.h"
 #include "forms/number_keys.h"
+#include "forms/printing.h"
 #include "forms/record_changes.h"
 #include "forms/window_tricks.h"
 #include "grid/check_boxes.h"
@@ -146,6 +147,11 @@ const std::vector<Binding>& bindings() {
         bind<&forms::imgCaptureWindow>("imgCaptureWindow"),
         bind<&forms::imgCaptureScreen>("imgCaptureScreen"),
         bind<&forms::imgCaptureActiveWindow>("imgCaptureActiveWindow"),
+        // Printing
+        bind<&forms::fn_FijaImpresora>("fn_FijaImpresora"),
+        bind<&forms::ImprimeForm>("ImprimeForm"),
+        bind<&forms::SeparaEnLineasImprimir>("SeparaEnLineasImprimir"),
+        bind<&forms::LimitaTamTexto>("LimitaTamTexto"),
         // Database: queries, lists and record navigation
         bind<&db::regDevuelveDatoCampoSQL>("regDevuelveDatoCampoSQL"),
         bind<&db::regUltimoCodigo>("regUltimoCodigo"),

@@ -7,6 +7,8 @@
 #include "platform/posix/home.h"
 #include "host/posix_display.h"
 #include "host/posix_pictures.h"
+#include "objects/picture.h"
+#include "platform/posix/pdf_printing.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
 #include "platform/posix/posix_profile_files.h"
@@ -47,6 +49,14 @@ Platform posixPlatform() {
     p.use(std::shared_ptr<Windows>(std::make_shared<posix::PosixWindows>(display)));
     // frmProg: a bar on stderr when it is a terminal, else nothing seen.
     p.use(std::shared_ptr<ProgressDisplay>(std::make_shared<posix::TerminalProgressDisplay>()));
+    // Printed pictures are the library's own picture objects.
+    p.use(std::shared_ptr<Printing>(std::make_shared<posix::PdfPrinting>(
+        [](const Variant& v) -> std::optional<posix::PrintPixels> {
+            if (!v.isObject()) return std::nullopt;
+            const auto* picture = dynamic_cast<const objects::Picture*>(v.object().get());
+            if (!picture || picture->isEmpty()) return std::nullopt;
+            return posix::PrintPixels{picture->width(), picture->height(), picture->pixels()};
+        })));
     return p;
 }
 

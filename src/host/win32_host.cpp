@@ -5,6 +5,7 @@
 #include "platform/win32/win32_environment.h"
 #include "platform/win32/win32_file_system.h"
 #include "platform/win32/win32_message_box.h"
+#include "platform/win32/win32_printing.h"
 #include "platform/win32/win32_profile_files.h"
 #include "platform/win32/win32_progress.h"
 #include "platform/win32/win32_regional_store.h"
@@ -28,6 +29,7 @@ Platform win32Platform() {
     p.use(std::shared_ptr<Pictures>(std::make_shared<win32::Win32Pictures>()));
     p.use(std::shared_ptr<ProgressDisplay>(std::make_shared<win32::Win32ProgressDisplay>()));
     p.use(std::shared_ptr<DisplayService>(std::make_shared<win32::Win32Display>()));
+    p.use(std::shared_ptr<Printing>(std::make_shared<win32::Win32Printing>()));
     return p;
 }
 

@@ -13,6 +13,7 @@
 #include "platform/message_box.h"
 #include "platform/object_factory.h"
 #include "platform/pictures.h"
+#include "platform/printing.h"
 #include "platform/profile_files.h"
 #include "platform/progress_display.h"
 #include "platform/regional_store.h"
@@ -34,6 +35,8 @@ public:
     Pictures& pictures() const { return *pictures_; }
     ProgressDisplay& progressDisplay() const { return *progressDisplay_; }
     DisplayService& display() const { return *display_; }
+    // Error 482 (printer error) on a platform that was given no printing.
+    Printing& printing() const;
 
     void use(std::shared_ptr<MessageBoxService> s) { messageBoxes_ = std::move(s); }
     void use(std::shared_ptr<ProfileFiles> s) { profileFiles_ = std::move(s); }
@@ -46,6 +49,8 @@ public:
     void use(std::shared_ptr<Pictures> s) { pictures_ = std::move(s); }
     void use(std::shared_ptr<ProgressDisplay> s) { progressDisplay_ = std::move(s); }
     void use(std::shared_ptr<DisplayService> s) { display_ = std::move(s); }
+    void use(std::shared_ptr<Printing> s) { printing_ = std::move(s); }
+    const std::shared_ptr<Printing>& printingService() const { return printing_; }
 
 private:
     std::shared_ptr<MessageBoxService> messageBoxes_;
@@ -61,6 +66,7 @@ private:
     // Until a host gives its own, the progress form is seen nowhere.
     std::shared_ptr<ProgressDisplay> progressDisplay_ = std::make_shared<SilentProgressDisplay>();
     std::shared_ptr<DisplayService> display_;
+    std::shared_ptr<Printing> printing_;
 };
 
 }  // namespace telvaro
