@@ -1,3 +1,4 @@
+#include <new>
 #include <ostream>
 
 #include "cli/call_arguments.h"
@@ -88,6 +89,12 @@ int callMethod(const std::string& method, const std::vector<std::string>& args, 
     } catch (const RuntimeError& e) {
         reportExportedFiles(err);
         err << "Error " << e.number() << ": " << toUtf8(e.description()) << '\n';
+        return 1;
+    } catch (const std::bad_alloc&) {
+        // The result itself may not fit: printing a text of millions of
+        // characters needs its UTF-8 copy. The runtime's answer is error 7.
+        const RuntimeError outOfMemory(err::OutOfMemory);
+        err << "Error 7: " << toUtf8(outOfMemory.description()) << '\n';
         return 1;
     }
 }
