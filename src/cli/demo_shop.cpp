@@ -1,15 +1,21 @@
 // The tour of the database helpers, on a small shop kept in the embedded
 // engine: the way a data-entry form uses them, on the library's own list,
 // grid and form standing in for the application's controls.
+#include <cstdlib>
 #include <iomanip>
+#include <sstream>
 #include <algorithm>
 #include <memory>
 #include <vector>
 
 #include "cli/demo_sections.h"
+#include "cli/print_deliveries.h"
+#include "host/exported_sheets.h"
 #include "frame/invoke.h"
 #include "objects/flex_grid.h"
 #include "objects/form.h"
+#include "objects/label.h"
+#include "objects/text_box.h"
 #include "objects/list_control.h"
 #include "platform/scripted_message_box.h"
 #include "runtime/convert.h"
@@ -97,6 +103,44 @@ void navigationSteps(std::ostream& out, Fun& fun, const ObjectRef& connection) {
     move("RegistroSiguiente", "on the last record: ");
 }
 
+// The product form as it looks on screen, printed: a title, the product
+// being edited and the grid, on a page kept as a PDF file.
+void printForm(std::ostream& out, Fun& fun, const std::shared_ptr<objects::FlexGrid>& grid) {
+    auto form = std::make_shared<objects::Form>(u"frmProductos");
+    auto title = std::make_shared<objects::Label>(u"lblTitulo");
+    title->caption = u"Productos de la tienda";
+    title->left = 600;
+    title->top = 300;
+    title->width = 5000;
+    form->add(title);
+    auto name = std::make_shared<objects::TextBox>(u"txtNombre");
+    name->setText(u"Café molido 500 g");
+    name->left = 600;
+    name->top = 900;
+    name->width = 3000;
+    name->height = 300;
+    form->add(name);
+    grid->left = 600;
+    grid->top = 1500;
+    grid->width = 9000;
+    grid->height = 2000;
+    form->add(grid);
+    // The tour's page is kept as a file, never sent to a printer of the
+    // machine: no print server is reachable from here.
+    ::setenv("CUPS_SERVER", "/nonexistent/telvaro-demo.sock", 1);
+    Platform platform = fun.platform();
+    const auto printing = recordPrinting(platform);
+    Fun printingFun(platform);
+    step(out, "ImprimeForm", [&] {
+        call(printingFun, "ImprimeForm", {Variant(ObjectRef(form)), Variant(u"")});
+        out << "  ImprimeForm(frmProductos, \"\")\n";
+        std::ostringstream said;
+        if (printing) reportPrinted(*printing, said);
+        std::istringstream lines(said.str());
+        for (std::string line; std::getline(lines, line);) out << "    " << line << '\n';
+    });
+}
+
 }  // namespace
 
 void shopSection(std::ostream& out, Fun& fun) {
@@ -166,7 +210,12 @@ void shopSection(std::ostream& out, Fun& fun) {
                                         Variant(u"Lista de productos")});
             out << "  ExportExcelReg(cn, \"Código,Producto,Precio,Stock\", \"8,30,10,8\", \"SELECT ...\", "
                    "\"Lista de productos\")\n";
+            const host::ExportReport report = host::takeExportReport();
+            for (const auto& file : report.files) out << "    workbook written: " << file.path.string() << '\n';
+            for (const auto& failure : report.failures)
+                out << "    workbook not written: " << toUtf8(failure.description()) << '\n';
         });
+    if (filled) printForm(out, fun, grid);
     connection->call(u"Close");
 }
 
