@@ -41,8 +41,8 @@ r = fun.fn_ValidaCedula("1710034065", 1, 2)
 CheckError "wrong number of arguments", 450
 r = fun.NoSuchMethod()
 CheckError "unknown method", 438
-r = fun.fn_FijaImpresora("LPT1:")
-CheckError "a method not built yet", 445
+fun.fn_FijaImpresora "NINGUNO:"
+CheckError "a printer port that matches nothing changes nothing", 0
 Err.Clear
 r = fun.numTruncar("abc", 2)
 Check "error source", Err.Source, "Telvaro.Fun"
