@@ -42,7 +42,9 @@ foreach(layer telvaro_host telvaro_sheet telvaro_data telvaro_objects telvaro_fr
               telvaro_callers telvaro_platform telvaro_runtime)
   string(APPEND TELVARO_PC_LIBS " -l${layer}")
 endforeach()
-set(TELVARO_PC_REQUIRES "icu-uc icu-i18n sqlite3 odbc libpng xlsxwriter")
+set(TELVARO_PC_REQUIRES "icu-uc icu-i18n sqlite3 odbc libpng xlsxwriter x11 pangocairo cairo-pdf")
+# CUPS ships no pkg-config file here.
+string(APPEND TELVARO_PC_LIBS " -lcups")
 if(ALSA_FOUND)
   string(APPEND TELVARO_PC_REQUIRES " alsa")
 endif()
