@@ -127,7 +127,13 @@ def main(build, telvaro):
                "Windows [%s] Linux [%s]" % (windows, linux))
     expect(len(answers) == len(calls), "every parity call answered")
 
+    # Wine may still be closing the scripts' processes: "could not be
+    # started" is Wine's, not the server's, and the step is run again once
+    # they are gone.
     code, out = wine.run("regsvr32", "/s", "/u", DLL)
+    if code != 0 and "could not be started" in out:
+        wine.wait()
+        code, out = wine.run("regsvr32", "/s", "/u", DLL)
     expect(code == 0, "regsvr32 /u unregisters telvaro.dll", out)
     wine.wait()
     left = []
