@@ -246,7 +246,7 @@ void runDemo(std::ostream& out) {
     for (const auto& m : catalogue())
         if (findBinding(m.name)) ++built;
     out << "Methods built: " << built << " of " << catalogue().size()
-        << " (telvaro methods --missing lists the others)\n";
+        << (built < catalogue().size() ? " (telvaro methods --missing lists the others)" : "") << '\n';
 }
 
 }  // namespace telvaro::cli
