@@ -12,14 +12,12 @@ Variant CallerObject::invoke(StringView member, InvokeKind kind, std::span<Varia
         ObjectRef child = member.empty() ? nullptr : namedChild(member);
         if (!child || kind == InvokeKind::PropertyPut || kind == InvokeKind::PropertyPutRef || !args.empty())
             raiseNoSuchMember();
-        if (recording_) {
-            childCalls_.emplace_back(member);
-            calls_.push_back({&childCalls_.back(), false});
-        }
+        childCalls_.emplace_back(member);
+        calls_.push_back({&childCalls_.back(), false});
         return Variant(child);
     }
     const bool assignment = kind == InvokeKind::PropertyPut || kind == InvokeKind::PropertyPutRef;
-    if (recording_) calls_.push_back({&table.name(id), assignment});
+    calls_.push_back({&table.name(id), assignment});
     return dispatch(id, MemberCall(kind, args, table.name(id)));
 }
 

@@ -34,10 +34,6 @@ public:
         calls_.clear();
         childCalls_.clear();
     }
-    // Whether calls are recorded (on by default). A host's long-lived
-    // object that nobody reads back (the progress form) turns it off, so
-    // that a long loop does not grow its record.
-    void setRecording(bool on) { recording_ = on; }
 
 protected:
     virtual const MemberTable& members() const = 0;
@@ -60,7 +56,6 @@ private:
     };
     std::vector<Call> calls_;
     std::deque<String> childCalls_;  // the names of the children reached, as spelled
-    bool recording_ = true;
 };
 
 // A new window handle: a distinct non-zero Long for each control and form.
