@@ -84,8 +84,8 @@ BENCHMARK(readLibrary)->Name("regLeeStream 1 MB/library")->Unit(benchmark::kMill
 void readDirect(benchmark::State& state) {
     const std::vector<std::uint8_t> bytes = someBytes();
     const auto file = benchFolder() / "directo.bin";
-    std::ofstream(file, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()),
-                                                static_cast<std::streamsize>(bytes.size()));
+    std::ofstream(file, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     for (auto _ : state) {
         std::ifstream in(file, std::ios::binary);
         std::vector<std::uint8_t> read((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());

@@ -35,9 +35,9 @@ void captureLibrary(benchmark::State& state) {
     if (displayName().empty()) return state.SkipWithError("Xvfb did not start");
     Fun fun(defaultPlatform());
     for (auto _ : state) {
-        std::vector<Variant> args = {Variant(std::int32_t{0}), Variant(Boolean(false)), Variant(std::int32_t{0}),
-                                     Variant(std::int32_t{0}), Variant(std::int32_t{kWidth * 15}),
-                                     Variant(std::int32_t{kHeight * 15})};
+        std::vector<Variant> args = {Variant(std::int32_t{0}),           Variant(Boolean(false)),
+                                     Variant(std::int32_t{0}),           Variant(std::int32_t{0}),
+                                     Variant(std::int32_t{kWidth * 15}), Variant(std::int32_t{kHeight * 15})};
         Variant picture = invoke(fun, std::string_view("imgCaptureWindow"), args);
         benchmark::DoNotOptimize(picture);
     }
@@ -56,7 +56,8 @@ void captureDirect(benchmark::State& state) {
             for (int x = 0; x < kWidth; ++x) {
                 const unsigned long v = XGetPixel(image, x, y);
                 pixels[static_cast<std::size_t>(y) * kWidth + static_cast<std::size_t>(x)] =
-                    0xFF000000u | static_cast<std::uint32_t>(v & (visual->red_mask | visual->green_mask | visual->blue_mask));
+                    0xFF000000u |
+                    static_cast<std::uint32_t>(v & (visual->red_mask | visual->green_mask | visual->blue_mask));
             }
         XDestroyImage(image);
         benchmark::DoNotOptimize(pixels.data());

@@ -3,9 +3,9 @@
 // directly as a C++ function.
 #include <benchmark/benchmark.h>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "text/strings.h"
 
 namespace telvaro {

@@ -25,7 +25,8 @@ const char16_t* const kCampos = u"id|000000, nombre|>, precio|N, total|N$, fecha
 
 const std::filesystem::path& salesFile() {
     static const std::filesystem::path file = [] {
-        auto path = std::filesystem::temp_directory_path() / ("telvaro-gridbench-" + std::to_string(::getpid()) + ".db");
+        auto path =
+            std::filesystem::temp_directory_path() / ("telvaro-gridbench-" + std::to_string(::getpid()) + ".db");
         sqlite3* db = nullptr;
         sqlite3_open(path.c_str(), &db);
         sqlite3_exec(db,
@@ -100,7 +101,8 @@ void fillGridDirect(benchmark::State& state) {
                 format(Variant(toDate(text(stmt, 4))), u"dd/MM/yyyy"),
                 format(Variant(toDate(text(stmt, 5))), u"Hh:Nn:ss"),
             };
-            for (std::int32_t c = 0; c < 6; ++c) object.put(u"TextMatrix", {Variant(row), Variant(c + 1)}, Variant(cells[c]));
+            for (std::int32_t c = 0; c < 6; ++c)
+                object.put(u"TextMatrix", {Variant(row), Variant(c + 1)}, Variant(cells[c]));
             ++row;
         }
         sqlite3_finalize(stmt);

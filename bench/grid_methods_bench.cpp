@@ -81,10 +81,9 @@ void checkColumnDirect(benchmark::State& state) {
     Fun fun(defaultPlatform());
     auto grid = checkGrid();
     Object& object = *grid;
-    const Variant pictures[] = {frmDllPicture(fun, CheckBoxPicture::CheckedDisabled),
-                                frmDllPicture(fun, CheckBoxPicture::UncheckedDisabled),
-                                frmDllPicture(fun, CheckBoxPicture::Checked),
-                                frmDllPicture(fun, CheckBoxPicture::Unchecked)};
+    const Variant pictures[] = {
+        frmDllPicture(fun, CheckBoxPicture::CheckedDisabled), frmDllPicture(fun, CheckBoxPicture::UncheckedDisabled),
+        frmDllPicture(fun, CheckBoxPicture::Checked), frmDllPicture(fun, CheckBoxPicture::Unchecked)};
     const String values[] = {u"11", u"10", u"1", u"0"};
     for (auto _ : state) {
         const Variant col = toLong(object.get(u"Col"));
@@ -100,7 +99,8 @@ void checkColumnDirect(benchmark::State& state) {
             object.put(u"CellFontSize", Variant(std::int16_t{1}));
             object.put(u"CellAlignment", Variant(std::int16_t{6}));
             for (int i = 0; i < 4; ++i) {
-                if (textEquals(toString(object.get(u"TextMatrix", {Variant(r), Variant(std::int16_t{1})})), values[i])) {
+                if (textEquals(toString(object.get(u"TextMatrix", {Variant(r), Variant(std::int16_t{1})})),
+                               values[i])) {
                     Variant set[] = {pictures[i]};
                     object.invoke(u"CellPicture", InvokeKind::PropertyPutRef, set);
                 }

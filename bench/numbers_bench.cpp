@@ -8,9 +8,9 @@
 
 #include <muParser.h>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "ident/cedula_ruc.h"
 #include "text/amount_in_words.h"
 #include "text/formula.h"
@@ -74,8 +74,8 @@ BENCHMARK(wordsLibrary)->Name("Numero2Letra/library");
 void wordsDirect(benchmark::State& state) {
     Fun fun(defaultPlatform());
     for (auto _ : state)
-        benchmark::DoNotOptimize(text::Numero2Letra(fun, u"1234567.89", 0, 2, u"dólares", u"centavos",
-                                                    eSexo::Masculino, eSexo::Masculino));
+        benchmark::DoNotOptimize(
+            text::Numero2Letra(fun, u"1234567.89", 0, 2, u"dólares", u"centavos", eSexo::Masculino, eSexo::Masculino));
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(wordsDirect)->Name("Numero2Letra/direct");

@@ -116,8 +116,10 @@ void directly(benchmark::State& state) {
             lxw_format* f = r == 0 ? first : r == kRows - 1 ? last : middle;
             for (std::int32_t c = 0; c < kColumns; ++c) {
                 const std::string text = cellText(r, c);
-                if (isNumberColumn(c)) worksheet_write_number(page, r + 4, c + 1, std::stod(text), f);
-                else worksheet_write_string(page, r + 4, c + 1, text.c_str(), f);
+                if (isNumberColumn(c))
+                    worksheet_write_number(page, r + 4, c + 1, std::stod(text), f);
+                else
+                    worksheet_write_string(page, r + 4, c + 1, text.c_str(), f);
             }
         }
         state.counters["heap_MB"] = heapMegabytes() - before;

@@ -25,12 +25,16 @@ public:
 
 protected:
     Variant get(StringView member) const { return object_.get(member); }
-    Variant get(StringView member, std::vector<Variant> indices) const { return object_.get(member, std::move(indices)); }
+    Variant get(StringView member, std::vector<Variant> indices) const {
+        return object_.get(member, std::move(indices));
+    }
     void put(StringView member, const Variant& value) const { object_.put(member, value); }
     void put(StringView member, std::vector<Variant> indices, const Variant& value) const {
         object_.put(member, std::move(indices), value);
     }
-    Variant call(StringView member, std::vector<Variant> args = {}) const { return object_.call(member, std::move(args)); }
+    Variant call(StringView member, std::vector<Variant> args = {}) const {
+        return object_.call(member, std::move(args));
+    }
 
 private:
     ObjectHandle object_;

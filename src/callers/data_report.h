@@ -27,7 +27,8 @@ public:
 private:
     bool isClass(StringView name) const {
         const String type = typeName();
-        return type == name || (type.size() == name.size() + 1 && type[0] == u'I' && StringView(type).substr(1) == name);
+        return type == name ||
+               (type.size() == name.size() + 1 && type[0] == u'I' && StringView(type).substr(1) == name);
     }
 };
 

@@ -43,9 +43,7 @@ public:
     // Texts: the current cell's and any cell's.
     String text() const { return toString(get(u"Text")); }
     void setText(const Variant& text) const { put(u"Text", text); }
-    String textMatrix(const Variant& row, const Variant& col) const {
-        return toString(get(u"TextMatrix", {row, col}));
-    }
+    String textMatrix(const Variant& row, const Variant& col) const { return toString(get(u"TextMatrix", {row, col})); }
     void setTextMatrix(const Variant& row, const Variant& col, const Variant& text) const {
         put(u"TextMatrix", {row, col}, text);
     }
@@ -55,9 +53,7 @@ public:
     Variant colWidth(const Variant& col) const { return get(u"ColWidth", {col}); }
     void setRowHeight(const Variant& row, const Variant& height) const { put(u"RowHeight", {row}, height); }
     Variant rowHeight(const Variant& row) const { return get(u"RowHeight", {row}); }
-    void setColAlignment(const Variant& col, const Variant& alignment) const {
-        put(u"ColAlignment", {col}, alignment);
-    }
+    void setColAlignment(const Variant& col, const Variant& alignment) const { put(u"ColAlignment", {col}, alignment); }
 
     // Painting.
     void setRedraw(const Variant& on) const { put(u"Redraw", on); }

@@ -13,8 +13,8 @@ public:
 
     // Open(Source, ActiveConnection, CursorType, LockType, Options); a
     // missing ActiveConnection is passed as an omitted argument.
-    void open(const Variant& source, const Variant& activeConnection, std::int32_t cursorType,
-              std::int32_t lockType, std::int32_t options) const {
+    void open(const Variant& source, const Variant& activeConnection, std::int32_t cursorType, std::int32_t lockType,
+              std::int32_t options) const {
         call(u"Open", {source, activeConnection, Variant(cursorType), Variant(lockType), Variant(options)});
     }
     void close() const { call(u"Close"); }

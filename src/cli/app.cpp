@@ -77,7 +77,10 @@ int run(int argc, char** argv) {
 
     std::string part;
     auto* comSource = app.add_subcommand("com-source", "Print a source of the Windows server made from the catalogue");
-    comSource->add_option("part", part, "idl: the type library's description; vtable: the C++ v-table; enums: the enumerations and records in C++")
+    comSource
+        ->add_option(
+            "part", part,
+            "idl: the type library's description; vtable: the C++ v-table; enums: the enumerations and records in C++")
         ->required()
         ->check(CLI::IsMember({"idl", "vtable", "enums"}));
 

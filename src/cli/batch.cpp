@@ -202,8 +202,7 @@ std::string answerRequest(const std::string& line) {
                 .dump(-1, ' ', false, kDump);
         json request = json::parse(line, nullptr, false);
         if (request.is_discarded()) return errorAnswer(id, -1, "the line is not JSON").dump(-1, ' ', false, kDump);
-        if (!request.is_object())
-            return errorAnswer(id, -1, "a request is a JSON object").dump(-1, ' ', false, kDump);
+        if (!request.is_object()) return errorAnswer(id, -1, "a request is a JSON object").dump(-1, ' ', false, kDump);
         if (request.contains("id")) id = request.at("id");
         return answer(request).dump(-1, ' ', false, kDump);
     } catch (const MalformedRequest& e) {

@@ -43,9 +43,7 @@ bool isDecimalLiteral(const std::string& t) {
     return i == t.size();
 }
 
-bool isWhole(const std::string& t) {
-    return t.find_first_of(".eE") == std::string::npos;
-}
+bool isWhole(const std::string& t) { return t.find_first_of(".eE") == std::string::npos; }
 
 // A whole number as a literal types it: Integer, Long, else Double.
 Variant wholeValue(double value) {
@@ -121,14 +119,12 @@ std::vector<Variant> callArguments(const MethodInfo& method, const std::vector<s
     std::vector<Variant> args;
     std::vector<bool> given;
     auto place = [&](std::size_t index, Variant value) {
-        if (index >= method.params.size())
-            throw RuntimeError(err::WrongNumberOfArguments);
+        if (index >= method.params.size()) throw RuntimeError(err::WrongNumberOfArguments);
         if (args.size() <= index) {
             args.resize(index + 1, Variant::missing());
             given.resize(index + 1, false);
         }
-        if (given[index])
-            throw RuntimeError(err::InvalidProcedureCall);
+        if (given[index]) throw RuntimeError(err::InvalidProcedureCall);
         args[index] = std::move(value);
         given[index] = true;
     };

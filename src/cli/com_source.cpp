@@ -25,11 +25,16 @@ struct TypeSpelling {
     const char* tag;
 };
 constexpr TypeSpelling kSpellings[] = {
-    {ArgType::String, "BSTR", "VT_BSTR"},          {ArgType::Integer, "short", "VT_I2"},
-    {ArgType::Long, "long", "VT_I4"},              {ArgType::Double, "double", "VT_R8"},
-    {ArgType::Boolean, "VARIANT_BOOL", "VT_BOOL"}, {ArgType::Byte, "unsigned char", "VT_UI1"},
-    {ArgType::Date, "DATE", "VT_DATE"},            {ArgType::Currency, "CURRENCY", "VT_CY"},
-    {ArgType::Variant, "VARIANT", "VT_VARIANT"},   {ArgType::Object, "IDispatch*", "VT_DISPATCH"},
+    {ArgType::String, "BSTR", "VT_BSTR"},
+    {ArgType::Integer, "short", "VT_I2"},
+    {ArgType::Long, "long", "VT_I4"},
+    {ArgType::Double, "double", "VT_R8"},
+    {ArgType::Boolean, "VARIANT_BOOL", "VT_BOOL"},
+    {ArgType::Byte, "unsigned char", "VT_UI1"},
+    {ArgType::Date, "DATE", "VT_DATE"},
+    {ArgType::Currency, "CURRENCY", "VT_CY"},
+    {ArgType::Variant, "VARIANT", "VT_VARIANT"},
+    {ArgType::Object, "IDispatch*", "VT_DISPATCH"},
 };
 constexpr TypeSpelling kNoType = {ArgType::None, "void", "VT_EMPTY"};
 
@@ -85,7 +90,9 @@ std::string paramAttributes(const ParamInfo& p) {
         a += ", optional";
         switch (storedDefault(p)) {
             case StoredDefault::None: break;
-            case StoredDefault::OutsideWidl: a += " DEFAULT_OUTSIDE_WIDL(" + defaultLiteral(p.defaultValue) + ")"; break;
+            case StoredDefault::OutsideWidl:
+                a += " DEFAULT_OUTSIDE_WIDL(" + defaultLiteral(p.defaultValue) + ")";
+                break;
             case StoredDefault::Everywhere: a += ", defaultvalue(" + defaultLiteral(p.defaultValue) + ")"; break;
         }
     }
@@ -102,8 +109,8 @@ void writeMethod(std::ostream& out, const MethodInfo& m) {
         << "        HRESULT " << m.name << "(";
     std::string sep;
     for (const auto& p : m.params) {
-        out << sep << "\n            " << paramAttributes(p) << " " << idlType(p.typeName, p.type) << (p.byRef ? "*" : "")
-            << " " << p.name;
+        out << sep << "\n            " << paramAttributes(p) << " " << idlType(p.typeName, p.type)
+            << (p.byRef ? "*" : "") << " " << p.name;
         sep = ",";
     }
     if (m.result != ArgType::None)
@@ -126,7 +133,8 @@ void writeEnumerations(std::ostream& out) {
 void writeRecords(std::ostream& out) {
     for (const auto& r : records()) {
         out << "    typedef struct " << r.name << " {\n";
-        for (const auto& f : r.fields) out << "        " << (f.typeName == "Long" ? "long" : "VARIANT") << " " << f.name << ";\n";
+        for (const auto& f : r.fields)
+            out << "        " << (f.typeName == "Long" ? "long" : "VARIANT") << " " << f.name << ";\n";
         out << "    } " << r.name << ";\n\n";
     }
 }
@@ -232,18 +240,17 @@ struct FunMethods : IDispatch {
         out << ") {\n";
         std::string args;
         for (const auto& p : m.params)
-            args += (args.empty() ? "" : ", ") + std::string(p.byRef ? "byRef(" : "byVal(") +
-                    automationType(p.type) + ", " + std::string(p.name) + ")";
-        const std::string result = m.result == ArgType::None
-                                       ? "noResult()"
-                                       : "resultSlot(" + automationType(m.result) + ", Resultado)";
+            args += (args.empty() ? "" : ", ") + std::string(p.byRef ? "byRef(" : "byVal(") + automationType(p.type) +
+                    ", " + std::string(p.name) + ")";
+        const std::string result =
+            m.result == ArgType::None ? "noResult()" : "resultSlot(" + automationType(m.result) + ", Resultado)";
         if (m.params.empty()) {
             out << "        return static_cast<Server*>(this)->callMethod(" << m.order << ", nullptr, 0, " << result
                 << ");\n";
         } else {
             out << "        VARIANTARG args[] = {" << args << "};\n";
-            out << "        return static_cast<Server*>(this)->callMethod(" << m.order << ", args, "
-                << m.params.size() << ", " << result << ");\n";
+            out << "        return static_cast<Server*>(this)->callMethod(" << m.order << ", args, " << m.params.size()
+                << ", " << result << ");\n";
         }
         out << "    }\n";
     }
@@ -265,11 +272,13 @@ void writeEnumerationHeader(std::ostream& out) {
     // Records of 32-bit fields have the published packed layout.
     std::string sizes;
     for (const auto& r : records()) {
-        const bool packed = std::all_of(r.fields.begin(), r.fields.end(), [](const RecordField& f) { return f.typeName == "Long"; });
+        const bool packed =
+            std::all_of(r.fields.begin(), r.fields.end(), [](const RecordField& f) { return f.typeName == "Long"; });
         out << "\n";
         if (packed) out << "#pragma pack(push, 1)\n";
         out << "struct " << r.name << " {\n";
-        for (const auto& f : r.fields) out << "    " << (f.typeName == "Long" ? "std::int32_t" : "Variant") << " " << f.name << ";\n";
+        for (const auto& f : r.fields)
+            out << "    " << (f.typeName == "Long" ? "std::int32_t" : "Variant") << " " << f.name << ";\n";
         out << "};\n";
         if (packed) {
             out << "#pragma pack(pop)\n";

@@ -5,24 +5,24 @@
 #include <iomanip>
 #include <ostream>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
 #include "cli/batch.h"
 #include "cli/commands.h"
 #include "cli/demo_home.h"
 #include "cli/demo_sections.h"
-#include "platform/scripted_message_box.h"
+#include "context/fun.h"
 #include "frame/bind.h"
 #include "frame/catalogue.h"
-#include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "platform/ansi.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/posix_file_system.h"
+#include "platform/scripted_message_box.h"
+#include "runtime/convert.h"
 #include "runtime/datetime.h"
+#include "runtime/error.h"
 #include "runtime/object.h"
 #include "runtime/regional.h"
-#include "runtime/convert.h"
-#include "runtime/error.h"
 
 namespace telvaro::cli {
 
@@ -87,7 +87,8 @@ void amountSection(std::ostream& out, Fun& fun) {
     show(out, fun, "Numero2Letra",
          {Variant(u"1234.56"), omitted, omitted, Variant(u"dólares"), Variant(u"centavos"), masculine, masculine},
          "\"1234.56\", , , \"dólares\", \"centavos\", Masculino, Masculino");
-    show(out, fun, "Numero2Letra", {Variant(u"21000000"), omitted, omitted, Variant(u"dólares"), Variant(u"centavos"), masculine},
+    show(out, fun, "Numero2Letra",
+         {Variant(u"21000000"), omitted, omitted, Variant(u"dólares"), Variant(u"centavos"), masculine},
          "\"21000000\", , , \"dólares\", \"centavos\", Masculino");
     show(out, fun, "Numero2Letra", {Variant(u"201.21"), omitted, omitted, Variant(u"pesetas"), Variant(u"céntimos")},
          "\"201.21\", , , \"pesetas\", \"céntimos\"");
@@ -112,13 +113,13 @@ void identitySection(std::ostream& out, Fun& fun) {
 
 void iniSection(std::ostream& out, Fun& fun) {
     out << "INI files (under the home folder; C:\\Windows for a bare file name)\n";
-    show(out, fun, "INI_GuardarIni", {Variant(u"telvaro-demo.ini"), Variant(u"Conexion"), Variant(u"Servidor"),
-                                      Variant(u"srv01")},
+    show(out, fun, "INI_GuardarIni",
+         {Variant(u"telvaro-demo.ini"), Variant(u"Conexion"), Variant(u"Servidor"), Variant(u"srv01")},
          "\"telvaro-demo.ini\", \"Conexion\", \"Servidor\", \"srv01\"");
     show(out, fun, "INI_LeerIni", {Variant(u"telvaro-demo.ini"), Variant(u"CONEXION"), Variant(u"servidor")},
          "\"telvaro-demo.ini\", \"CONEXION\", \"servidor\"");
-    show(out, fun, "INI_LeerIni", {Variant(u"telvaro-demo.ini"), Variant(u"Conexion"), Variant(u"Puerto"),
-                                   Variant(u"1433")},
+    show(out, fun, "INI_LeerIni",
+         {Variant(u"telvaro-demo.ini"), Variant(u"Conexion"), Variant(u"Puerto"), Variant(u"1433")},
          "\"telvaro-demo.ini\", \"Conexion\", \"Puerto\", \"1433\"");
 }
 
@@ -128,13 +129,16 @@ void filesSection(std::ostream& out, Fun& fun) {
     show(out, fun, "fsoExisteCarpeta", {Variant(u"C:\\Demo\\2024")}, "\"C:\\Demo\\2024\"");
     show(out, fun, "fsoGrabaArchivo", {Variant(u"C:\\Demo\\ult.dat"), Variant(std::int16_t(3)), Variant(u"F-0012")},
          "\"C:\\Demo\\ult.dat\", 3, \"F-0012\"");
-    show(out, fun, "fsoLeeArchivo", {Variant(u"C:\\Demo\\ult.dat"), Variant(std::int16_t(3))}, "\"C:\\Demo\\ult.dat\", 3");
-    show(out, fun, "fsoLeeArchivo", {Variant(u"C:\\Demo\\ult.dat"), Variant(std::int16_t(0))}, "\"C:\\Demo\\ult.dat\", 0");
+    show(out, fun, "fsoLeeArchivo", {Variant(u"C:\\Demo\\ult.dat"), Variant(std::int16_t(3))},
+         "\"C:\\Demo\\ult.dat\", 3");
+    show(out, fun, "fsoLeeArchivo", {Variant(u"C:\\Demo\\ult.dat"), Variant(std::int16_t(0))},
+         "\"C:\\Demo\\ult.dat\", 0");
     show(out, fun, "fsoGrabaArchivo",
          {Variant(u"C:\\Demo\\ult.dat"), Variant(std::int16_t(1)), Variant(String(200, u'x'))},
          "\"C:\\Demo\\ult.dat\", 1, <200 characters>");
     show(out, fun, "REG_PoneValor",
-         {Variant(std::int32_t(1)), Variant(u"Software\\Demo"), Variant(u"Puerto"), Variant(u"1433"), Variant(std::int32_t(4))},
+         {Variant(std::int32_t(1)), Variant(u"Software\\Demo"), Variant(u"Puerto"), Variant(u"1433"),
+          Variant(std::int32_t(4))},
          "HKEY_CURRENT_USER_, \"Software\\Demo\", \"Puerto\", \"1433\", 4");
     show(out, fun, "REG_BuscaRegistro", {Variant(std::int32_t(1)), Variant(u"software\\demo"), Variant(u"PUERTO")},
          "HKEY_CURRENT_USER_, \"software\\demo\", \"PUERTO\"");
@@ -178,16 +182,20 @@ void errorLogSection(std::ostream& out) {
     out << "The error log (a failure in txtCodigo, inside Frame1, on frmClientes)\n";
     ScriptedPlatform platform(defaultPlatform(), {});
     Fun fun(platform);
-    auto form = std::make_shared<DemoControl>(std::vector<std::pair<String, Variant>>{{u"Name", Variant(u"frmClientes")}});
+    auto form =
+        std::make_shared<DemoControl>(std::vector<std::pair<String, Variant>>{{u"Name", Variant(u"frmClientes")}});
     auto frame = std::make_shared<DemoControl>(std::vector<std::pair<String, Variant>>{{u"Name", Variant(u"Frame1")}});
-    auto control = std::make_shared<DemoControl>(std::vector<std::pair<String, Variant>>{
-        {u"Name", Variant(u"txtCodigo")}, {u"Parent", Variant(ObjectRef(form))}, {u"Container", Variant(ObjectRef(frame))}});
-    auto error = std::make_shared<DemoControl>(
-        std::vector<std::pair<String, Variant>>{{u"Number", Variant(std::int32_t(6))}, {u"Description", Variant(u"Overflow")}});
+    auto control = std::make_shared<DemoControl>(
+        std::vector<std::pair<String, Variant>>{{u"Name", Variant(u"txtCodigo")},
+                                                {u"Parent", Variant(ObjectRef(form))},
+                                                {u"Container", Variant(ObjectRef(frame))}});
+    auto error = std::make_shared<DemoControl>(std::vector<std::pair<String, Variant>>{
+        {u"Number", Variant(std::int32_t(6))}, {u"Description", Variant(u"Overflow")}});
     show(out, fun, "fn_LogErrores", {Variant(ObjectRef(control)), Variant(ObjectRef(error)), Variant(u"Validar")},
          "txtCodigo, Err, \"Validar\"");
     for (const auto& box : platform.boxes().shown())
-        out << "  message box \"" << toUtf8(box.title) << "\" (style " << box.style << "):\n    " << toUtf8(box.prompt) << '\n';
+        out << "  message box \"" << toUtf8(box.title) << "\" (style " << box.style << "):\n    " << toUtf8(box.prompt)
+            << '\n';
     const String month = toString(Variant(static_cast<std::int32_t>(civilDate(now()).month)));
     const auto file = posix::PosixFileSystem::resolve(u"C:\\Errores\\ErrLog\\" + month + u".txt");
     const std::string log = posix::readBytes(file).value_or("");
@@ -224,18 +232,10 @@ void runDemo(std::ostream& out) {
     const DemoHome home(out);
     Fun fun(defaultPlatform());
     const std::vector<std::function<void()>> sections = {
-        [&] { textSection(out, fun); },
-        [&] { fractionsSection(out, fun); },
-        [&] { formulaSection(out, fun); },
-        [&] { amountSection(out, fun); },
-        [&] { datesSection(out, fun); },
-        [&] { identitySection(out, fun); },
-        [&] { iniSection(out, fun); },
-        [&] { filesSection(out, fun); },
-        [&] { regionalSection(out, fun); },
-        [&] { shopSection(out, fun); },
-        [&] { errorLogSection(out); },
-        [&] { dispatchSection(out, fun); },
+        [&] { textSection(out, fun); },   [&] { fractionsSection(out, fun); }, [&] { formulaSection(out, fun); },
+        [&] { amountSection(out, fun); }, [&] { datesSection(out, fun); },     [&] { identitySection(out, fun); },
+        [&] { iniSection(out, fun); },    [&] { filesSection(out, fun); },     [&] { regionalSection(out, fun); },
+        [&] { shopSection(out, fun); },   [&] { errorLogSection(out); },       [&] { dispatchSection(out, fun); },
         [&] { batchSection(out); },
     };
     for (const auto& section : sections) {

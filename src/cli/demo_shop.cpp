@@ -1,22 +1,22 @@
 // The tour of the database helpers, on a small shop kept in the embedded
 // engine: the way a data-entry form uses them, on the library's own list,
 // grid and form standing in for the application's controls.
+#include <algorithm>
 #include <cstdlib>
 #include <iomanip>
-#include <sstream>
-#include <algorithm>
 #include <memory>
+#include <sstream>
 #include <vector>
 
 #include "cli/demo_sections.h"
 #include "cli/print_deliveries.h"
-#include "host/exported_sheets.h"
 #include "frame/invoke.h"
+#include "host/exported_sheets.h"
 #include "objects/flex_grid.h"
 #include "objects/form.h"
 #include "objects/label.h"
-#include "objects/text_box.h"
 #include "objects/list_control.h"
+#include "objects/text_box.h"
 #include "platform/scripted_message_box.h"
 #include "runtime/convert.h"
 #include "runtime/error.h"
@@ -26,10 +26,8 @@ namespace telvaro::cli {
 namespace {
 
 constexpr const char16_t* kShopRows[] = {
-    u"(1, 'Arroz flor 2 kg', 2.35, 120, '2026-01-05', 1)",
-    u"(2, 'Aceite de palma 1 l', 3.10, 48, '2026-02-11', 1)",
-    u"(3, 'Atún en agua 170 g', 1.45, 300, '2026-03-02', 0)",
-    u"(5, 'Café molido 500 g', 6.80, 25, '2026-05-19', 1)",
+    u"(1, 'Arroz flor 2 kg', 2.35, 120, '2026-01-05', 1)",    u"(2, 'Aceite de palma 1 l', 3.10, 48, '2026-02-11', 1)",
+    u"(3, 'Atún en agua 170 g', 1.45, 300, '2026-03-02', 0)", u"(5, 'Café molido 500 g', 6.80, 25, '2026-05-19', 1)",
     u"(8, 'Panela 1 kg', 1.20, 75, '2026-07-23', 1)",
 };
 
@@ -67,7 +65,6 @@ void printGrid(std::ostream& out, const objects::FlexGrid& grid) {
     }
 }
 
-
 // The product form moving through its records: an unsaved edit, the save
 // question answered Yes, then the last record and one step past it.
 void navigationSteps(std::ostream& out, Fun& fun, const ObjectRef& connection) {
@@ -89,12 +86,14 @@ void navigationSteps(std::ostream& out, Fun& fun, const ObjectRef& connection) {
         step(out, method, [&] {
             call(asking, method, {formArg});
             out << "  " << std::left << std::setw(34) << (std::string(method) + "(frmProductos)") << before;
-            if (!form->loaded().empty())
-                out << "loads codigo " << toUtf8(toString(form->loaded().back())) << '\n';
+            if (!form->loaded().empty()) out << "loads codigo " << toUtf8(toString(form->loaded().back())) << '\n';
             for (; boxesSeen < answered.boxes().shown().size(); ++boxesSeen) {
                 const ShownMessage& box = answered.boxes().shown()[boxesSeen];
                 out << "    message box \"" << toUtf8(box.title) << "\": " << toUtf8(box.prompt) << " -> "
-                    << (box.answer == 6 ? "Yes" : box.answer == 7 ? "No" : "OK") << '\n';
+                    << (box.answer == 6   ? "Yes"
+                        : box.answer == 7 ? "No"
+                                          : "OK")
+                    << '\n';
             }
         });
     };
@@ -177,10 +176,10 @@ void shopSection(std::ostream& out, Fun& fun) {
     auto codes = std::make_shared<objects::ListControl>(objects::ListControl::Kind::ListBox, u"lstCodigo");
     step(out, "regCargaListaSQL", [&] {
         call(fun, "regCargaListaSQL",
-             {conexion, Variant(u"SELECT codigo, nombre FROM productos ORDER BY nombre"),
-                                    Variant(ObjectRef(names)), Variant(u"nombre"), Variant(ObjectRef(codes)),
-                                    Variant(u"codigo")});
-        out << "  regCargaListaSQL(cn, \"SELECT codigo, nombre ...\", cboProducto, \"nombre\", lstCodigo, \"codigo\")\n";
+             {conexion, Variant(u"SELECT codigo, nombre FROM productos ORDER BY nombre"), Variant(ObjectRef(names)),
+              Variant(u"nombre"), Variant(ObjectRef(codes)), Variant(u"codigo")});
+        out << "  regCargaListaSQL(cn, \"SELECT codigo, nombre ...\", cboProducto, \"nombre\", lstCodigo, "
+               "\"codigo\")\n";
         for (std::size_t i = 0; i < names->items().size(); ++i)
             out << "    " << toUtf8(codes->items()[i].text) << "  " << toUtf8(names->items()[i].text) << '\n';
         out << "    ListIndex = " << names->listIndex() << " (" << toUtf8(names->text()) << ")\n";
@@ -196,9 +195,8 @@ void shopSection(std::ostream& out, Fun& fun) {
     const Variant gridArg{ObjectRef(grid)};
     const bool filled = step(out, "RegLlenaGridRegSql", [&] {
         call(fun, "RegLlenaGridRegSql",
-             {conexion, gridArg,
-                                    Variant(u"SELECT codigo, nombre, precio, alta, activo FROM productos"),
-                                    Variant(u"codigo,nombre,precio|N$,alta|FL,activo|V")});
+             {conexion, gridArg, Variant(u"SELECT codigo, nombre, precio, alta, activo FROM productos"),
+              Variant(u"codigo,nombre,precio|N$,alta|FL,activo|V")});
         out << "  RegLlenaGridRegSql(cn, grdProductos, \"SELECT ...\", \"codigo,nombre,precio|N$,alta|FL,activo|V\")\n";
         printGrid(out, *grid);
     });
@@ -206,8 +204,7 @@ void shopSection(std::ostream& out, Fun& fun) {
         step(out, "ExportExcelReg", [&] {
             call(fun, "ExportExcelReg",
                  {conexion, Variant(u"Código,Producto,Precio,Stock"), Variant(u"8,30,10,8"),
-                                        Variant(u"SELECT codigo, nombre, precio, stock FROM productos"),
-                                        Variant(u"Lista de productos")});
+                  Variant(u"SELECT codigo, nombre, precio, stock FROM productos"), Variant(u"Lista de productos")});
             out << "  ExportExcelReg(cn, \"Código,Producto,Precio,Stock\", \"8,30,10,8\", \"SELECT ...\", "
                    "\"Lista de productos\")\n";
             const host::ExportReport report = host::takeExportReport();

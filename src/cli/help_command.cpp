@@ -18,8 +18,9 @@ using json = nlohmann::ordered_json;
 
 // An argument as typed in a POSIX shell: in single quotes unless plain.
 std::string shellWord(std::string_view a) {
-    const bool plain = !a.empty() && a.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
-                                                         "0123456789_.,-+/:=") == std::string_view::npos;
+    const bool plain = !a.empty() && a.find_first_not_of(
+                                         "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                                         "0123456789_.,-+/:=") == std::string_view::npos;
     if (plain) return std::string(a);
     std::string word = "'";
     for (char c : a) word += c == '\'' ? std::string("'\\''") : std::string(1, c);

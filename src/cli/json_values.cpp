@@ -112,7 +112,8 @@ Variant decodeValue(const json& value, ObjectBuilder* objects) {
         case json::value_t::number_unsigned: {
             // An integer literal is a Long when it fits, else a Double; the
             // dispatcher then coerces it to the declared type.
-            if (value.is_number_unsigned() && value.get<std::uint64_t>() > 2147483647ull) return Variant(value.get<double>());
+            if (value.is_number_unsigned() && value.get<std::uint64_t>() > 2147483647ull)
+                return Variant(value.get<double>());
             std::int64_t n = value.get<std::int64_t>();
             if (n >= INT32_MIN && n <= INT32_MAX) return Variant(static_cast<std::int32_t>(n));
             return Variant(static_cast<double>(n));
@@ -183,7 +184,9 @@ json encodeValue(const Variant& v, const ObjectKindHooks* hooks) {
         case VarType::Integer: out["value"] = v.get<std::int16_t>(); break;
         case VarType::Long: out["value"] = v.get<std::int32_t>(); break;
         case VarType::Double: out["value"] = v.get<double>(); break;
-        case VarType::Currency: out["value"] = toUtf8(Decimal::fromCurrency(v.get<Currency>().scaled).toString(u'.')); break;
+        case VarType::Currency:
+            out["value"] = toUtf8(Decimal::fromCurrency(v.get<Currency>().scaled).toString(u'.'));
+            break;
         case VarType::Decimal: out["value"] = toUtf8(v.get<Decimal>().toString(u'.')); break;
         case VarType::Date: out["value"] = formatIsoDate(v.get<Date>().serial); break;
         case VarType::String: out["value"] = toUtf8(v.get<String>()); break;
@@ -204,7 +207,8 @@ json encodeValue(const Variant& v, const ObjectKindHooks* hooks) {
             if (a.dimensions() == 2) {
                 for (std::int32_t i = a.lbound(1); i <= a.ubound(1); ++i) {
                     json row = json::array();
-                    for (std::int32_t j = a.lbound(2); j <= a.ubound(2); ++j) row.push_back(encodeValue(a.at(i, j), hooks));
+                    for (std::int32_t j = a.lbound(2); j <= a.ubound(2); ++j)
+                        row.push_back(encodeValue(a.at(i, j), hooks));
                     items.push_back(row);
                 }
             } else {

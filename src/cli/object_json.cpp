@@ -4,11 +4,11 @@
 #include <cmath>
 
 #include "cli/json_values.h"
-#include "objects/check_box.h"
 #include "objects/chart.h"
+#include "objects/check_box.h"
 #include "objects/check_box_pictures.h"
-#include "objects/data_report.h"
 #include "objects/data_grid.h"
+#include "objects/data_report.h"
 #include "objects/flex_grid.h"
 #include "objects/form.h"
 #include "objects/frame.h"
@@ -335,10 +335,12 @@ constexpr std::pair<const char*, ReportControl::Kind> kReportControlKinds[] = {
 
 std::shared_ptr<ReportControl> buildReportControl(const Json& d, const Fields& report) {
     const auto& kinds = kReportControlKinds;
-    const std::string expects = "lists of report controls (rpttextbox, rptfunction, rptlabel, rptline, rptimage, rptshape)";
+    const std::string expects =
+        "lists of report controls (rpttextbox, rptfunction, rptlabel, rptline, rptimage, rptshape)";
     if (!d.is_object() || !d.contains("object") || !d.at("object").is_string()) report.fail("sections", expects);
     const std::string kind = d.at("object").get<std::string>();
-    const auto* found = std::find_if(std::begin(kinds), std::end(kinds), [&](const auto& k) { return kind == k.first; });
+    const auto* found =
+        std::find_if(std::begin(kinds), std::end(kinds), [&](const auto& k) { return kind == k.first; });
     if (found == std::end(kinds)) report.fail("sections", expects);
     const Fields f(d, kind);
     auto control = std::make_shared<ReportControl>(found->second, nameOr(f, u"Control1"));
@@ -424,7 +426,8 @@ ObjectRef ObjectBuilder::build(const Json& description) {
     auto form = std::make_shared<Form>(u"Form1");
     std::vector<Placed> placed{{frame, nullptr, std::nullopt}};
     const Fields f(description, kind);
-    collectControls(f, frame, [this](const Json& c) { return buildKind(kindOf(c), c); }, placed);
+    collectControls(
+        f, frame, [this](const Json& c) { return buildKind(kindOf(c), c); }, placed);
     placeControls(*form, f, placed);
     kept_.push_back(form);
     return frame;
@@ -526,7 +529,8 @@ ObjectRef ObjectBuilder::buildForm(const Json& d) {
     }
     if (const Json* lista = f.find("lista")) form->lista = build(*lista);
     std::vector<Placed> placed;
-    collectControls(f, nullptr, [this](const Json& c) { return buildKind(kindOf(c), c); }, placed);
+    collectControls(
+        f, nullptr, [this](const Json& c) { return buildKind(kindOf(c), c); }, placed);
     placeControls(*form, f, placed);
     return form;
 }
@@ -543,8 +547,12 @@ namespace {
 
 Json fontState(const Font& font) {
     const FontDescription& d = font.description();
-    return Json{{"object", "font"},      {"name", toUtf8(d.name)},         {"size", d.size},
-                {"bold", d.bold},        {"italic", d.italic},             {"underline", d.underline},
+    return Json{{"object", "font"},
+                {"name", toUtf8(d.name)},
+                {"size", d.size},
+                {"bold", d.bold},
+                {"italic", d.italic},
+                {"underline", d.underline},
                 {"strikethrough", d.strikethrough}};
 }
 

@@ -70,9 +70,9 @@ private:
     ObjectRef recordset(const Json& d) {
         if (!d.contains("connection") || !d.at("connection").is_object()) badField("connection", "is a connection");
         const ObjectRef on = connection(d.at("connection"));
-        ObjectRef rs = data::openPreparedRecordset(on, textField(d, "source", ""),
-                                                   numberField(d, "cursorLocation", 0, 0, 3),
-                                                   numberField(d, "position", 0, 0, INT32_MAX), strictServices());
+        ObjectRef rs =
+            data::openPreparedRecordset(on, textField(d, "source", ""), numberField(d, "cursorLocation", 0, 0, 3),
+                                        numberField(d, "position", 0, 0, INT32_MAX), strictServices());
         // The name a bound report or grid shows the rows under.
         if (d.contains("dataMember")) rs->put(u"DataMember", Variant(textField(d, "dataMember", "")));
         return rs;
@@ -86,9 +86,13 @@ std::optional<Json> dataState(const Object& object) {
         const data::RecordsetReport report = data::describeRecordset(const_cast<data::Recordset&>(*rs));
         Json fields = Json::object();
         for (const auto& [name, value] : report.fields) fields[toUtf8(name)] = encodeValue(value);
-        return Json{{"object", "recordset"}, {"open", report.open},        {"position", report.position},
-                    {"recordCount", report.recordCount},            {"bof", report.bof},
-                    {"eof", report.eof},                            {"fields", fields}};
+        return Json{{"object", "recordset"},
+                    {"open", report.open},
+                    {"position", report.position},
+                    {"recordCount", report.recordCount},
+                    {"bof", report.bof},
+                    {"eof", report.eof},
+                    {"fields", fields}};
     }
     if (dynamic_cast<const data::Connection*>(&object)) {
         const Variant state = const_cast<Object&>(object).get(u"State");

@@ -16,7 +16,8 @@ constexpr HRESULT kAutomationErrorBase = static_cast<HRESULT>(0x800A0000);
 // automation error, else the standard mapping of common failures.
 int numberOf(HRESULT hr) {
     const auto bits = static_cast<unsigned long>(hr);
-    if ((bits & 0xFFFF0000UL) == static_cast<unsigned long>(kAutomationErrorBase)) return static_cast<int>(bits & 0xFFFF);
+    if ((bits & 0xFFFF0000UL) == static_cast<unsigned long>(kAutomationErrorBase))
+        return static_cast<int>(bits & 0xFFFF);
     switch (hr) {
         case DISP_E_UNKNOWNNAME:
         case DISP_E_MEMBERNOTFOUND: return err::ObjectDoesNotSupport;

@@ -75,9 +75,7 @@ private:
 };
 
 // The runtime's text of a BSTR (a null BSTR is the empty text).
-inline String textOf(BSTR b) {
-    return b ? String(reinterpret_cast<const char16_t*>(b), SysStringLen(b)) : String();
-}
+inline String textOf(BSTR b) { return b ? String(reinterpret_cast<const char16_t*>(b), SysStringLen(b)) : String(); }
 
 class UniqueVariant {
 public:

@@ -152,9 +152,7 @@ private:
 
 }  // namespace
 
-IDispatch* dispatchFaceOf(ObjectRef object) {
-    return new CoreDispatch(std::move(object));
-}
+IDispatch* dispatchFaceOf(ObjectRef object) { return new CoreDispatch(std::move(object)); }
 
 ObjectRef coreObjectBehind(IUnknown* unknown) {
     if (!unknown) return nullptr;

@@ -67,11 +67,12 @@ DISPID DispatchObject::memberId(StringView member) const {
     // Script objects answer names through IDispatchEx (Wine's script
     // classes only there); other objects through GetIDsOfNames.
     ComPtr<IDispatchEx> expando;
-    if (SUCCEEDED(dispatch_->QueryInterface(__uuidof(IDispatchEx), reinterpret_cast<void**>(expando.put()))) && expando &&
-        SUCCEEDED(expando->GetDispID(name.get(), fdexNameCaseInsensitive, &id)))
+    if (SUCCEEDED(dispatch_->QueryInterface(__uuidof(IDispatchEx), reinterpret_cast<void**>(expando.put()))) &&
+        expando && SUCCEEDED(expando->GetDispID(name.get(), fdexNameCaseInsensitive, &id)))
         return id;
     LPOLESTR names[] = {name.get()};
-    if (FAILED(dispatch_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id))) raise(err::ObjectDoesNotSupport);
+    if (FAILED(dispatch_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id)))
+        raise(err::ObjectDoesNotSupport);
     return id;
 }
 
@@ -79,12 +80,15 @@ Variant DispatchObject::enumerate() const {
     DISPPARAMS none{nullptr, nullptr, 0, 0};
     UniqueVariant result;
     EXCEPINFO exception{};
-    const HRESULT hr = dispatch_->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT,
-                                         DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none, result.get(), &exception, nullptr);
+    const HRESULT hr =
+        dispatch_->Invoke(DISPID_NEWENUM, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none,
+                          result.get(), &exception, nullptr);
     if (hr == DISP_E_MEMBERNOTFOUND || hr == DISP_E_UNKNOWNNAME) raise(err::ObjectDoesNotSupport);
     if (FAILED(hr)) throwFromFailure(hr, exception);
     const VARTYPE vt = V_VT(result.get());
-    IUnknown* unknown = vt == VT_UNKNOWN ? V_UNKNOWN(result.get()) : vt == VT_DISPATCH ? V_DISPATCH(result.get()) : nullptr;
+    IUnknown* unknown = vt == VT_UNKNOWN    ? V_UNKNOWN(result.get())
+                        : vt == VT_DISPATCH ? V_DISPATCH(result.get())
+                                            : nullptr;
     ComPtr<IEnumVARIANT> enumerator;
     if (!unknown || FAILED(unknown->QueryInterface(IID_IEnumVARIANT, reinterpret_cast<void**>(enumerator.put()))) ||
         !enumerator)

@@ -19,8 +19,7 @@ namespace telvaro::com {
 namespace {
 
 bool isFunInterface(REFIID iid) {
-    return IsEqualIID(iid, kFunInterfaceId) || IsEqualIID(iid, kFunV0InterfaceId) ||
-           IsEqualIID(iid, kFunV1InterfaceId);
+    return IsEqualIID(iid, kFunInterfaceId) || IsEqualIID(iid, kFunV0InterfaceId) || IsEqualIID(iid, kFunV1InterfaceId);
 }
 
 // Empties a result's storage before any work, so that a failing call
@@ -151,8 +150,7 @@ HRESULT FunObject::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* p
     if (result) VariantInit(result);
     DISPPARAMS none{};
     if (!params) params = &none;
-    if (params->cNamedArgs > params->cArgs || (params->cNamedArgs && !params->rgdispidNamedArgs))
-        return E_INVALIDARG;
+    if (params->cNamedArgs > params->cArgs || (params->cNamedArgs && !params->rgdispidNamedArgs)) return E_INVALIDARG;
 
     try {
         // Positional arguments come last to first; named ones by position.

@@ -28,8 +28,8 @@ std::wstring wide(const char* s) { return std::wstring(s, s + std::char_traits<c
 std::wstring version() { return std::to_wstring(kLibraryMajor) + L"." + std::to_wstring(kLibraryMinor); }
 
 struct Entry {
-    std::wstring key;    // under HKEY_CLASSES_ROOT
-    std::wstring name;   // empty: the key's default value
+    std::wstring key;   // under HKEY_CLASSES_ROOT
+    std::wstring name;  // empty: the key's default value
     std::wstring value;
 };
 
@@ -52,7 +52,7 @@ std::vector<Entry> entries(const std::wstring& path) {
         {wide(kProgId) + L"\\CLSID", L"", text(kFunClassId)},
     };
     const std::pair<const GUID*, const wchar_t*> earlier[] = {{&kFunV0InterfaceId, L"Fun___v0"},
-                                                                {&kFunV1InterfaceId, L"Fun___v1"}};
+                                                              {&kFunV1InterfaceId, L"Fun___v1"}};
     for (const auto& [iid, name] : earlier) {
         const std::wstring key = L"Interface\\" + text(*iid);
         list.push_back({key, L"", name});
@@ -66,8 +66,8 @@ std::vector<Entry> entries(const std::wstring& path) {
 
 HRESULT write(const Entry& e) {
     HKEY key = nullptr;
-    LONG status = RegCreateKeyExW(HKEY_CLASSES_ROOT, e.key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key,
-                                  nullptr);
+    LONG status =
+        RegCreateKeyExW(HKEY_CLASSES_ROOT, e.key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key, nullptr);
     if (status != ERROR_SUCCESS) return HRESULT_FROM_WIN32(status);
     status = RegSetValueExW(key, e.name.empty() ? nullptr : e.name.c_str(), 0, REG_SZ,
                             reinterpret_cast<const BYTE*>(e.value.c_str()),

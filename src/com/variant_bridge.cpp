@@ -111,12 +111,12 @@ Variant fromSafeArray(SAFEARRAY* a, VARTYPE vt) {
     if (dims < 1 || dims > 2) raise(err::UnsupportedAutomationType);
     // rgsabound lists the dimensions from the last to the first.
     const SAFEARRAYBOUND& first = a->rgsabound[dims - 1];
-    Array out = dims == 1 ? Array::vector(first.lLbound, first.lLbound + static_cast<LONG>(first.cElements) - 1,
-                                          elementTypeOf(vt))
-                          : Array::matrix(first.lLbound, first.lLbound + static_cast<LONG>(first.cElements) - 1,
-                                          a->rgsabound[0].lLbound,
-                                          a->rgsabound[0].lLbound + static_cast<LONG>(a->rgsabound[0].cElements) - 1,
-                                          elementTypeOf(vt));
+    Array out =
+        dims == 1
+            ? Array::vector(first.lLbound, first.lLbound + static_cast<LONG>(first.cElements) - 1, elementTypeOf(vt))
+            : Array::matrix(
+                  first.lLbound, first.lLbound + static_cast<LONG>(first.cElements) - 1, a->rgsabound[0].lLbound,
+                  a->rgsabound[0].lLbound + static_cast<LONG>(a->rgsabound[0].cElements) - 1, elementTypeOf(vt));
     ArrayLock lock(a);
     auto* bytes = static_cast<unsigned char*>(a->pvData);
     for (std::size_t i = 0; i < out.elements().size(); ++i)

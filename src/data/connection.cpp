@@ -103,9 +103,7 @@ Variant Connection::invoke(StringView member, InvokeKind kind, std::span<Variant
             expectRead(kind, args);
             close();
             return {};
-        case Member::State:
-            expectRead(kind, args);
-            return Variant(isOpen() ? kStateOpen : kStateClosed);
+        case Member::State: expectRead(kind, args); return Variant(isOpen() ? kStateOpen : kStateClosed);
         case Member::CursorLocation:
             if (isWrite(kind)) {
                 setCursorLocation(toLong(assigned(args)));

@@ -7,38 +7,26 @@ String adoDescription(int number) {
         case ado::InvalidArgument:
             return u"Arguments are of the wrong type, are out of acceptable range, or are in conflict with one "
                    u"another.";
-        case ado::OpeningFile:
-            return u"File could not be opened.";
-        case ado::ReadingFile:
-            return u"File could not be read.";
-        case ado::WritingFile:
-            return u"Write to file failed.";
+        case ado::OpeningFile: return u"File could not be opened.";
+        case ado::ReadingFile: return u"File could not be read.";
+        case ado::WritingFile: return u"Write to file failed.";
         case ado::NoCurrentRecord:
             return u"Either BOF or EOF is True, or the current record has been deleted. Requested operation requires "
                    u"a current record.";
-        case ado::IllegalOperation:
-            return u"Operation is not allowed in this context.";
-        case ado::NotCapable:
-            return u"Object or provider is not capable of performing requested operation.";
+        case ado::IllegalOperation: return u"Operation is not allowed in this context.";
+        case ado::NotCapable: return u"Object or provider is not capable of performing requested operation.";
         case ado::ItemNotFound:
             return u"Item cannot be found in the collection corresponding to the requested name or ordinal.";
-        case ado::ObjectClosed:
-            return u"Operation is not allowed when the object is closed.";
-        case ado::ObjectOpen:
-            return u"Operation is not allowed when the object is open.";
-        case ado::ProviderNotFound:
-            return u"Provider cannot be found. It may not be properly installed.";
+        case ado::ObjectClosed: return u"Operation is not allowed when the object is closed.";
+        case ado::ObjectOpen: return u"Operation is not allowed when the object is open.";
+        case ado::ProviderNotFound: return u"Provider cannot be found. It may not be properly installed.";
         case ado::InvalidConnection:
             return u"The connection cannot be used to perform this operation. It is either closed or invalid in this "
                    u"context.";
-        case ado::CannotRestart:
-            return u"Rowset position cannot be restarted.";
-        case ado::QueryTimeout:
-            return u"Query timeout expired";
-        case ado::CannotFetchBackwards:
-            return u"Rowset does not support fetching backward.";
-        default:
-            return standardDescription(number);
+        case ado::CannotRestart: return u"Rowset position cannot be restarted.";
+        case ado::QueryTimeout: return u"Query timeout expired";
+        case ado::CannotFetchBackwards: return u"Rowset does not support fetching backward.";
+        default: return standardDescription(number);
     }
 }
 

@@ -76,14 +76,10 @@ Variant Field::invoke(StringView member, InvokeKind kind, std::span<Variant> arg
     }
     expectRead(kind, args);
     switch (id) {
-        case FieldMember::Value:
-            return value();
-        case FieldMember::Name:
-            return Variant(cursor().columns()[column_].name);
-        case FieldMember::Type:
-            return Variant(static_cast<std::int32_t>(cursor().columns()[column_].type));
-        case FieldMember::ActualSize:
-            return Variant(cursor().actualSize(column_));
+        case FieldMember::Value: return value();
+        case FieldMember::Name: return Variant(cursor().columns()[column_].name);
+        case FieldMember::Type: return Variant(static_cast<std::int32_t>(cursor().columns()[column_].type));
+        case FieldMember::ActualSize: return Variant(cursor().actualSize(column_));
     }
     raiseNoSuchMember();
 }

@@ -1,7 +1,7 @@
 #include "data/connection_string.h"
+#include "data/errors.h"
 #include "data/odbc/odbc_provider.h"
 #include "data/provider.h"
-#include "data/errors.h"
 #if TELVARO_EMBEDDED_ENGINE
 #include "data/sqlite/sqlite_provider.h"
 #endif
@@ -11,10 +11,8 @@ namespace telvaro::data {
 std::unique_ptr<ProviderSession> openSession(StringView connectionString, const DataServices& services) {
     const ConnectionTarget target = chooseEngine(connectionString);
     switch (target.engine) {
-        case Engine::Odbc:
-            return openOdbcSession(target.target);
-        case Engine::Embedded:
-            break;
+        case Engine::Odbc: return openOdbcSession(target.target);
+        case Engine::Embedded: break;
     }
 #if TELVARO_EMBEDDED_ENGINE
     return openSqliteSession(target.target, services);

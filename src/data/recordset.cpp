@@ -149,12 +149,8 @@ Variant Recordset::invoke(StringView member, InvokeKind kind, std::span<Variant>
             expectRead(kind, args);
             close();
             return {};
-        case Member::State:
-            expectRead(kind, args);
-            return Variant(isOpen() ? kStateOpen : kStateClosed);
-        case Member::RecordCount:
-            expectRead(kind, args);
-            return Variant(state_->openCursor().recordCount());
+        case Member::State: expectRead(kind, args); return Variant(isOpen() ? kStateOpen : kStateClosed);
+        case Member::RecordCount: expectRead(kind, args); return Variant(state_->openCursor().recordCount());
         case Member::AbsolutePosition:
             if (isWrite(kind)) {
                 const std::int32_t position = toLong(assigned(args));
@@ -163,12 +159,8 @@ Variant Recordset::invoke(StringView member, InvokeKind kind, std::span<Variant>
             }
             expectRead(kind, args);
             return Variant(state_->openCursor().absolutePosition());
-        case Member::BOF:
-            expectRead(kind, args);
-            return Variant(Boolean(state_->openCursor().bof()));
-        case Member::EOF_:
-            expectRead(kind, args);
-            return Variant(Boolean(state_->openCursor().eof()));
+        case Member::BOF: expectRead(kind, args); return Variant(Boolean(state_->openCursor().bof()));
+        case Member::EOF_: expectRead(kind, args); return Variant(Boolean(state_->openCursor().eof()));
         case Member::MoveFirst:
             expectRead(kind, args);
             state_->openCursor().moveFirst();

@@ -100,26 +100,16 @@ Variant RowStore::value(std::size_t row, std::size_t column) const {
     const Column& c = cellColumn(row, column);
     const std::uint64_t p = c.payloads[row];
     switch (c.kinds[row]) {
-        case CellKind::Null:
-            return Variant(Null{});
-        case CellKind::Integer:
-            return Variant(static_cast<std::int16_t>(static_cast<std::int64_t>(p)));
-        case CellKind::Long:
-            return Variant(static_cast<std::int32_t>(static_cast<std::int64_t>(p)));
-        case CellKind::Double:
-            return Variant(std::bit_cast<double>(p));
-        case CellKind::Currency:
-            return Variant(Currency{static_cast<std::int64_t>(p)});
-        case CellKind::Date:
-            return Variant(Date{std::bit_cast<double>(p)});
-        case CellKind::Boolean:
-            return Variant(Boolean(p != 0));
-        case CellKind::Byte:
-            return Variant(static_cast<std::uint8_t>(p));
-        case CellKind::Decimal:
-            return Variant(c.decimals[static_cast<std::size_t>(p)]);
-        case CellKind::Text:
-            return Variant(String(c.text, offsetOf(p), lengthOf(p)));
+        case CellKind::Null: return Variant(Null{});
+        case CellKind::Integer: return Variant(static_cast<std::int16_t>(static_cast<std::int64_t>(p)));
+        case CellKind::Long: return Variant(static_cast<std::int32_t>(static_cast<std::int64_t>(p)));
+        case CellKind::Double: return Variant(std::bit_cast<double>(p));
+        case CellKind::Currency: return Variant(Currency{static_cast<std::int64_t>(p)});
+        case CellKind::Date: return Variant(Date{std::bit_cast<double>(p)});
+        case CellKind::Boolean: return Variant(Boolean(p != 0));
+        case CellKind::Byte: return Variant(static_cast<std::uint8_t>(p));
+        case CellKind::Decimal: return Variant(c.decimals[static_cast<std::size_t>(p)]);
+        case CellKind::Text: return Variant(String(c.text, offsetOf(p), lengthOf(p)));
         case CellKind::Bytes:
             return byteArray(std::span<const std::uint8_t>(c.bytes.data() + offsetOf(p), lengthOf(p)));
     }
@@ -130,25 +120,17 @@ std::int32_t RowStore::actualSize(std::size_t row, std::size_t column) const {
     const Column& c = cellColumn(row, column);
     const std::uint64_t p = c.payloads[row];
     switch (c.kinds[row]) {
-        case CellKind::Null:
-            return 0;
-        case CellKind::Byte:
-            return 1;
+        case CellKind::Null: return 0;
+        case CellKind::Byte: return 1;
         case CellKind::Integer:
-        case CellKind::Boolean:
-            return 2;
-        case CellKind::Long:
-            return 4;
+        case CellKind::Boolean: return 2;
+        case CellKind::Long: return 4;
         case CellKind::Double:
         case CellKind::Currency:
-        case CellKind::Date:
-            return 8;
-        case CellKind::Decimal:
-            return 16;
-        case CellKind::Text:
-            return static_cast<std::int32_t>(std::min<std::size_t>(lengthOf(p) * 2, INT32_MAX));
-        case CellKind::Bytes:
-            return static_cast<std::int32_t>(std::min<std::size_t>(lengthOf(p), INT32_MAX));
+        case CellKind::Date: return 8;
+        case CellKind::Decimal: return 16;
+        case CellKind::Text: return static_cast<std::int32_t>(std::min<std::size_t>(lengthOf(p) * 2, INT32_MAX));
+        case CellKind::Bytes: return static_cast<std::int32_t>(std::min<std::size_t>(lengthOf(p), INT32_MAX));
     }
     return 0;
 }

@@ -148,9 +148,7 @@ Variant Stream::invoke(StringView member, InvokeKind kind, std::span<Variant> ar
                 }
             }
             return {};
-        case Member::Read:
-            expectRead(kind, args, 1);
-            return byteArray(read(longArg(args, 0, kReadAll)));
+        case Member::Read: expectRead(kind, args, 1); return byteArray(read(longArg(args, 0, kReadAll)));
         case Member::SaveToFile:
             expectRead(kind, args, 2);
             if (!given(args, 0)) raise(err::ArgumentNotOptional);
@@ -169,9 +167,7 @@ Variant Stream::invoke(StringView member, InvokeKind kind, std::span<Variant> ar
             bytes_.shrink_to_fit();
             position_ = 0;
             return {};
-        case Member::State:
-            expectRead(kind, args);
-            return Variant(std::int32_t(open_ ? 1 : 0));
+        case Member::State: expectRead(kind, args); return Variant(std::int32_t(open_ ? 1 : 0));
     }
     raiseNoSuchMember();
 }

@@ -66,8 +66,17 @@ std::uint8_t fecUltimoDiaMes(Fun& fun, std::uint8_t Mes, std::int16_t Anio) {
     // Every year divisible by 4 is a leap year here: no century rule.
     const bool leap = text::numEsMultiplo(fun, Anio, 4).isTrue();
     switch (Mes) {
-        case 1: case 3: case 5: case 7: case 8: case 10: case 12: return 31;
-        case 4: case 6: case 9: case 11: return 30;
+        case 1:
+        case 3:
+        case 5:
+        case 7:
+        case 8:
+        case 10:
+        case 12: return 31;
+        case 4:
+        case 6:
+        case 9:
+        case 11: return 30;
         case 2: return leap ? 29 : 28;
         default: return 0;
     }

@@ -16,14 +16,10 @@ struct ItemValue {
 
 // The configuration, in the order it is written.
 constexpr ItemValue kExpected[] = {
-    {lcitem::ShortDate, u"dd/MM/yyyy"},
-    {lcitem::LongDate, u"dddd, d' de 'MMMM' de 'yyyy"},
-    {lcitem::DecimalSeparator, u"."},
-    {lcitem::ThousandSeparator, u","},
-    {lcitem::TimeFormat, u"HH:mm:ss"},
-    {lcitem::MonetaryDecimal, u"."},
-    {lcitem::MonetaryThousand, u","},
-    {lcitem::CurrencySymbol, u"$"},
+    {lcitem::ShortDate, u"dd/MM/yyyy"}, {lcitem::LongDate, u"dddd, d' de 'MMMM' de 'yyyy"},
+    {lcitem::DecimalSeparator, u"."},   {lcitem::ThousandSeparator, u","},
+    {lcitem::TimeFormat, u"HH:mm:ss"},  {lcitem::MonetaryDecimal, u"."},
+    {lcitem::MonetaryThousand, u","},   {lcitem::CurrencySymbol, u"$"},
 };
 
 bool startsWith(const std::optional<String>& text, char16_t c) { return text && !text->empty() && (*text)[0] == c; }
@@ -60,7 +56,7 @@ Boolean fn_VerificaConfRegional(Fun&) {
     if (toString(Variant(5.0 / 2)).find(u',') != String::npos) result = false;  // "," as decimal mark
     const String dateText = toString(Variant(d));
     if (dateText.substr(0, 2) == u"12" || dateText.substr(0, 2) == u"19") result = false;  // month or year first
-    if (text::strDespuesDeUltimo(dateText, u"/").size() < 4) result = false;           // two-digit year
+    if (text::strDespuesDeUltimo(dateText, u"/").size() < 4) result = false;               // two-digit year
     return Boolean(result);
 }
 

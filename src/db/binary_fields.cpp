@@ -10,9 +10,7 @@ namespace {
 
 constexpr StringView kScratchName = u"ResAdoStream.qzx";
 
-callers::Stream newStream(Fun& fun) {
-    return callers::Stream(fun.platform().objectFactory().create(u"ADODB.Stream"));
-}
+callers::Stream newStream(Fun& fun) { return callers::Stream(fun.platform().objectFactory().create(u"ADODB.Stream")); }
 
 String driveRoot(const String& applicationPath) { return applicationPath.substr(0, 3); }
 

@@ -55,8 +55,7 @@ Variant asDate(const Variant& value) {
 // is not.
 std::optional<double> comparableNumber(const Variant& value) {
     if (value.isString()) return parseNumber(value.get<String>());
-    if (value.isNumber() || value.isEmpty() || value.type() == VarType::Date)
-        return toDouble(value);
+    if (value.isNumber() || value.isEmpty() || value.type() == VarType::Date) return toDouble(value);
     return std::nullopt;
 }
 
@@ -115,44 +114,39 @@ const ColumnFormat::Sections& ColumnFormat::sections(Fun& fun) const {
 
 std::optional<String> ColumnFormat::cellText(Fun& fun, const Variant& value) const {
     switch (kind_) {
-    case Kind::Plain:
-    case Kind::CheckBox:
-        return textOf(value);
-    case Kind::Number:
-        return format(asNumber(value), pattern_);
-    case Kind::Percent: {
-        String text = textOf(value);
-        if (!(val(text) > 0)) return std::nullopt;
-        text += u'%';
-        return text;
-    }
-    case Kind::Money:
-        return u"$ " + format(asNumber(value), pattern_);
-    case Kind::Time:
-    case Kind::Date:
-        return format(asDate(value), pattern_) + suffix_;
-    case Kind::Pattern:
-        return format(value, pattern_);
-    case Kind::Conditional: {
-        const Sections& s = sections(fun);
-        const String* section = nullptr;
-        if (value.isNull()) {
-            section = &s.null;
-        } else if (val(toString(value)) < 0) {
-            section = &s.negative;
-        } else if (const auto number = comparableNumber(value)) {
-            if (*number == 0)
-                section = &s.zero;
-            else if (*number > 0)
-                section = &s.positive;
+        case Kind::Plain:
+        case Kind::CheckBox: return textOf(value);
+        case Kind::Number: return format(asNumber(value), pattern_);
+        case Kind::Percent: {
+            String text = textOf(value);
+            if (!(val(text) > 0)) return std::nullopt;
+            text += u'%';
+            return text;
         }
-        if (!section) return std::nullopt;
-        if (!section->empty() && section->front() == u':') return section->substr(1);
-        // A negative value is written without its sign: the section is
-        // its pattern as the negative section of a number pattern is.
-        if (section == &s.negative && !section->empty()) return format(value, *section + u";" + *section);
-        return format(value, *section);
-    }
+        case Kind::Money: return u"$ " + format(asNumber(value), pattern_);
+        case Kind::Time:
+        case Kind::Date: return format(asDate(value), pattern_) + suffix_;
+        case Kind::Pattern: return format(value, pattern_);
+        case Kind::Conditional: {
+            const Sections& s = sections(fun);
+            const String* section = nullptr;
+            if (value.isNull()) {
+                section = &s.null;
+            } else if (val(toString(value)) < 0) {
+                section = &s.negative;
+            } else if (const auto number = comparableNumber(value)) {
+                if (*number == 0)
+                    section = &s.zero;
+                else if (*number > 0)
+                    section = &s.positive;
+            }
+            if (!section) return std::nullopt;
+            if (!section->empty() && section->front() == u':') return section->substr(1);
+            // A negative value is written without its sign: the section is
+            // its pattern as the negative section of a number pattern is.
+            if (section == &s.negative && !section->empty()) return format(value, *section + u";" + *section);
+            return format(value, *section);
+        }
     }
     return std::nullopt;
 }

@@ -58,8 +58,8 @@ private:
 
     Kind kind_ = Kind::Plain;
     String code_;
-    String pattern_;  // of Number, Money, Time, Date and Pattern
-    String suffix_;   // after the formatted value (HH)
+    String pattern_;                            // of Number, Money, Time, Date and Pattern
+    String suffix_;                             // after the formatted value (HH)
     mutable std::optional<Sections> sections_;  // a conditional code, cut at its first use
 };
 

@@ -42,8 +42,8 @@ std::vector<PlacedField> placeFields(Fun& fun, const callers::Recordset& rs, con
         const Variant name(upperCase(toString(field.get(u"Name"))));
         const std::int32_t k = text::fn_BuscaEnVector(fun, columns.names, name);
         if (k >= 0)
-            placed.push_back({std::move(field), (Int32(ColInicio) + k).value(),
-                              &columns.formats[static_cast<std::size_t>(k)]});
+            placed.push_back(
+                {std::move(field), (Int32(ColInicio) + k).value(), &columns.formats[static_cast<std::size_t>(k)]});
     });
     return placed;
 }
@@ -57,8 +57,8 @@ void writeCell(Fun& fun, const callers::FlexGrid& grid, const ObjectRef& Grid, s
     if (placed.format->isCheckBox()) {
         // fn_PoneCheckGrid with its defaults; its column is an Integer.
         grid::fn_PoneCheckGrid(fun, Grid, row, toInt16(placed.column), Variant(std::int16_t(1)),
-                               Variant(std::int16_t(0)), Variant(std::int16_t(11)), Variant(std::int16_t(10)), False,
-                               0, 0);
+                               Variant(std::int16_t(0)), Variant(std::int16_t(11)), Variant(std::int16_t(10)), False, 0,
+                               0);
     }
 }
 
@@ -152,8 +152,8 @@ void regLlenaGridLIKE(Fun& fun, const ObjectRef& Conexion, const String& SQL_, c
                       const String& CamposC, std::int32_t FilaInic, std::int16_t ColInic, Boolean OcultaSiNo,
                       Boolean Deja1rafila) {
     const String statement = markEmptyNumericSearch(SQL_);
-    RegLlenaGridRegSql(fun, Conexion, Grid, statement, CamposC, True, Deja1rafila, FilaInic, ColInic, False,
-                       u"##0.00", False);
+    RegLlenaGridRegSql(fun, Conexion, Grid, statement, CamposC, True, Deja1rafila, FilaInic, ColInic, False, u"##0.00",
+                       False);
     if (!OcultaSiNo.isTrue() || FilaInic < 0) return;
     const callers::FlexGrid grid(Grid);
     const std::int32_t rows = grid.rows();
@@ -162,7 +162,9 @@ void regLlenaGridLIKE(Fun& fun, const ObjectRef& Conexion, const String& SQL_, c
     } else if (rows == 1) {
         // From row 0 a single row may be a record: shown when its last cell has text.
         const bool shown =
-            FilaInic >= 1 ? false : !grid.textMatrix(Variant(std::int32_t(0)), Variant((Int32(grid.cols()) - 1).value())).empty();
+            FilaInic >= 1
+                ? false
+                : !grid.textMatrix(Variant(std::int32_t(0)), Variant((Int32(grid.cols()) - 1).value())).empty();
         grid.setVisible(Variant(Boolean(shown)));
     }
 }

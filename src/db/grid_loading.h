@@ -23,9 +23,8 @@ void RegLlenaGridRegSql(Fun&, const ObjectRef& Conexion, const ObjectRef& Grid, 
                         std::int16_t ColInicio, Boolean NegritaTit, const String& NumDeci, Boolean ProgresB);
 // A search as the user types: an empty pattern finds nothing, and the grid
 // is hidden when it has no rows.
-void regLlenaGridLIKE(Fun&, const ObjectRef& Conexion, const String& SQL_, const ObjectRef& Grid,
-                      const String& CamposC, std::int32_t FilaInic, std::int16_t ColInic, Boolean OcultaSiNo,
-                      Boolean Deja1rafila);
+void regLlenaGridLIKE(Fun&, const ObjectRef& Conexion, const String& SQL_, const ObjectRef& Grid, const String& CamposC,
+                      std::int32_t FilaInic, std::int16_t ColInic, Boolean OcultaSiNo, Boolean Deja1rafila);
 
 // The numeric empty-search marker: "'%'" (else "' %'") becomes "'0.00000000'".
 String markEmptyNumericSearch(StringView sql);

@@ -67,9 +67,8 @@ String markEmptySearch(StringView sql) {
 }
 
 void regCargaListaSQL(Fun& fun, const ObjectRef& Conexion, const String& SQL_, const ObjectRef& ListaText,
-                      const String& CampoText, const ObjectRef& ListaCod, const String& CampoCod,
-                      Boolean Elige1erItem, Boolean Limpiar1ro, const String& PrimerItemText,
-                      const String& PrimerItemCod) {
+                      const String& CampoText, const ObjectRef& ListaCod, const String& CampoCod, Boolean Elige1erItem,
+                      Boolean Limpiar1ro, const String& PrimerItemText, const String& PrimerItemCod) {
     // Opening is the one step whose error reaches the caller.
     const callers::Recordset rs = openQuery(fun, Conexion, SQL_);
     SkipErrors onError;
@@ -131,7 +130,8 @@ void regCargaListaSQL2(Fun& fun, const ObjectRef& Conexion, const String& SQL_, 
         eachRow(onError, rs, [&] {
             if (!texts) return;
             if (textField) onError([&] { texts->addItem(textField->get(u"Value")); });
-            if (codeField) onError([&] { texts->setItemData(texts->newIndex(), Variant(toLong(codeField->get(u"Value")))); });
+            if (codeField)
+                onError([&] { texts->setItemData(texts->newIndex(), Variant(toLong(codeField->get(u"Value")))); });
         });
     }
     const bool hasItems = onError.value([&] { return texts && toLong(texts->listCount()) > 0; }).value_or(false);

@@ -14,9 +14,8 @@ namespace telvaro::db {
 // Text list and optional parallel code list from a query; only the opening
 // of the query can fail, every later error is ignored.
 void regCargaListaSQL(Fun&, const ObjectRef& Conexion, const String& SQL_, const ObjectRef& ListaText,
-                      const String& CampoText, const ObjectRef& ListaCod, const String& CampoCod,
-                      Boolean Elige1erItem, Boolean Limpiar1ro, const String& PrimerItemText,
-                      const String& PrimerItemCod);
+                      const String& CampoText, const ObjectRef& ListaCod, const String& CampoCod, Boolean Elige1erItem,
+                      Boolean Limpiar1ro, const String& PrimerItemText, const String& PrimerItemCod);
 // The same with the code in ItemData of the one list.
 void regCargaListaSQL2(Fun&, const ObjectRef& Conexion, const String& SQL_, const ObjectRef& ListaText,
                        const String& CampoText, const String& CampoCod, Boolean Elige1erItem, Boolean Limpiar1ro,

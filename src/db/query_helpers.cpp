@@ -28,7 +28,8 @@ std::int32_t regUltimoCodigo(Fun&, const ObjectRef& Conexion, const String& NomC
                              const String& CondicionSinWhere, std::int16_t Incremento) {
     const callers::Connection connection{Variant(Conexion)};
     // Plain concatenation; " WHERE " is always there.
-    const String statement = u"SELECT MAX(" + NomCampo + u") AS UCodi FROM " + NomTabla + u" WHERE " + CondicionSinWhere;
+    const String statement =
+        u"SELECT MAX(" + NomCampo + u") AS UCodi FROM " + NomTabla + u" WHERE " + CondicionSinWhere;
     const callers::Recordset rs{connection.execute(Variant(statement), kUnspecified)};
     const Variant maximum = rs.fieldValue(Variant(String(u"UCodi")));
     const std::int64_t sum = (maximum.isNull() ? 0 : std::int64_t(toLong(maximum))) + Incremento;

@@ -43,7 +43,8 @@ void moveRecord(Fun& fun, const ObjectRef& formulario, Move move, StringView msg
     const bool canMove = backwards ? position > 1 : position < count;
     auto reload = [&] { form.cargaDatosRegistro(lista.fieldObject(Variant(std::int32_t(0)))); };
     if (!canMove) {
-        const String notice = backwards ? u"Ya está ubicado en el primer registro!" : u"Ya está ubicado en el último registro!";
+        const String notice =
+            backwards ? u"Ya está ubicado en el primer registro!" : u"Ya está ubicado en el último registro!";
         const String title = backwards ? u"1er registro" : u"Ultimo registro";
         // The first-record button reloads before its notice; the others
         // show the notice first.

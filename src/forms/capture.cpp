@@ -48,8 +48,8 @@ ObjectRef imgCreateBitmapPicture(Fun& fun, std::int32_t hBmp, std::int32_t hPal)
     return fun.platform().display().pictureOfBitmap(hBmp, hPal);
 }
 
-ObjectRef imgCaptureWindow(Fun& fun, std::int32_t hWndSrc, Boolean Client, std::int32_t LeftSrc,
-                           std::int32_t TopSrc, std::int32_t WidthSrc, std::int32_t HeightSrc) {
+ObjectRef imgCaptureWindow(Fun& fun, std::int32_t hWndSrc, Boolean Client, std::int32_t LeftSrc, std::int32_t TopSrc,
+                           std::int32_t WidthSrc, std::int32_t HeightSrc) {
     DisplayService& display = fun.platform().display();
     const Int32 width = Int32::ofDouble(WidthSrc / display.twipsPerPixelX());
     const Int32 height = Int32::ofDouble(HeightSrc / display.twipsPerPixelY());
@@ -60,7 +60,8 @@ ObjectRef imgCaptureWindow(Fun& fun, std::int32_t hWndSrc, Boolean Client, std::
 ObjectRef imgCaptureScreen(Fun& fun) {
     DisplayService& display = fun.platform().display();
     const std::int32_t desktop = display.desktopWindow();
-    const Int32 width = integerDivide(Int32::ofDouble(display.screenWidth()), Int32::ofDouble(display.twipsPerPixelX()));
+    const Int32 width =
+        integerDivide(Int32::ofDouble(display.screenWidth()), Int32::ofDouble(display.twipsPerPixelX()));
     const Int32 height =
         integerDivide(Int32::ofDouble(display.screenHeight()), Int32::ofDouble(display.twipsPerPixelY()));
     return imgCaptureWindow(fun, desktop, False, 0, 0, width, height);

@@ -36,8 +36,8 @@ void ImgCopiaImagen(Fun& fun, const ObjectRef& Origen, const ObjectRef& Destino,
 ObjectRef imgCreateBitmapPicture(Fun& fun, std::int32_t hBmp, std::int32_t hPal);
 // The window's client area (Client) or whole window, from (LeftSrc, TopSrc)
 // in pixels, WidthSrc x HeightSrc twips. Window 0 is the screen.
-ObjectRef imgCaptureWindow(Fun& fun, std::int32_t hWndSrc, Boolean Client, std::int32_t LeftSrc,
-                           std::int32_t TopSrc, std::int32_t WidthSrc, std::int32_t HeightSrc);
+ObjectRef imgCaptureWindow(Fun& fun, std::int32_t hWndSrc, Boolean Client, std::int32_t LeftSrc, std::int32_t TopSrc,
+                           std::int32_t WidthSrc, std::int32_t HeightSrc);
 ObjectRef imgCaptureScreen(Fun& fun);
 ObjectRef imgCaptureActiveWindow(Fun& fun);
 

@@ -36,8 +36,7 @@ bool accepts(Fun& fun, const ObjectRef& box, const String& text, std::int16_t ke
     }
     if (key == kPoint) {
         if (rules.decimals == 0) return false;
-        if (rules.decimals > 0 &&
-            (inStr(text, u".") > 0 || !numPuedePonerPunto(text, toInt16(length), rules.decimals)))
+        if (rules.decimals > 0 && (inStr(text, u".") > 0 || !numPuedePonerPunto(text, toInt16(length), rules.decimals)))
             return false;
     }
     if (digit) {

@@ -20,11 +20,11 @@
 #include <type_traits>
 #include <vector>
 
-#include "frame/catalogue.h"
 #include "context/enums.h"
-#include "runtime/error.h"
+#include "frame/catalogue.h"
 #include "runtime/checked.h"
 #include "runtime/convert.h"
+#include "runtime/error.h"
 #include "runtime/object.h"
 
 namespace telvaro {

@@ -4,7 +4,6 @@
 #include <type_traits>
 #include <unordered_map>
 
-
 namespace telvaro {
 
 VarType varTypeOf(ArgType t) {

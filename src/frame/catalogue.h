@@ -47,8 +47,8 @@ enum class StoredDefault { None, Everywhere, OutsideWidl };
 StoredDefault storedDefault(const ParamInfo& p);
 
 struct MethodInfo {
-    int order = 0;              // 1-based place among the methods of the v-table
-    std::int32_t dispid = 0;    // 0x60030000 + member number
+    int order = 0;            // 1-based place among the methods of the v-table
+    std::int32_t dispid = 0;  // 0x60030000 + member number
     std::string_view name;
     ArgType result = ArgType::None;  // None: a procedure with no result
     std::string_view resultName;     // "Integer", "Picture", "none", ...

@@ -34,6 +34,8 @@ void applyHiddenTextStyle(const callers::FlexGrid& grid);
 
 // The last row or column a range ends at: `end` itself, or count - 1 when it
 // is negative.
-inline std::int64_t openEnd(std::int64_t end, std::int32_t count) { return end < 0 ? std::int64_t{(Int32(count) - 1).value()} : end; }
+inline std::int64_t openEnd(std::int64_t end, std::int32_t count) {
+    return end < 0 ? std::int64_t{(Int32(count) - 1).value()} : end;
+}
 
 }  // namespace telvaro::grid

@@ -27,8 +27,8 @@ struct CheckValues {
 
 // Writes the opposite value into a cell holding one of the four, testing
 // the disabled values first; a cell holding none is left as it is.
-void toggle(const FlexGrid& grid, std::int32_t row, std::int16_t col, const CheckValues& values,
-            const Variant& ValorSI, const Variant& ValorNO, const Variant& DeshabSI, const Variant& DeshabNO) {
+void toggle(const FlexGrid& grid, std::int32_t row, std::int16_t col, const CheckValues& values, const Variant& ValorSI,
+            const Variant& ValorNO, const Variant& DeshabSI, const Variant& DeshabNO) {
     if (cellEquals(grid.textMatrix(row, col), values.disabledYes))
         grid.setTextMatrix(row, col, DeshabNO);
     else if (cellEquals(grid.textMatrix(row, col), values.disabledNo))
@@ -150,9 +150,9 @@ void fn_PoneCheck(Fun& fun, const ObjectRef& Grid, std::int32_t Fila, std::int16
     applyHiddenTextStyle(grid);
     if (!PonerElValor.isNull() && !toString(PonerElValor).empty()) grid.setTextMatrix(Fila, Columna, PonerElValor);
     const bool disabled = Deshabilitado.isTrue(), checked = Checked.isTrue();
-    const CheckBoxPicture picture = disabled ? (checked ? CheckBoxPicture::CheckedDisabled
-                                                        : CheckBoxPicture::UncheckedDisabled)
-                                             : (checked ? CheckBoxPicture::Checked : CheckBoxPicture::Unchecked);
+    const CheckBoxPicture picture =
+        disabled ? (checked ? CheckBoxPicture::CheckedDisabled : CheckBoxPicture::UncheckedDisabled)
+                 : (checked ? CheckBoxPicture::Checked : CheckBoxPicture::Unchecked);
     grid.setCellPicture(frmDllPicture(fun, picture));
     grid.setCellPictureAlignment(kCentreCentre);
     grid.setCol(savedCol);

@@ -54,8 +54,8 @@ void fn_PintaFilaGrid(Fun&, const ObjectRef& Grid, std::int32_t Fila, std::int32
     saved.restoreColThenRow(grid);
 }
 
-void fn_PintaColumnaGrid(Fun&, const ObjectRef& Grid, std::int16_t Columna, std::int32_t Color,
-                         std::int32_t ColorLetra, std::int32_t FilInicio, std::int32_t FilFin) {
+void fn_PintaColumnaGrid(Fun&, const ObjectRef& Grid, std::int16_t Columna, std::int32_t Color, std::int32_t ColorLetra,
+                         std::int32_t FilInicio, std::int32_t FilFin) {
     const FlexGrid grid(Grid);
     if (FilFin < 0) FilFin = Int32::of(openEnd(FilFin, grid.rows()));
     const SavedCell saved = saveCell(grid);

@@ -19,8 +19,8 @@ namespace telvaro::grid {
 
 void fn_PintaFilaGrid(Fun&, const ObjectRef& Grid, std::int32_t Fila, std::int32_t Color, std::int32_t ColorLetra,
                       std::int16_t ColInicio, std::int16_t ColFin);
-void fn_PintaColumnaGrid(Fun&, const ObjectRef& Grid, std::int16_t Columna, std::int32_t Color,
-                         std::int32_t ColorLetra, std::int32_t FilInicio, std::int32_t FilFin);
+void fn_PintaColumnaGrid(Fun&, const ObjectRef& Grid, std::int16_t Columna, std::int32_t Color, std::int32_t ColorLetra,
+                         std::int32_t FilInicio, std::int32_t FilFin);
 // The two centring methods hold the saved Col in a Byte: a current column
 // above 255 is error 6 before any cell changes.
 void fn_CentraFilaGrid(Fun&, const ObjectRef& Grid, std::int32_t Fila, std::int16_t Alineamiento,

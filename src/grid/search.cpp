@@ -22,8 +22,8 @@ std::int32_t fn_BuscaColGrid(Fun&, const ObjectRef& Grid, std::int16_t Columna, 
     return found;
 }
 
-std::int32_t fn_BuscaFilGrid(Fun&, const ObjectRef& Grid, std::int32_t Fila, const Variant& Valor,
-                             std::int16_t ColInic, std::int16_t ColFin) {
+std::int32_t fn_BuscaFilGrid(Fun&, const ObjectRef& Grid, std::int32_t Fila, const Variant& Valor, std::int16_t ColInic,
+                             std::int16_t ColFin) {
     const FlexGrid grid(Grid);
     std::int32_t found = -1;
     if (ColFin < 0) ColFin = Int16::of(openEnd(ColFin, grid.cols()));

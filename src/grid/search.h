@@ -17,8 +17,8 @@ namespace telvaro::grid {
 
 std::int32_t fn_BuscaColGrid(Fun&, const ObjectRef& Grid, std::int16_t Columna, const Variant& Valor,
                              std::int32_t FilaInic, std::int32_t FilaFin);
-std::int32_t fn_BuscaFilGrid(Fun&, const ObjectRef& Grid, std::int32_t Fila, const Variant& Valor,
-                             std::int16_t ColInic, std::int16_t ColFin);
+std::int32_t fn_BuscaFilGrid(Fun&, const ObjectRef& Grid, std::int32_t Fila, const Variant& Valor, std::int16_t ColInic,
+                             std::int16_t ColFin);
 // Operacion is "=", ">", "<", ">=" or "<="; the numeric ones read both
 // sides by their leading number and skip empty cells; any other operation
 // counts nothing. The count is an Integer (error 6 past 32767).

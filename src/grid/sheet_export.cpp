@@ -20,7 +20,8 @@ void ColumnLetter::advance() {
     ++code_;
 }
 
-ExportProgress::ExportProgress(Fun& fun, SkipErrors& onError) : onError_(onError), form_(onError.value([&] { return frmProg(fun); })) {}
+ExportProgress::ExportProgress(Fun& fun, SkipErrors& onError)
+    : onError_(onError), form_(onError.value([&] { return frmProg(fun); })) {}
 
 void ExportProgress::start(const Variant& maximum) {
     if (!form_) return;

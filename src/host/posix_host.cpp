@@ -1,13 +1,13 @@
 // The host on Linux and other POSIX systems.
 
+#include "context/frm_prog.h"
 #include "data/factory.h"
 #include "host/default_platform.h"
 #include "host/exported_sheets.h"
-#include "context/frm_prog.h"
-#include "platform/posix/home.h"
 #include "host/posix_display.h"
 #include "host/posix_pictures.h"
 #include "objects/picture.h"
+#include "platform/posix/home.h"
 #include "platform/posix/pdf_printing.h"
 #include "platform/posix/posix_environment.h"
 #include "platform/posix/posix_file_system.h"
@@ -36,8 +36,8 @@ Platform posixPlatform() {
     // The data objects open only files the strict mapping gives: the home
     // folder and the mapped drives, nothing else.
     data::DataServices dataServices{[](StringView windowsPath) { return posix::mapPath(windowsPath); }};
-    p.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>(
-        [dataServices](StringView progId) -> ObjectRef {
+    p.use(std::shared_ptr<ObjectFactory>(
+        std::make_shared<FunctionObjectFactory>([dataServices](StringView progId) -> ObjectRef {
             // The spreadsheet application writes its workbooks under the home folder.
             if (textEquals(progId, u"Excel.Application")) return host::makeSheetApplication(host::exportsFolder());
             return data::createDataObject(progId, dataServices);
@@ -50,8 +50,8 @@ Platform posixPlatform() {
     // frmProg: a bar on stderr when it is a terminal, else nothing seen.
     p.use(std::shared_ptr<ProgressDisplay>(std::make_shared<posix::TerminalProgressDisplay>()));
     // Printed pictures are the library's own picture objects.
-    p.use(std::shared_ptr<Printing>(std::make_shared<posix::PdfPrinting>(
-        [](const Variant& v) -> std::optional<posix::PrintPixels> {
+    p.use(std::shared_ptr<Printing>(
+        std::make_shared<posix::PdfPrinting>([](const Variant& v) -> std::optional<posix::PrintPixels> {
             if (!v.isObject()) return std::nullopt;
             const auto* picture = dynamic_cast<const objects::Picture*>(v.object().get());
             if (!picture || picture->isEmpty()) return std::nullopt;

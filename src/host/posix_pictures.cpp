@@ -14,8 +14,9 @@ ObjectRef PosixPictures::fromPixels(std::int32_t width, std::int32_t height, std
     auto picture = std::make_shared<objects::Picture>(width, height);
     for (std::int32_t y = 0; y < height; ++y)
         for (std::int32_t x = 0; x < width; ++x)
-            picture->setPixel(x, y, pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-                                           static_cast<std::size_t>(x)]);
+            picture->setPixel(
+                x, y,
+                pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)]);
     picture->setSource(String(name));
     return picture;
 }

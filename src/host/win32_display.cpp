@@ -11,11 +11,11 @@ namespace telvaro::win32 {
 namespace {
 
 constexpr double kTwipsPerInch = 1440.0;
-constexpr UINT kPaint = 15;    // WM_PAINT
-constexpr UINT kPrint = 791;   // WM_PRINT
-constexpr int kRasterCaps = 38;       // RASTERCAPS
+constexpr UINT kPaint = 15;            // WM_PAINT
+constexpr UINT kPrint = 791;           // WM_PRINT
+constexpr int kRasterCaps = 38;        // RASTERCAPS
 constexpr int kPaletteDevice = 0x100;  // RC_PALETTE
-constexpr int kPaletteSize = 104;     // SIZEPALETTE
+constexpr int kPaletteSize = 104;      // SIZEPALETTE
 constexpr WORD kPaletteVersion = 0x300;
 constexpr DWORD kSourceCopy = 0xCC0020;  // SRCCOPY
 

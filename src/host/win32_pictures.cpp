@@ -33,8 +33,7 @@ public:
     Variant invoke(StringView member, InvokeKind kind, std::span<Variant> args) override {
         const bool isGet = kind == InvokeKind::PropertyGet || kind == InvokeKind::Method;
         const bool known = member.empty() || textEquals(member, u"Handle") || textEquals(member, u"hPal") ||
-                           textEquals(member, u"Type") || textEquals(member, u"Width") ||
-                           textEquals(member, u"Height");
+                           textEquals(member, u"Type") || textEquals(member, u"Width") || textEquals(member, u"Height");
         if (!known) raiseNoSuchMember();
         if (!isGet) raise(383);
         if (!args.empty()) raise(err::WrongNumberOfArguments);

@@ -35,8 +35,7 @@ bool isEstablishment(const String& lastThree) {
 // A doubtful number: with Advertir set, the user may accept it.
 Outcome warnIfAsked(Fun& fun, bool valid, Boolean advertir, const char16_t* prompt) {
     if (valid) return Valid;
-    if (advertir.isTrue() && fun.showMessage(prompt, kWarningStyle, u"Confirme") == msgbox::Yes)
-        return AcceptedByUser;
+    if (advertir.isTrue() && fun.showMessage(prompt, kWarningStyle, u"Confirme") == msgbox::Yes) return AcceptedByUser;
     return Refused;
 }
 

@@ -48,16 +48,16 @@ void fn_LogErrores(Fun& fun, const Variant& Objeto, const ObjectRef& nerr, const
 
     // 6. Both lines in one append.
     const String file = folder + u"\\" + month + u".txt";
-    fun.platform().fileSystem().appendToFile(
-        file, toAnsi(entry + u"\r\n" + String(kSeparatorLength, u'-') + u"\r\n"));
+    fun.platform().fileSystem().appendToFile(file, toAnsi(entry + u"\r\n" + String(kSeparatorLength, u'-') + u"\r\n"));
 
     // 7. The drive in the message is always C:.
-    fun.showMessage(u"La operación solicitada no pudo completarse debido a un error. Se ha generado un archivo de "
-                    u"errores el cual contiene la descripción del error y el control que lo generó. Notifique los "
-                    u"errores al desarrollador de este sistema para su corrección respectiva. El archivo se encuentra "
-                    u"en C:\\Errores\\ErrLog\\" +
-                        month + u".txt",
-                    msgbox::OkOnly | msgbox::Critical, u"Error interceptado");
+    fun.showMessage(
+        u"La operación solicitada no pudo completarse debido a un error. Se ha generado un archivo de "
+        u"errores el cual contiene la descripción del error y el control que lo generó. Notifique los "
+        u"errores al desarrollador de este sistema para su corrección respectiva. El archivo se encuentra "
+        u"en C:\\Errores\\ErrLog\\" +
+            month + u".txt",
+        msgbox::OkOnly | msgbox::Critical, u"Error interceptado");
 }
 
 }  // namespace telvaro

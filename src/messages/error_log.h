@@ -4,7 +4,8 @@
 // drive, followed by a line of 127 hyphens, and the user is told where the
 // file is:
 //
-//   14/07/2024 - Módulo: frmClientes - Contenedor: Frame1 - Control: txtCodigo - Procedimiento: Validar - Error: Overflow
+//   14/07/2024 - Módulo: frmClientes - Contenedor: Frame1 - Control: txtCodigo - Procedimiento: Validar - Error:
+//   Overflow
 //   -------------------------------------------------------------------------------------------------------------------------------
 //
 // The July file of every year is the same file: the log keeps one file per

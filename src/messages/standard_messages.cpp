@@ -7,9 +7,9 @@ namespace telvaro::messages {
 
 namespace {
 
-constexpr int kQuestion = msgbox::YesNo | msgbox::Question;        // 36
-constexpr int kWarning = msgbox::YesNo | msgbox::Exclamation;      // 52
-constexpr int kNotice = msgbox::OkOnly | msgbox::Information;      // 64
+constexpr int kQuestion = msgbox::YesNo | msgbox::Question;    // 36
+constexpr int kWarning = msgbox::YesNo | msgbox::Exclamation;  // 52
+constexpr int kNotice = msgbox::OkOnly | msgbox::Information;  // 64
 
 Boolean askYes(Fun& fun, const String& prompt, int style, const char16_t* title) {
     return Boolean(fun.showMessage(prompt, style, title) == msgbox::Yes);

@@ -8,9 +8,7 @@ namespace {
 
 enum Member { ChartData = 0, RowCount, ColumnCount };
 
-std::int32_t extent(const Array& array, int dimension) {
-    return array.ubound(dimension) - array.lbound(dimension) + 1;
-}
+std::int32_t extent(const Array& array, int dimension) { return array.ubound(dimension) - array.lbound(dimension) + 1; }
 
 }  // namespace
 
@@ -35,11 +33,13 @@ Variant Chart::dispatch(int id, const MemberCall& call) {
     if (id < CommonMemberCount) return dispatchCommon(id, call);
     switch (id - CommonMemberCount) {
         case ChartData:
-            return property(call, [&] { return chartData_; }, [&](const Variant& v) {
-                if (!v.isArray() || v.array().dimensions() < 1 || v.array().dimensions() > 2)
-                    raise(err::TypeMismatch);
-                chartData_ = v;
-            });
+            return property(
+                call, [&] { return chartData_; },
+                [&](const Variant& v) {
+                    if (!v.isArray() || v.array().dimensions() < 1 || v.array().dimensions() > 2)
+                        raise(err::TypeMismatch);
+                    chartData_ = v;
+                });
         case RowCount: return readOnlyProperty(call, [&] { return Variant(rowCount()); });
         case ColumnCount: return readOnlyProperty(call, [&] { return Variant(columnCount()); });
     }

@@ -29,7 +29,8 @@ Variant CheckBox::dispatch(int id, const MemberCall& call) {
             return property(
                 call, [&] { return Variant(value_); }, [&](const Variant& v) { setValue(integerValue(v)); });
         case Caption:
-            return property(call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
+            return property(
+                call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
     }
     raiseNoSuchMember();
 }

@@ -6,14 +6,14 @@
 
 #include <memory>
 
-#include "platform/check_box_drawing.h"
 #include "objects/picture.h"
+#include "platform/check_box_drawing.h"
 
 namespace telvaro::objects {
 
+using telvaro::CheckBoxPicture;
 using telvaro::checkBoxPictureNamed;
 using telvaro::checkBoxPixels;
-using telvaro::CheckBoxPicture;
 using telvaro::kCheckBoxSide;
 
 // A new picture of that kind; its source is the control's name ("imSI",

@@ -18,25 +18,28 @@ void Control::setFont(std::shared_ptr<Font> font) {
 
 const std::vector<const char16_t*>& Control::commonMemberNames() {
     static const std::vector<const char16_t*> names{
-        u"Name", u"Tag", u"Enabled", u"Visible", u"Left", u"Top", u"Width", u"Height", u"TabIndex", u"Font",
-        u"FontName", u"FontSize", u"FontBold", u"FontItalic", u"FontUnderline", u"Container", u"Parent", u"hWnd"};
+        u"Name",     u"Tag",        u"Enabled",       u"Visible",   u"Left",     u"Top",
+        u"Width",    u"Height",     u"TabIndex",      u"Font",      u"FontName", u"FontSize",
+        u"FontBold", u"FontItalic", u"FontUnderline", u"Container", u"Parent",   u"hWnd"};
     return names;
 }
 
 namespace {
 
 Variant flagProperty(const MemberCall& call, bool& field) {
-    return property(call, [&] { return Variant(Boolean(field)); },
-                    [&](const Variant& v) { field = booleanValue(v).isTrue(); });
+    return property(
+        call, [&] { return Variant(Boolean(field)); }, [&](const Variant& v) { field = booleanValue(v).isTrue(); });
 }
 
 Variant twipsProperty(const MemberCall& call, double& field, bool mayBeNegative) {
-    return property(call, [&] { return Variant(field); }, [&](const Variant& v) {
-        const double twips = doubleValue(v);
-        if (!(twips >= (mayBeNegative ? -2147483648.0 : 0.0) && twips <= 2147483647.0))
-            raise(err::InvalidPropertyValue);
-        field = twips;
-    });
+    return property(
+        call, [&] { return Variant(field); },
+        [&](const Variant& v) {
+            const double twips = doubleValue(v);
+            if (!(twips >= (mayBeNegative ? -2147483648.0 : 0.0) && twips <= 2147483647.0))
+                raise(err::InvalidPropertyValue);
+            field = twips;
+        });
 }
 
 }  // namespace
@@ -46,7 +49,8 @@ Variant Control::dispatchCommon(int id, const MemberCall& call) {
     switch (id) {
         case NameMember: return readOnlyProperty(call, [&] { return Variant(name_); });
         case TagMember:
-            return property(call, [&] { return Variant(tag); }, [&](const Variant& v) { tag = textValue(v); });
+            return property(
+                call, [&] { return Variant(tag); }, [&](const Variant& v) { tag = textValue(v); });
         case EnabledMember: return flagProperty(call, enabled);
         case VisibleMember: return flagProperty(call, visible);
         case LeftMember: return twipsProperty(call, left, true);
@@ -54,34 +58,43 @@ Variant Control::dispatchCommon(int id, const MemberCall& call) {
         case WidthMember: return twipsProperty(call, width, false);
         case HeightMember: return twipsProperty(call, height, false);
         case TabIndexMember:
-            return property(call, [&] { return Variant(tabIndex); }, [&](const Variant& v) {
-                const auto index = integerValue(v);
-                if (index < 0) raise(err::InvalidPropertyValue);
-                tabIndex = index;
-            });
+            return property(
+                call, [&] { return Variant(tabIndex); },
+                [&](const Variant& v) {
+                    const auto index = integerValue(v);
+                    if (index < 0) raise(err::InvalidPropertyValue);
+                    tabIndex = index;
+                });
         case FontMember:
-            return property(call, [&] { return Variant(ObjectRef(font_)); }, [&](const Variant& v) {
-                auto font = std::dynamic_pointer_cast<Font>(objectValue(v));
-                if (!font) raise(err::InvalidPropertyValue);
-                font_ = std::move(font);
-            });
+            return property(
+                call, [&] { return Variant(ObjectRef(font_)); },
+                [&](const Variant& v) {
+                    auto font = std::dynamic_pointer_cast<Font>(objectValue(v));
+                    if (!font) raise(err::InvalidPropertyValue);
+                    font_ = std::move(font);
+                });
         case FontNameMember:
-            return property(call, [&] { return Variant(f.name); }, [&](const Variant& v) { f.name = textValue(v); });
+            return property(
+                call, [&] { return Variant(f.name); }, [&](const Variant& v) { f.name = textValue(v); });
         case FontSizeMember:
-            return property(call, [&] { return Variant(f.size); }, [&](const Variant& v) {
-                const double size = doubleValue(v);
-                if (!(size > 0 && size <= 2160)) raise(err::InvalidPropertyValue);
-                f.size = size;
-            });
+            return property(
+                call, [&] { return Variant(f.size); },
+                [&](const Variant& v) {
+                    const double size = doubleValue(v);
+                    if (!(size > 0 && size <= 2160)) raise(err::InvalidPropertyValue);
+                    f.size = size;
+                });
         case FontBoldMember: return flagProperty(call, f.bold);
         case FontItalicMember: return flagProperty(call, f.italic);
         case FontUnderlineMember: return flagProperty(call, f.underline);
         case ContainerMember:
-            return property(call, [&] { return Variant(container()); }, [&](const Variant& v) {
-                auto target = objectValue(v);
-                if (!target) raise(err::InvalidPropertyValue);
-                container_ = target;
-            });
+            return property(
+                call, [&] { return Variant(container()); },
+                [&](const Variant& v) {
+                    auto target = objectValue(v);
+                    if (!target) raise(err::InvalidPropertyValue);
+                    container_ = target;
+                });
         case ParentMember: return readOnlyProperty(call, [&] { return Variant(parent()); });
         case HwndMember: return readOnlyProperty(call, [&] { return Variant(hwnd_); });
     }

@@ -40,9 +40,25 @@ public:
 protected:
     // The numbers of the common members; a kind's own members follow.
     enum CommonMember {
-        NameMember, TagMember, EnabledMember, VisibleMember, LeftMember, TopMember, WidthMember, HeightMember,
-        TabIndexMember, FontMember, FontNameMember, FontSizeMember, FontBoldMember, FontItalicMember,
-        FontUnderlineMember, ContainerMember, ParentMember, HwndMember, CommonMemberCount
+        NameMember,
+        TagMember,
+        EnabledMember,
+        VisibleMember,
+        LeftMember,
+        TopMember,
+        WidthMember,
+        HeightMember,
+        TabIndexMember,
+        FontMember,
+        FontNameMember,
+        FontSizeMember,
+        FontBoldMember,
+        FontItalicMember,
+        FontUnderlineMember,
+        ContainerMember,
+        ParentMember,
+        HwndMember,
+        CommonMemberCount
     };
     static const std::vector<const char16_t*>& commonMemberNames();
     Variant dispatchCommon(int id, const MemberCall& call);

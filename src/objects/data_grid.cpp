@@ -17,11 +17,11 @@ Variant DataGrid::dispatch(int id, const MemberCall& call) {
     if (id < CommonMemberCount) return dispatchCommon(id, call);
     switch (id - CommonMemberCount) {
         case DataSource:
-            return property(call, [&] { return Variant(dataSource); },
-                            [&](const Variant& v) { dataSource = objectValue(v); });
+            return property(
+                call, [&] { return Variant(dataSource); }, [&](const Variant& v) { dataSource = objectValue(v); });
         case DataMember:
-            return property(call, [&] { return Variant(dataMember); },
-                            [&](const Variant& v) { dataMember = textValue(v); });
+            return property(
+                call, [&] { return Variant(dataMember); }, [&](const Variant& v) { dataMember = textValue(v); });
         case Refresh: call.arguments(0, 0); return ++refreshes_, Variant();
     }
     raiseNoSuchMember();

@@ -44,9 +44,7 @@ protected:
         const auto& all = ((*owner_).*items_)();
         switch (id) {
             case 0: return readOnlyProperty(call, [&] { return Variant(static_cast<std::int32_t>(all.size())); });
-            case 1:
-                call.readOnly();
-                return Variant(item(*owner_, items_, named_, call.indices(1)[0]));
+            case 1: call.readOnly(); return Variant(item(*owner_, items_, named_, call.indices(1)[0]));
             case 2: {
                 call.readOnly();
                 call.indices(0);
@@ -79,21 +77,24 @@ Variant collectionMember(const MemberCall& call, const std::shared_ptr<const Own
 }
 
 Variant twips(const MemberCall& call, double& field, bool mayBeNegative) {
-    return property(call, [&] { return Variant(field); }, [&](const Variant& v) {
-        const double value = doubleValue(v);
-        if (!(value >= (mayBeNegative ? -2147483648.0 : 0.0) && value <= 2147483647.0))
-            raise(err::InvalidPropertyValue);
-        field = value;
-    });
+    return property(
+        call, [&] { return Variant(field); },
+        [&](const Variant& v) {
+            const double value = doubleValue(v);
+            if (!(value >= (mayBeNegative ? -2147483648.0 : 0.0) && value <= 2147483647.0))
+                raise(err::InvalidPropertyValue);
+            field = value;
+        });
 }
 
 Variant flag(const MemberCall& call, bool& field) {
-    return property(call, [&] { return Variant(Boolean(field)); },
-                    [&](const Variant& v) { field = booleanValue(v).isTrue(); });
+    return property(
+        call, [&] { return Variant(Boolean(field)); }, [&](const Variant& v) { field = booleanValue(v).isTrue(); });
 }
 
 Variant text(const MemberCall& call, String& field) {
-    return property(call, [&] { return Variant(field); }, [&](const Variant& v) { field = textValue(v); });
+    return property(
+        call, [&] { return Variant(field); }, [&](const Variant& v) { field = textValue(v); });
 }
 
 enum ControlMember { CName, CVisible, CLeft, CTop, CWidth, CHeight, CDataMember, CDataField, CCaption, CFunctionType };
@@ -115,8 +116,8 @@ String ReportControl::typeName() const {
 }
 
 const MemberTable& ReportControl::members() const {
-    static const MemberTable table{u"Name",       u"Visible",   u"Left",    u"Top",         u"Width",
-                                   u"Height",     u"DataMember", u"DataField", u"Caption", u"FunctionType"};
+    static const MemberTable table{u"Name",   u"Visible",    u"Left",      u"Top",     u"Width",
+                                   u"Height", u"DataMember", u"DataField", u"Caption", u"FunctionType"};
     return table;
 }
 
@@ -142,11 +143,13 @@ Variant ReportControl::dispatch(int id, const MemberCall& call) {
         case CDataField: return text(call, dataField);
         case CCaption: return text(call, caption);
         case CFunctionType:
-            return property(call, [&] { return Variant(functionType); }, [&](const Variant& v) {
-                const std::int16_t type = integerValue(v);
-                if (type < 0 || type > 7) raise(err::InvalidPropertyValue);
-                functionType = type;
-            });
+            return property(
+                call, [&] { return Variant(functionType); },
+                [&](const Variant& v) {
+                    const std::int16_t type = integerValue(v);
+                    if (type < 0 || type > 7) raise(err::InvalidPropertyValue);
+                    functionType = type;
+                });
     }
     raiseNoSuchMember();
 }
@@ -198,8 +201,7 @@ std::shared_ptr<ReportSection> DataReport::sectionNamed(StringView name) const {
 }
 
 const MemberTable& DataReport::members() const {
-    static const MemberTable table{u"Name",     u"Caption", u"DataSource", u"DataMember",
-                                   u"Sections", u"Font",    u"Refresh"};
+    static const MemberTable table{u"Name", u"Caption", u"DataSource", u"DataMember", u"Sections", u"Font", u"Refresh"};
     return table;
 }
 
@@ -208,19 +210,21 @@ Variant DataReport::dispatch(int id, const MemberCall& call) {
         case RName: return readOnlyProperty(call, [&] { return Variant(name_); });
         case RCaption: return text(call, caption);
         case RDataSource:
-            return property(call, [&] { return Variant(dataSource); },
-                            [&](const Variant& v) { dataSource = objectValue(v); });
+            return property(
+                call, [&] { return Variant(dataSource); }, [&](const Variant& v) { dataSource = objectValue(v); });
         case RDataMember: return text(call, dataMember);
         case RSections:
             return collectionMember<SectionCollection>(call,
                                                        std::static_pointer_cast<const DataReport>(shared_from_this()),
                                                        &DataReport::sections, &DataReport::sectionNamed);
         case RFont:
-            return property(call, [&] { return Variant(ObjectRef(font_)); }, [&](const Variant& v) {
-                auto font = std::dynamic_pointer_cast<Font>(objectValue(v));
-                if (!font) raise(err::InvalidPropertyValue);
-                font_ = std::move(font);
-            });
+            return property(
+                call, [&] { return Variant(ObjectRef(font_)); },
+                [&](const Variant& v) {
+                    auto font = std::dynamic_pointer_cast<Font>(objectValue(v));
+                    if (!font) raise(err::InvalidPropertyValue);
+                    font_ = std::move(font);
+                });
         case RRefresh: call.arguments(0, 0); return ++refreshes_, Variant();
     }
     raiseNoSuchMember();

@@ -10,9 +10,33 @@ namespace {
 
 enum Member {
     Rows = 0,  // numbered after the common members, see members()
-    Cols, FixedRows, FixedCols, Row, Col, RowSel, ColSel, Text, TextMatrix, CellText, ColWidth, RowHeight,
-    ColAlignment, Redraw, Clear, AddItem, RemoveItem, CellBackColor, CellForeColor, CellAlignment, CellFontBold,
-    CellFontName, CellFontSize, CellFontItalic, CellFontUnderline, CellPicture, CellPictureAlignment
+    Cols,
+    FixedRows,
+    FixedCols,
+    Row,
+    Col,
+    RowSel,
+    ColSel,
+    Text,
+    TextMatrix,
+    CellText,
+    ColWidth,
+    RowHeight,
+    ColAlignment,
+    Redraw,
+    Clear,
+    AddItem,
+    RemoveItem,
+    CellBackColor,
+    CellForeColor,
+    CellAlignment,
+    CellFontBold,
+    CellFontName,
+    CellFontSize,
+    CellFontItalic,
+    CellFontUnderline,
+    CellPicture,
+    CellPictureAlignment
 };
 
 [[noreturn]] void subscriptOutOfRange() { raise(381, u"Subscript out of range"); }
@@ -43,12 +67,34 @@ FlexGrid::FlexGrid(String name, std::int32_t rows, std::int32_t cols) : Control(
 }
 
 const MemberTable& FlexGrid::members() const {
-    static const MemberTable table(
-        commonMemberNames(),
-        {u"Rows", u"Cols", u"FixedRows", u"FixedCols", u"Row", u"Col", u"RowSel", u"ColSel", u"Text",
-         u"TextMatrix", u"CellText", u"ColWidth", u"RowHeight", u"ColAlignment", u"Redraw", u"Clear", u"AddItem",
-         u"RemoveItem", u"CellBackColor", u"CellForeColor", u"CellAlignment", u"CellFontBold", u"CellFontName",
-         u"CellFontSize", u"CellFontItalic", u"CellFontUnderline", u"CellPicture", u"CellPictureAlignment"});
+    static const MemberTable table(commonMemberNames(), {u"Rows",
+                                                         u"Cols",
+                                                         u"FixedRows",
+                                                         u"FixedCols",
+                                                         u"Row",
+                                                         u"Col",
+                                                         u"RowSel",
+                                                         u"ColSel",
+                                                         u"Text",
+                                                         u"TextMatrix",
+                                                         u"CellText",
+                                                         u"ColWidth",
+                                                         u"RowHeight",
+                                                         u"ColAlignment",
+                                                         u"Redraw",
+                                                         u"Clear",
+                                                         u"AddItem",
+                                                         u"RemoveItem",
+                                                         u"CellBackColor",
+                                                         u"CellForeColor",
+                                                         u"CellAlignment",
+                                                         u"CellFontBold",
+                                                         u"CellFontName",
+                                                         u"CellFontSize",
+                                                         u"CellFontItalic",
+                                                         u"CellFontUnderline",
+                                                         u"CellPicture",
+                                                         u"CellPictureAlignment"});
     return table;
 }
 
@@ -344,25 +390,34 @@ Variant FlexGrid::dispatch(int id, const MemberCall& call) {
     std::int32_t r = 0, c = 0;
     switch (own) {
         case Rows:
-            return property(call, [&] { return Variant(rows_); }, [&](const Variant& v) { setRows(sizeValue(v)); });
+            return property(
+                call, [&] { return Variant(rows_); }, [&](const Variant& v) { setRows(sizeValue(v)); });
         case Cols:
-            return property(call, [&] { return Variant(cols_); }, [&](const Variant& v) { setCols(sizeValue(v)); });
+            return property(
+                call, [&] { return Variant(cols_); }, [&](const Variant& v) { setCols(sizeValue(v)); });
         case FixedRows:
-            return property(call, [&] { return Variant(fixedRows_); },
-                            [&](const Variant& v) { setFixedRows(longValue(v)); });
+            return property(
+                call, [&] { return Variant(fixedRows_); }, [&](const Variant& v) { setFixedRows(longValue(v)); });
         case FixedCols:
-            return property(call, [&] { return Variant(fixedCols_); },
-                            [&](const Variant& v) { setFixedCols(longValue(v)); });
-        case Row: return property(call, [&] { return Variant(row_); }, [&](const Variant& v) { setRow(longValue(v)); });
-        case Col: return property(call, [&] { return Variant(col_); }, [&](const Variant& v) { setCol(longValue(v)); });
+            return property(
+                call, [&] { return Variant(fixedCols_); }, [&](const Variant& v) { setFixedCols(longValue(v)); });
+        case Row:
+            return property(
+                call, [&] { return Variant(row_); }, [&](const Variant& v) { setRow(longValue(v)); });
+        case Col:
+            return property(
+                call, [&] { return Variant(col_); }, [&](const Variant& v) { setCol(longValue(v)); });
         case RowSel:
-            return property(call, [&] { return Variant(rowSel_); }, [&](const Variant& v) { setRowSel(longValue(v)); });
+            return property(
+                call, [&] { return Variant(rowSel_); }, [&](const Variant& v) { setRowSel(longValue(v)); });
         case ColSel:
-            return property(call, [&] { return Variant(colSel_); }, [&](const Variant& v) { setColSel(longValue(v)); });
+            return property(
+                call, [&] { return Variant(colSel_); }, [&](const Variant& v) { setColSel(longValue(v)); });
         case Text:
         case CellText:
-            return property(call, [&] { return Variant(textMatrix(row_, col_)); },
-                            [&](const Variant& v) { setTextMatrix(row_, col_, textValue(v)); });
+            return property(
+                call, [&] { return Variant(textMatrix(row_, col_)); },
+                [&](const Variant& v) { setTextMatrix(row_, col_, textValue(v)); });
         case TextMatrix: {
             auto at = call.indices(2);
             checkRowIndex(at[0], r);
@@ -389,8 +444,9 @@ Variant FlexGrid::dispatch(int id, const MemberCall& call) {
             return Variant(colAlignment(c));
         }
         case Redraw:
-            return property(call, [&] { return Variant(Boolean(redraw_)); },
-                            [&](const Variant& v) { redraw_ = booleanValue(v).isTrue(); });
+            return property(
+                call, [&] { return Variant(Boolean(redraw_)); },
+                [&](const Variant& v) { redraw_ = booleanValue(v).isTrue(); });
         case Clear: call.arguments(0, 0); return clear(), Variant();
         case AddItem: {
             auto args = call.arguments(1, 2);

@@ -17,18 +17,21 @@ const MemberTable& Font::members() const {
 
 Variant Font::dispatch(int id, const MemberCall& call) {
     auto flag = [&](bool& field) {
-        return property(call, [&] { return Variant(Boolean(field)); },
-                        [&](const Variant& v) { field = booleanValue(v).isTrue(); });
+        return property(
+            call, [&] { return Variant(Boolean(field)); }, [&](const Variant& v) { field = booleanValue(v).isTrue(); });
     };
     switch (id) {
         case Name:
-            return property(call, [&] { return Variant(d_.name); }, [&](const Variant& v) { d_.name = textValue(v); });
+            return property(
+                call, [&] { return Variant(d_.name); }, [&](const Variant& v) { d_.name = textValue(v); });
         case Size:
-            return property(call, [&] { return Variant(d_.size); }, [&](const Variant& v) {
-                const double size = doubleValue(v);
-                if (!(size > 0 && size <= 2160)) raise(err::InvalidPropertyValue);
-                d_.size = size;
-            });
+            return property(
+                call, [&] { return Variant(d_.size); },
+                [&](const Variant& v) {
+                    const double size = doubleValue(v);
+                    if (!(size > 0 && size <= 2160)) raise(err::InvalidPropertyValue);
+                    d_.size = size;
+                });
         case Bold: return flag(d_.bold);
         case Italic: return flag(d_.italic);
         case Underline: return flag(d_.underline);

@@ -19,9 +19,9 @@ Form::Form(String name, bool mdi) : Control(std::move(name)), mdi_(mdi) {
 const MemberTable& Form::members() const {
     static const MemberTable form(commonMemberNames(), {u"Caption", u"Controls", u"ScaleMode", u"Changed",
                                                         u"GuardaRegistro", u"CargaDatosRegistro", u"Lista"});
-    static const MemberTable mdi(commonMemberNames(), {u"Caption", u"Controls", u"ScaleMode", u"Changed",
-                                                       u"GuardaRegistro", u"CargaDatosRegistro", u"Lista",
-                                                       u"ActiveForm"});
+    static const MemberTable mdi(commonMemberNames(),
+                                 {u"Caption", u"Controls", u"ScaleMode", u"Changed", u"GuardaRegistro",
+                                  u"CargaDatosRegistro", u"Lista", u"ActiveForm"});
     return mdi_ ? mdi : form;
 }
 
@@ -43,21 +43,25 @@ Variant Form::dispatch(int id, const MemberCall& call) {
     if (id < CommonMemberCount) return dispatchCommon(id, call);
     switch (id - CommonMemberCount) {
         case Caption:
-            return property(call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
+            return property(
+                call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
         case Controls:
             return readOnlyProperty(call, [&] {
-                return Variant(ObjectRef(std::make_shared<ControlCollection>(
-                    std::static_pointer_cast<Form>(shared_from_this()))));
+                return Variant(
+                    ObjectRef(std::make_shared<ControlCollection>(std::static_pointer_cast<Form>(shared_from_this()))));
             });
         case ScaleMode:
-            return property(call, [&] { return Variant(scaleMode); }, [&](const Variant& v) {
-                const auto mode = integerValue(v);
-                if (mode < 0 || mode > 7) raise(err::InvalidPropertyValue);
-                scaleMode = mode;
-            });
+            return property(
+                call, [&] { return Variant(scaleMode); },
+                [&](const Variant& v) {
+                    const auto mode = integerValue(v);
+                    if (mode < 0 || mode > 7) raise(err::InvalidPropertyValue);
+                    scaleMode = mode;
+                });
         case Changed:
-            return property(call, [&] { return Variant(Boolean(changed)); },
-                            [&](const Variant& v) { changed = booleanValue(v).isTrue(); });
+            return property(
+                call, [&] { return Variant(Boolean(changed)); },
+                [&](const Variant& v) { changed = booleanValue(v).isTrue(); });
         case GuardaRegistro: {
             call.arguments(0, 0);
             const auto answer = static_cast<std::size_t>(saves_);

@@ -11,7 +11,8 @@ int Frame::defaultMember() const { return static_cast<int>(CommonMemberCount); }
 
 Variant Frame::dispatch(int id, const MemberCall& call) {
     if (id < CommonMemberCount) return dispatchCommon(id, call);
-    return property(call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
+    return property(
+        call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
 }
 
 }  // namespace telvaro::objects

@@ -21,13 +21,16 @@ Variant Label::dispatch(int id, const MemberCall& call) {
     if (id < CommonMemberCount) return dispatchCommon(id, call);
     switch (id - CommonMemberCount) {
         case Caption:
-            return property(call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
+            return property(
+                call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
         case Alignment:
-            return property(call, [&] { return Variant(alignment); }, [&](const Variant& v) {
-                const auto a = integerValue(v);
-                if (a < 0 || a > 2) raise(err::InvalidPropertyValue);
-                alignment = a;
-            });
+            return property(
+                call, [&] { return Variant(alignment); },
+                [&](const Variant& v) {
+                    const auto a = integerValue(v);
+                    if (a < 0 || a > 2) raise(err::InvalidPropertyValue);
+                    alignment = a;
+                });
     }
     raiseNoSuchMember();
 }

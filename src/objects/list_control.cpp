@@ -11,8 +11,17 @@ namespace {
 
 enum Member {
     AddItem = 0,  // numbered after the common members
-    RemoveItem, Clear, List, ListCount, ListIndex, ItemData, NewIndex, Style, Text,
-    SelStart, SelLength  // the combo box's only
+    RemoveItem,
+    Clear,
+    List,
+    ListCount,
+    ListIndex,
+    ItemData,
+    NewIndex,
+    Style,
+    Text,
+    SelStart,
+    SelLength  // the combo box's only
 };
 
 [[noreturn]] void invalidIndex() { raise(381); }
@@ -24,9 +33,9 @@ ListControl::ListControl(Kind kind, String name) : Control(std::move(name)), kin
 const MemberTable& ListControl::members() const {
     static const MemberTable list(commonMemberNames(), {u"AddItem", u"RemoveItem", u"Clear", u"List", u"ListCount",
                                                         u"ListIndex", u"ItemData", u"NewIndex", u"Style", u"Text"});
-    static const MemberTable combo(commonMemberNames(),
-                                   {u"AddItem", u"RemoveItem", u"Clear", u"List", u"ListCount", u"ListIndex",
-                                    u"ItemData", u"NewIndex", u"Style", u"Text", u"SelStart", u"SelLength"});
+    static const MemberTable combo(
+        commonMemberNames(), {u"AddItem", u"RemoveItem", u"Clear", u"List", u"ListCount", u"ListIndex", u"ItemData",
+                              u"NewIndex", u"Style", u"Text", u"SelStart", u"SelLength"});
     return kind_ == Kind::ListBox ? list : combo;
 }
 
@@ -127,8 +136,8 @@ Variant ListControl::dispatch(int id, const MemberCall& call) {
         }
         case ListCount: return readOnlyProperty(call, [&] { return Variant(listCount()); });
         case ListIndex:
-            return property(call, [&] { return Variant(listIndex_); },
-                            [&](const Variant& v) { setListIndex(longValue(v)); });
+            return property(
+                call, [&] { return Variant(listIndex_); }, [&](const Variant& v) { setListIndex(longValue(v)); });
         case ItemData: {
             const auto i = itemIndex(call.indices(1)[0]);
             if (call.isPut()) return setItemData(i, longValue(call.value())), Variant();
@@ -140,14 +149,16 @@ Variant ListControl::dispatch(int id, const MemberCall& call) {
             return property(
                 call, [&] { return Variant(text()); }, [&](const Variant& v) { setText(textValue(v)); });
         case SelStart:
-            return property(call, [&] { return Variant(selStart_); },
-                            [&](const Variant& v) { setSelStart(longValue(v)); });
+            return property(
+                call, [&] { return Variant(selStart_); }, [&](const Variant& v) { setSelStart(longValue(v)); });
         case SelLength:
-            return property(call, [&] { return Variant(selLength_); }, [&](const Variant& v) {
-                const auto n = longValue(v);
-                if (n < 0) raise(err::InvalidPropertyValue);
-                selLength_ = std::min(n, static_cast<std::int32_t>(text().size()) - selStart_);
-            });
+            return property(
+                call, [&] { return Variant(selLength_); },
+                [&](const Variant& v) {
+                    const auto n = longValue(v);
+                    if (n < 0) raise(err::InvalidPropertyValue);
+                    selLength_ = std::min(n, static_cast<std::int32_t>(text().size()) - selStart_);
+                });
     }
     raiseNoSuchMember();
 }

@@ -24,8 +24,8 @@ void OptionButton::setValue(bool on) {
     if (!form) return;
     const ObjectRef group = container();
     for (const auto& control : form->controls())
-        if (auto option = std::dynamic_pointer_cast<OptionButton>(control); option && option.get() != this &&
-                                                                            option->container() == group)
+        if (auto option = std::dynamic_pointer_cast<OptionButton>(control);
+            option && option.get() != this && option->container() == group)
             option->value_ = false;
 }
 
@@ -33,10 +33,12 @@ Variant OptionButton::dispatch(int id, const MemberCall& call) {
     if (id < CommonMemberCount) return dispatchCommon(id, call);
     switch (id - CommonMemberCount) {
         case Value:
-            return property(call, [&] { return Variant(Boolean(value_)); },
-                            [&](const Variant& v) { setValue(booleanValue(v).isTrue()); });
+            return property(
+                call, [&] { return Variant(Boolean(value_)); },
+                [&](const Variant& v) { setValue(booleanValue(v).isTrue()); });
         case Caption:
-            return property(call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
+            return property(
+                call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
     }
     raiseNoSuchMember();
 }

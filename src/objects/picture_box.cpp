@@ -19,15 +19,13 @@ std::int32_t pixels(double twips) {
 
 }  // namespace
 
-PictureBox::PictureBox(String name) : Control(std::move(name)), hdc_(newWindowHandle()) {
-    registerWindow(hdc_, this);
-}
+PictureBox::PictureBox(String name) : Control(std::move(name)), hdc_(newWindowHandle()) { registerWindow(hdc_, this); }
 
 PictureBox::~PictureBox() { unregisterWindow(hdc_, this); }
 
 const MemberTable& PictureBox::members() const {
-    static const MemberTable table(commonMemberNames(), {u"Picture", u"Image", u"AutoRedraw", u"AutoSize",
-                                                         u"ScaleMode", u"hDC", u"Cls"});
+    static const MemberTable table(commonMemberNames(),
+                                   {u"Picture", u"Image", u"AutoRedraw", u"AutoSize", u"ScaleMode", u"hDC", u"Cls"});
     return table;
 }
 
@@ -42,22 +40,24 @@ std::shared_ptr<Picture> PictureBox::image() {
 Variant PictureBox::dispatch(int id, const MemberCall& call) {
     if (id < CommonMemberCount) return dispatchCommon(id, call);
     auto flag = [&](bool& field) {
-        return property(call, [&] { return Variant(Boolean(field)); },
-                        [&](const Variant& v) { field = booleanValue(v).isTrue(); });
+        return property(
+            call, [&] { return Variant(Boolean(field)); }, [&](const Variant& v) { field = booleanValue(v).isTrue(); });
     };
     switch (id - CommonMemberCount) {
         case PictureMember:
-            return property(call, [&] { return Variant(picture_); },
-                            [&](const Variant& v) { picture_ = objectValue(v); });
+            return property(
+                call, [&] { return Variant(picture_); }, [&](const Variant& v) { picture_ = objectValue(v); });
         case Image: return readOnlyProperty(call, [&] { return Variant(ObjectRef(image())); });
         case AutoRedraw: return flag(autoRedraw);
         case AutoSize: return flag(autoSize);
         case ScaleMode:
-            return property(call, [&] { return Variant(scaleMode); }, [&](const Variant& v) {
-                const auto mode = integerValue(v);
-                if (mode < 0 || mode > 7) raise(err::InvalidPropertyValue);
-                scaleMode = mode;
-            });
+            return property(
+                call, [&] { return Variant(scaleMode); },
+                [&](const Variant& v) {
+                    const auto mode = integerValue(v);
+                    if (mode < 0 || mode > 7) raise(err::InvalidPropertyValue);
+                    scaleMode = mode;
+                });
         case HDC: return readOnlyProperty(call, [&] { return Variant(hdc_); });
         case Cls: call.arguments(0, 0); return image_.reset(), Variant();
     }

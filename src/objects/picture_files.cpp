@@ -92,8 +92,7 @@ std::shared_ptr<Picture> decodePicture(const std::string& bytes) {
     int width = 0, height = 0, channels = 0;
     if (!stbi_info_from_memory(data, length, &width, &height, &channels)) invalidPicture();
     if (width <= 0 || height <= 0) invalidPicture();
-    if (width > Picture::kMaxSide || height > Picture::kMaxSide ||
-        std::int64_t{width} * height > Picture::kMaxPixels)
+    if (width > Picture::kMaxSide || height > Picture::kMaxSide || std::int64_t{width} * height > Picture::kMaxPixels)
         raise(err::OutOfMemory);
     stbi_uc* rgba = stbi_load_from_memory(data, length, &width, &height, &channels, 4);
     if (!rgba) invalidPicture();
@@ -108,9 +107,8 @@ std::shared_ptr<Picture> decodePicture(const std::string& bytes) {
         for (int x = 0; x < width; ++x) {
             const stbi_uc* p = rgba + 4 * (static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
                                            static_cast<std::size_t>(x));
-            picture->setPixel(x, y,
-                              (std::uint32_t{p[3]} << 24) | (std::uint32_t{p[0]} << 16) | (std::uint32_t{p[1]} << 8) |
-                                  p[2]);
+            picture->setPixel(
+                x, y, (std::uint32_t{p[3]} << 24) | (std::uint32_t{p[0]} << 16) | (std::uint32_t{p[1]} << 8) | p[2]);
         }
     stbi_image_free(rgba);
     return picture;

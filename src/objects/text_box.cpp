@@ -43,11 +43,11 @@ Variant TextBox::dispatch(int id, const MemberCall& call) {
             return property(
                 call, [&] { return Variant(text_); }, [&](const Variant& v) { setText(textValue(v)); });
         case SelStart:
-            return property(call, [&] { return Variant(selStart_); },
-                            [&](const Variant& v) { setSelStart(longValue(v)); });
+            return property(
+                call, [&] { return Variant(selStart_); }, [&](const Variant& v) { setSelStart(longValue(v)); });
         case SelLength:
-            return property(call, [&] { return Variant(selLength_); },
-                            [&](const Variant& v) { setSelLength(longValue(v)); });
+            return property(
+                call, [&] { return Variant(selLength_); }, [&](const Variant& v) { setSelLength(longValue(v)); });
         case SelText:
             return property(
                 call,
@@ -65,8 +65,9 @@ Variant TextBox::dispatch(int id, const MemberCall& call) {
             return property(
                 call, [&] { return Variant(maxLength); }, [&](const Variant& v) { maxLength = sizeValue(v); });
         case Locked:
-            return property(call, [&] { return Variant(Boolean(locked)); },
-                            [&](const Variant& v) { locked = booleanValue(v).isTrue(); });
+            return property(
+                call, [&] { return Variant(Boolean(locked)); },
+                [&](const Variant& v) { locked = booleanValue(v).isTrue(); });
     }
     raiseNoSuchMember();
 }

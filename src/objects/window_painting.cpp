@@ -40,7 +40,8 @@ void drawOwn(Control& control, Picture& target, std::int32_t x, std::int32_t y, 
     if (!picture || picture.get() == &target) return;
     const Area area = clip.inside({x, y, x + picture->width(), y + picture->height()});
     for (std::int32_t py = area.top; py < area.bottom; ++py)
-        for (std::int32_t px = area.left; px < area.right; ++px) target.setPixel(px, py, picture->pixel(px - x, py - y));
+        for (std::int32_t px = area.left; px < area.right; ++px)
+            target.setPixel(px, py, picture->pixel(px - x, py - y));
 }
 
 std::shared_ptr<Form> formOf(const std::shared_ptr<Control>& control) {

@@ -11,7 +11,7 @@ namespace telvaro {
 
 // Flags of a sound request, as the platform's sound function takes them.
 namespace sound {
-inline constexpr int Synchronous = 0x0;  // returns when the sound has played
+inline constexpr int Synchronous = 0x0;   // returns when the sound has played
 inline constexpr int Asynchronous = 0x1;  // returns at once
 inline constexpr int NoDefault = 0x2;     // no default sound when the file is missing
 inline constexpr int Loop = 0x8;          // repeats until the next request (with Asynchronous)

@@ -10,14 +10,14 @@
 namespace telvaro {
 
 namespace lcitem {
-inline constexpr int TimeFormat = 4099;            // LOCALE_STIMEFORMAT
-inline constexpr int DecimalSeparator = 14;        // LOCALE_SDECIMAL
-inline constexpr int ThousandSeparator = 15;       // LOCALE_STHOUSAND
-inline constexpr int CurrencySymbol = 20;          // LOCALE_SCURRENCY
-inline constexpr int MonetaryDecimal = 22;         // LOCALE_SMONDECIMALSEP
-inline constexpr int MonetaryThousand = 23;        // LOCALE_SMONTHOUSANDSEP
-inline constexpr int ShortDate = 31;               // LOCALE_SSHORTDATE
-inline constexpr int LongDate = 32;                // LOCALE_SLONGDATE
+inline constexpr int TimeFormat = 4099;       // LOCALE_STIMEFORMAT
+inline constexpr int DecimalSeparator = 14;   // LOCALE_SDECIMAL
+inline constexpr int ThousandSeparator = 15;  // LOCALE_STHOUSAND
+inline constexpr int CurrencySymbol = 20;     // LOCALE_SCURRENCY
+inline constexpr int MonetaryDecimal = 22;    // LOCALE_SMONDECIMALSEP
+inline constexpr int MonetaryThousand = 23;   // LOCALE_SMONTHOUSANDSEP
+inline constexpr int ShortDate = 31;          // LOCALE_SSHORTDATE
+inline constexpr int LongDate = 32;           // LOCALE_SLONGDATE
 }  // namespace lcitem
 
 class RegionalStore {

@@ -14,8 +14,8 @@
 namespace telvaro {
 
 namespace regtype {
-inline constexpr std::uint32_t Text = 1;     // REG_SZ: ANSI text ended by a zero byte
-inline constexpr std::uint32_t Number = 4;   // REG_DWORD: 4 bytes, little-endian
+inline constexpr std::uint32_t Text = 1;    // REG_SZ: ANSI text ended by a zero byte
+inline constexpr std::uint32_t Number = 4;  // REG_DWORD: 4 bytes, little-endian
 }  // namespace regtype
 
 class Registry {

@@ -59,17 +59,29 @@ public:
 
     // Mixed with plain integers (literals): still checked, result in this type.
     template <std::integral U>
-    friend Checked operator+(Checked a, U b) { return of(std::int64_t(a.v_) + std::int64_t(b)); }
+    friend Checked operator+(Checked a, U b) {
+        return of(std::int64_t(a.v_) + std::int64_t(b));
+    }
     template <std::integral U>
-    friend Checked operator+(U a, Checked b) { return of(std::int64_t(a) + b.v_); }
+    friend Checked operator+(U a, Checked b) {
+        return of(std::int64_t(a) + b.v_);
+    }
     template <std::integral U>
-    friend Checked operator-(Checked a, U b) { return of(std::int64_t(a.v_) - std::int64_t(b)); }
+    friend Checked operator-(Checked a, U b) {
+        return of(std::int64_t(a.v_) - std::int64_t(b));
+    }
     template <std::integral U>
-    friend Checked operator-(U a, Checked b) { return of(std::int64_t(a) - b.v_); }
+    friend Checked operator-(U a, Checked b) {
+        return of(std::int64_t(a) - b.v_);
+    }
     template <std::integral U>
-    friend Checked operator*(Checked a, U b) { return of(std::int64_t(a.v_) * std::int64_t(b)); }
+    friend Checked operator*(Checked a, U b) {
+        return of(std::int64_t(a.v_) * std::int64_t(b));
+    }
     template <std::integral U>
-    friend Checked operator*(U a, Checked b) { return of(std::int64_t(a) * b.v_); }
+    friend Checked operator*(U a, Checked b) {
+        return of(std::int64_t(a) * b.v_);
+    }
 
 private:
     T v_ = 0;

@@ -8,9 +8,9 @@
 #include <string>
 
 #include "runtime/checked.h"
-#include "runtime/number_text.h"
 #include "runtime/datetime.h"
 #include "runtime/error.h"
+#include "runtime/number_text.h"
 #include "runtime/object.h"
 #include "runtime/regional.h"
 #include "runtime/text.h"
@@ -140,7 +140,8 @@ std::int32_t toLong(const Variant& v) {
 std::uint8_t toByteValue(const Variant& v) {
     switch (v.type()) {
         // A Boolean keeps its low byte: True is 255.
-        case VarType::Boolean: return static_cast<std::uint8_t>(static_cast<std::uint16_t>(v.get<Boolean>().bits) & 0xFF);
+        case VarType::Boolean:
+            return static_cast<std::uint8_t>(static_cast<std::uint16_t>(v.get<Boolean>().bits) & 0xFF);
         case VarType::Double:
         case VarType::Date:
         case VarType::String:

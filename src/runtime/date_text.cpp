@@ -381,21 +381,32 @@ String expandPicture(StringView pattern, const Moment& m, const RegionalSettings
         while (i + run < pattern.size() && pattern[i + run] == ch) ++run;
         switch (ch) {
             case u'd':
-                if (run == 1) out += number(c.day);
-                else if (run == 2) out += twoDigits(c.day);
-                else if (run == 3) out += s.dayAbbreviations[weekdayIndex];
-                else out += s.dayNames[weekdayIndex];
+                if (run == 1)
+                    out += number(c.day);
+                else if (run == 2)
+                    out += twoDigits(c.day);
+                else if (run == 3)
+                    out += s.dayAbbreviations[weekdayIndex];
+                else
+                    out += s.dayNames[weekdayIndex];
                 break;
             case u'M':
-                if (run == 1) out += number(c.month);
-                else if (run == 2) out += twoDigits(c.month);
-                else if (run == 3) out += s.monthAbbreviations[static_cast<std::size_t>(c.month - 1)];
-                else out += s.monthNames[static_cast<std::size_t>(c.month - 1)];
+                if (run == 1)
+                    out += number(c.month);
+                else if (run == 2)
+                    out += twoDigits(c.month);
+                else if (run == 3)
+                    out += s.monthAbbreviations[static_cast<std::size_t>(c.month - 1)];
+                else
+                    out += s.monthNames[static_cast<std::size_t>(c.month - 1)];
                 break;
             case u'y':
-                if (run == 1) out += number(c.year % 100);
-                else if (run == 2) out += twoDigits(c.year % 100);
-                else out += number(c.year);
+                if (run == 1)
+                    out += number(c.year % 100);
+                else if (run == 2)
+                    out += twoDigits(c.year % 100);
+                else
+                    out += number(c.year);
                 break;
             case u'H': out += run == 1 ? number(hour) : twoDigits(hour); break;
             case u'h': {

@@ -38,10 +38,10 @@ CivilDate civilFromDays(std::int64_t z) {
     return {static_cast<int>(yoe + era * 400 + (m <= 2)), m, d};
 }
 
-constexpr std::int64_t kDay0 = -25569;         // 30 December 1899, counted from 1 January 1970
-constexpr std::int64_t kLastDay = 2958465;     // 31 December 9999
-constexpr double kLowestSerial = -657435.0;    // serials must lie above this ...
-constexpr double kBeyondSerial = 2958466.0;    // ... and below this
+constexpr std::int64_t kDay0 = -25569;       // 30 December 1899, counted from 1 January 1970
+constexpr std::int64_t kLastDay = 2958465;   // 31 December 9999
+constexpr double kLowestSerial = -657435.0;  // serials must lie above this ...
+constexpr double kBeyondSerial = 2958466.0;  // ... and below this
 
 std::int64_t floorDiv(std::int64_t a, std::int64_t b) { return a / b - ((a % b != 0) && ((a < 0) != (b < 0))); }
 std::int64_t floorMod(std::int64_t a, std::int64_t b) { return a - floorDiv(a, b) * b; }

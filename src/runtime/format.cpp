@@ -54,22 +54,41 @@ SectionKind classify(const Section& s) {
     for (std::size_t i = 0; i < s.size(); ++i) {
         if (s[i].literal) continue;
         switch (s[i].c) {
-            case u'0': case u'#':
-                return SectionKind::Number;
-            case u'd': case u'D': case u'w': case u'W': case u'm': case u'M': case u'q': case u'Q':
-            case u'y': case u'Y': case u'h': case u'H': case u'n': case u'N': case u's': case u'S':
-            case u'c': case u'C':
-                return SectionKind::Date;
-            case u't': case u'T':
+            case u'0':
+            case u'#': return SectionKind::Number;
+            case u'd':
+            case u'D':
+            case u'w':
+            case u'W':
+            case u'm':
+            case u'M':
+            case u'q':
+            case u'Q':
+            case u'y':
+            case u'Y':
+            case u'h':
+            case u'H':
+            case u'n':
+            case u'N':
+            case u's':
+            case u'S':
+            case u'c':
+            case u'C': return SectionKind::Date;
+            case u't':
+            case u'T':
                 if (matchesAt(s, i, "ttttt")) return SectionKind::Date;
                 break;
-            case u'a': case u'A':
-                if (matchesAt(s, i, "am/pm") || matchesAt(s, i, "ampm") || matchesAt(s, i, "a/p")) return SectionKind::Date;
+            case u'a':
+            case u'A':
+                if (matchesAt(s, i, "am/pm") || matchesAt(s, i, "ampm") || matchesAt(s, i, "a/p"))
+                    return SectionKind::Date;
                 break;
-            case u'@': case u'&': case u'<': case u'>': case u'!':
-                return SectionKind::Text;
-            default:
-                break;
+            case u'@':
+            case u'&':
+            case u'<':
+            case u'>':
+            case u'!': return SectionKind::Text;
+            default: break;
         }
     }
     return SectionKind::Number;
@@ -259,8 +278,22 @@ String formatDatePattern(StringView pattern, const DateParts& p, const RegionalS
 // Named formats
 
 enum class Named {
-    GeneralNumber, Currency, Fixed, Standard, Percent, Scientific, YesNo, TrueFalse, OnOff,
-    GeneralDate, LongDate, MediumDate, ShortDate, LongTime, MediumTime, ShortTime,
+    GeneralNumber,
+    Currency,
+    Fixed,
+    Standard,
+    Percent,
+    Scientific,
+    YesNo,
+    TrueFalse,
+    OnOff,
+    GeneralDate,
+    LongDate,
+    MediumDate,
+    ShortDate,
+    LongTime,
+    MediumTime,
+    ShortTime,
 };
 
 struct NamedFormat {
@@ -269,14 +302,22 @@ struct NamedFormat {
 };
 
 constexpr std::array<NamedFormat, 16> kNamedFormats = {{
-    {"general number", Named::GeneralNumber}, {"currency", Named::Currency},
-    {"fixed", Named::Fixed},                  {"standard", Named::Standard},
-    {"percent", Named::Percent},              {"scientific", Named::Scientific},
-    {"yes/no", Named::YesNo},                 {"true/false", Named::TrueFalse},
-    {"on/off", Named::OnOff},                 {"general date", Named::GeneralDate},
-    {"long date", Named::LongDate},           {"medium date", Named::MediumDate},
-    {"short date", Named::ShortDate},         {"long time", Named::LongTime},
-    {"medium time", Named::MediumTime},       {"short time", Named::ShortTime},
+    {"general number", Named::GeneralNumber},
+    {"currency", Named::Currency},
+    {"fixed", Named::Fixed},
+    {"standard", Named::Standard},
+    {"percent", Named::Percent},
+    {"scientific", Named::Scientific},
+    {"yes/no", Named::YesNo},
+    {"true/false", Named::TrueFalse},
+    {"on/off", Named::OnOff},
+    {"general date", Named::GeneralDate},
+    {"long date", Named::LongDate},
+    {"medium date", Named::MediumDate},
+    {"short date", Named::ShortDate},
+    {"long time", Named::LongTime},
+    {"medium time", Named::MediumTime},
+    {"short time", Named::ShortTime},
 }};
 
 std::optional<Named> namedFormat(StringView pattern) {
@@ -321,11 +362,14 @@ String formatNamedNumber(const Variant& v, Named id, const RegionalSettings& set
 String formatNamed(const Variant& v, Named id, const RegionalSettings& settings, const FormatOptions& options) {
     if (v.isNull()) return {};
     switch (id) {
-        case Named::GeneralDate: case Named::LongDate: case Named::MediumDate: case Named::ShortDate:
-        case Named::LongTime: case Named::MediumTime: case Named::ShortTime:
-            break;
-        default:
-            return formatNamedNumber(v, id, settings);
+        case Named::GeneralDate:
+        case Named::LongDate:
+        case Named::MediumDate:
+        case Named::ShortDate:
+        case Named::LongTime:
+        case Named::MediumTime:
+        case Named::ShortTime: break;
+        default: return formatNamedNumber(v, id, settings);
     }
     std::optional<double> serial = readSerial(v, settings);
     if (!serial) return v.get<String>();

@@ -82,20 +82,20 @@ enum class DateKind {
     Text,
     DateSeparator,
     TimeSeparator,
-    Day,        // width 1..6: d dd ddd dddd ddddd dddddd
-    Weekday,    // w
-    Week,       // ww
-    Month,      // width 1..4
-    Minute,     // width 1..2
-    Quarter,    // q
-    DayOfYear,  // y
-    Year2,      // yy
-    Year4,      // yyyy
-    Hour,       // width 1..2
-    Second,     // width 1..2
-    LongTime,   // ttttt
-    General,    // c
-    AmPm,       // AM/PM, am/pm, A/P, a/p: the texts as written
+    Day,           // width 1..6: d dd ddd dddd ddddd dddddd
+    Weekday,       // w
+    Week,          // ww
+    Month,         // width 1..4
+    Minute,        // width 1..2
+    Quarter,       // q
+    DayOfYear,     // y
+    Year2,         // yy
+    Year4,         // yyyy
+    Hour,          // width 1..2
+    Second,        // width 1..2
+    LongTime,      // ttttt
+    General,       // c
+    AmPm,          // AM/PM, am/pm, A/P, a/p: the texts as written
     AmPmRegional,  // AMPM: the regional designators
 };
 
@@ -142,9 +142,7 @@ std::vector<DateToken> tokenizeDate(const Section& s) {
                 used = std::min<std::size_t>(run, 4);
                 add(DateKind::Month, static_cast<int>(used));
                 break;
-            case u'q':
-                add(DateKind::Quarter, 1);
-                break;
+            case u'q': add(DateKind::Quarter, 1); break;
             case u'y':
                 used = run >= 4 ? 4 : run >= 2 ? 2 : 1;
                 add(used == 4 ? DateKind::Year4 : used == 2 ? DateKind::Year2 : DateKind::DayOfYear, 1);
@@ -153,7 +151,10 @@ std::vector<DateToken> tokenizeDate(const Section& s) {
             case u'n':
             case u's':
                 used = std::min<std::size_t>(run, 2);
-                add(c == u'h' ? DateKind::Hour : c == u'n' ? DateKind::Minute : DateKind::Second, static_cast<int>(used));
+                add(c == u'h'   ? DateKind::Hour
+                    : c == u'n' ? DateKind::Minute
+                                : DateKind::Second,
+                    static_cast<int>(used));
                 break;
             case u't':
                 if (run >= 5) {
@@ -163,9 +164,7 @@ std::vector<DateToken> tokenizeDate(const Section& s) {
                     text(s[i].c);
                 }
                 break;
-            case u'c':
-                add(DateKind::General, 1);
-                break;
+            case u'c': add(DateKind::General, 1); break;
             case u'a':
                 if (matchesAt(s, i, "am/pm")) {
                     used = 5;
@@ -180,15 +179,9 @@ std::vector<DateToken> tokenizeDate(const Section& s) {
                     text(s[i].c);
                 }
                 break;
-            case u'/':
-                add(DateKind::DateSeparator, 1);
-                break;
-            case u':':
-                add(DateKind::TimeSeparator, 1);
-                break;
-            default:
-                text(s[i].c);
-                break;
+            case u'/': add(DateKind::DateSeparator, 1); break;
+            case u':': add(DateKind::TimeSeparator, 1); break;
+            default: text(s[i].c); break;
         }
         i += used;
     }
@@ -197,7 +190,8 @@ std::vector<DateToken> tokenizeDate(const Section& s) {
     // them do not count) mean minutes, not the month.
     DateKind last = DateKind::Text;
     for (DateToken& t : tokens) {
-        if (t.kind == DateKind::Text || t.kind == DateKind::DateSeparator || t.kind == DateKind::TimeSeparator) continue;
+        if (t.kind == DateKind::Text || t.kind == DateKind::DateSeparator || t.kind == DateKind::TimeSeparator)
+            continue;
         if (t.kind == DateKind::Month && t.width <= 2 && last == DateKind::Hour) t.kind = DateKind::Minute;
         last = t.kind;
     }
@@ -313,7 +307,7 @@ String formatRegionalPattern(StringView pattern, const DateParts& p, const Regio
         switch (c) {
             case u'd':
             case u'D':
-                out += run == 1 ? number(p.date.day)
+                out += run == 1   ? number(p.date.day)
                        : run == 2 ? twoDigits(p.date.day)
                                   : dayName(settings, p.day, run == 3);
                 break;
@@ -323,10 +317,11 @@ String formatRegionalPattern(StringView pattern, const DateParts& p, const Regio
                 break;
             case u'y':
             case u'Y':
-                out += run == 1 ? number(p.date.year % 100) : run == 2 ? twoDigits(p.date.year % 100) : number(p.date.year);
+                out += run == 1   ? number(p.date.year % 100)
+                       : run == 2 ? twoDigits(p.date.year % 100)
+                                  : number(p.date.year);
                 break;
-            case u'g':
-                break;  // era: not shown for the Gregorian calendar
+            case u'g': break;  // era: not shown for the Gregorian calendar
             case u'h': out += widthDigits(hour12(p.hour), static_cast<int>(run)); break;
             case u'H': out += widthDigits(p.hour, static_cast<int>(run)); break;
             case u'm': out += widthDigits(p.minute, static_cast<int>(run)); break;

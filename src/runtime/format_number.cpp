@@ -283,9 +283,7 @@ String formatNumberSection(const Section& section, Digits d, bool minus, const R
     std::size_t fracIndex = 0;
     for (const NumberElement& e : p.elements) {
         switch (e.kind) {
-            case Kind::Text:
-                out += e.text;
-                break;
+            case Kind::Text: out += e.text; break;
             case Kind::IntDigit: {
                 // Digits fill the placeholders from the right; the leftmost
                 // placeholder also takes every digit that has no placeholder.
@@ -315,8 +313,7 @@ String formatNumberSection(const Section& section, Digits d, bool minus, const R
                 out += ascii(digits);
                 break;
             }
-            case Kind::ExpDigit:
-                break;  // the exponent's digits are written with the "E"
+            case Kind::ExpDigit: break;  // the exponent's digits are written with the "E"
         }
     }
     return out;

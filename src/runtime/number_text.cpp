@@ -13,7 +13,6 @@ namespace telvaro {
 
 namespace {
 
-
 // "&H1F" or "&O17": hexadecimal or octal digits, nothing else. The value is
 // a 16-bit two's complement number when the digits fit 16 bits, else a
 // 32-bit one ("&HFFFF" is -1, "&H10000" is 65536).
@@ -113,8 +112,7 @@ int digitValue(char16_t c) {
 
 // Blanks the locale-aware reader skips around a number.
 bool isBlank(char16_t c) {
-    return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r' || c == u'\v' || c == u'\f' || c == 0xA0 ||
-           c == 0x3000;
+    return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r' || c == u'\v' || c == u'\f' || c == 0xA0 || c == 0x3000;
 }
 
 StringView trimBlanks(StringView t) {
@@ -272,8 +270,8 @@ Decimal decimalOf(const NumberText& number) {
     }
     NumberText n = number;
     if (n.exponent < -Decimal::kMaxScale) {
-        dropDigitsHalfEven(n, static_cast<std::size_t>(std::min<std::int64_t>(-Decimal::kMaxScale - n.exponent,
-                                                                               1'000'000)));
+        dropDigitsHalfEven(
+            n, static_cast<std::size_t>(std::min<std::int64_t>(-Decimal::kMaxScale - n.exponent, 1'000'000)));
     }
     static const std::string kMaxMantissa = "79228162514264337593543950335";
     auto tooWide = [&] {

@@ -26,8 +26,7 @@ struct RegionalSettings {
                                          u"julio", u"agosto",  u"septiembre", u"octubre", u"noviembre", u"diciembre"};
     std::array<String, 12> monthAbbreviations = {u"ene", u"feb", u"mar", u"abr", u"may", u"jun",
                                                  u"jul", u"ago", u"sep", u"oct", u"nov", u"dic"};
-    std::array<String, 7> dayNames = {u"domingo", u"lunes",   u"martes", u"miércoles",
-                                      u"jueves",  u"viernes", u"sábado"};
+    std::array<String, 7> dayNames = {u"domingo", u"lunes", u"martes", u"miércoles", u"jueves", u"viernes", u"sábado"};
     std::array<String, 7> dayAbbreviations = {u"dom", u"lun", u"mar", u"mié", u"jue", u"vie", u"sáb"};
     String amDesignator = u"a.m.";
     String pmDesignator = u"p.m.";

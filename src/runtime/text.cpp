@@ -28,7 +28,6 @@ namespace {
 
 constexpr int kInvalidPatternString = 93;
 
-
 char16_t fold(char16_t c) {
     if (c < 0x80) return (c >= u'A' && c <= u'Z') ? static_cast<char16_t>(c + 32) : c;
     return unicode::foldCase(c);
@@ -91,10 +90,12 @@ public:
     // Index of the first occurrence at or after `from`, npos when none.
     std::size_t firstIn(StringView s, std::size_t from) const {
         std::size_t found = StringView::npos;
-        scan(from, s.size(), [&](std::size_t i) { return s[i]; }, false, [&](std::size_t i) {
-            found = i;
-            return false;
-        });
+        scan(
+            from, s.size(), [&](std::size_t i) { return s[i]; }, false,
+            [&](std::size_t i) {
+                found = i;
+                return false;
+            });
         return found;
     }
 
@@ -123,7 +124,6 @@ bool textEquals(StringView a, StringView b) {
         if (a[i] != b[i] && fold(a[i]) != fold(b[i])) return false;
     return true;
 }
-
 
 int textCompare(StringView a, StringView b) {
     if (textEquals(a, b)) return 0;
@@ -154,19 +154,23 @@ std::int32_t inStrRev(StringView s, StringView find, std::int32_t start) {
     const auto end = static_cast<std::size_t>(start);
     const Pattern reversed(find, true);
     std::size_t found = StringView::npos;
-    reversed.scan(0, end, [&](std::size_t j) { return s[end - 1 - j]; }, false, [&](std::size_t j) {
-        found = end - j - reversed.size();
-        return false;
-    });
+    reversed.scan(
+        0, end, [&](std::size_t j) { return s[end - 1 - j]; }, false,
+        [&](std::size_t j) {
+            found = end - j - reversed.size();
+            return false;
+        });
     return found == StringView::npos ? 0 : position(found);
 }
 
 std::vector<std::int32_t> textOccurrences(StringView s, StringView find) {
     std::vector<std::int32_t> positions;
-    Pattern(find).scan(0, s.size(), [&](std::size_t i) { return s[i]; }, true, [&](std::size_t i) {
-        positions.push_back(position(i));
-        return true;
-    });
+    Pattern(find).scan(
+        0, s.size(), [&](std::size_t i) { return s[i]; }, true,
+        [&](std::size_t i) {
+            positions.push_back(position(i));
+            return true;
+        });
     return positions;
 }
 
@@ -175,12 +179,14 @@ String replaceText(StringView s, StringView find, StringView with) {
     String out;
     out.reserve(s.size());
     std::size_t copied = 0;
-    Pattern(find).scan(0, s.size(), [&](std::size_t i) { return s[i]; }, false, [&](std::size_t i) {
-        out.append(s.substr(copied, i - copied));
-        out.append(with);
-        copied = i + find.size();
-        return true;
-    });
+    Pattern(find).scan(
+        0, s.size(), [&](std::size_t i) { return s[i]; }, false,
+        [&](std::size_t i) {
+            out.append(s.substr(copied, i - copied));
+            out.append(with);
+            copied = i + find.size();
+            return true;
+        });
     out.append(s.substr(copied));
     return out;
 }

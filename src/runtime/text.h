@@ -53,7 +53,7 @@ String right(StringView s, std::int32_t length);
 String trim(StringView s);
 String ltrim(StringView s);
 String rtrim(StringView s);
-String space(std::int32_t n);                   // error 5 when n < 0
+String space(std::int32_t n);  // error 5 when n < 0
 // String(n, c); error 5 when n < 0, 14 past kMaxBuiltTextLength.
 String repeatChar(std::int32_t n, char16_t c);
 

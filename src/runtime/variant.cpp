@@ -15,10 +15,8 @@ bool Variant::isNumber() const {
         case VarType::Double:
         case VarType::Currency:
         case VarType::Decimal:
-        case VarType::Boolean:
-            return true;
-        default:
-            return false;
+        case VarType::Boolean: return true;
+        default: return false;
     }
 }
 

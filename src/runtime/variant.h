@@ -81,33 +81,32 @@ using ObjectRef = std::shared_ptr<Object>;
 
 class Variant {
 public:
-    using Storage = std::variant<std::monostate, Null, ErrorCode, Boolean, std::uint8_t, std::int16_t,
-                                 std::int32_t, Currency, Decimal, double, Date, String, ObjectRef,
-                                 std::shared_ptr<const Array>>;
+    using Storage = std::variant<std::monostate, Null, ErrorCode, Boolean, std::uint8_t, std::int16_t, std::int32_t,
+                                 Currency, Decimal, double, Date, String, ObjectRef, std::shared_ptr<const Array>>;
 
     Variant() = default;
-    Variant(Null v) : v_(v) {}                    // NOLINT
-    Variant(ErrorCode v) : v_(v) {}               // NOLINT
-    Variant(Boolean v) : v_(v) {}                 // NOLINT
-    Variant(std::uint8_t v) : v_(v) {}            // NOLINT Byte
-    Variant(std::int16_t v) : v_(v) {}            // NOLINT Integer
-    Variant(std::int32_t v) : v_(v) {}            // NOLINT Long (a plain int literal is a Long)
-    Variant(Currency v) : v_(v) {}                // NOLINT
-    Variant(const Decimal& v) : v_(v) {}          // NOLINT
-    Variant(double v) : v_(v) {}                  // NOLINT Double
-    Variant(Date v) : v_(v) {}                    // NOLINT
-    Variant(String v) : v_(std::move(v)) {}       // NOLINT
+    Variant(Null v) : v_(v) {}                     // NOLINT
+    Variant(ErrorCode v) : v_(v) {}                // NOLINT
+    Variant(Boolean v) : v_(v) {}                  // NOLINT
+    Variant(std::uint8_t v) : v_(v) {}             // NOLINT Byte
+    Variant(std::int16_t v) : v_(v) {}             // NOLINT Integer
+    Variant(std::int32_t v) : v_(v) {}             // NOLINT Long (a plain int literal is a Long)
+    Variant(Currency v) : v_(v) {}                 // NOLINT
+    Variant(const Decimal& v) : v_(v) {}           // NOLINT
+    Variant(double v) : v_(v) {}                   // NOLINT Double
+    Variant(Date v) : v_(v) {}                     // NOLINT
+    Variant(String v) : v_(std::move(v)) {}        // NOLINT
     Variant(const char16_t* v) : v_(String(v)) {}  // NOLINT
-    Variant(ObjectRef v) : v_(std::move(v)) {}    // NOLINT (a null reference is Nothing)
-    Variant(Array v);                             // NOLINT
-    Variant(bool) = delete;                       // say Boolean(b): a C++ bool is ambiguous
+    Variant(ObjectRef v) : v_(std::move(v)) {}     // NOLINT (a null reference is Nothing)
+    Variant(Array v);                              // NOLINT
+    Variant(bool) = delete;                        // say Boolean(b): a C++ bool is ambiguous
 
     static Variant missing() { return Variant(ErrorCode{kMissingArgument}); }
 
     VarType type() const {
-        static constexpr VarType byIndex[] = {VarType::Empty,   VarType::Null,     VarType::Error,   VarType::Boolean,
-                                              VarType::Byte,    VarType::Integer,  VarType::Long,    VarType::Currency,
-                                              VarType::Decimal, VarType::Double,   VarType::Date,    VarType::String,
+        static constexpr VarType byIndex[] = {VarType::Empty,   VarType::Null,    VarType::Error, VarType::Boolean,
+                                              VarType::Byte,    VarType::Integer, VarType::Long,  VarType::Currency,
+                                              VarType::Decimal, VarType::Double,  VarType::Date,  VarType::String,
                                               VarType::Object,  VarType::Array};
         static_assert(std::size(byIndex) == std::variant_size_v<Storage>);
         return byIndex[v_.index()];
@@ -125,11 +124,17 @@ public:
     bool isNumber() const;
 
     template <typename T>
-    bool holds() const { return std::holds_alternative<T>(v_); }
+    bool holds() const {
+        return std::holds_alternative<T>(v_);
+    }
     template <typename T>
-    const T& get() const { return std::get<T>(v_); }
+    const T& get() const {
+        return std::get<T>(v_);
+    }
     template <typename T>
-    T& get() { return std::get<T>(v_); }
+    T& get() {
+        return std::get<T>(v_);
+    }
 
     const Storage& storage() const { return v_; }
 

@@ -23,8 +23,8 @@ struct WrittenWorkbook {
 };
 
 struct SheetOptions {
-    std::filesystem::path folder;       // where the files go
-    std::string baseName = "Libro";     // files are named <base><n>.xlsx
+    std::filesystem::path folder;    // where the files go
+    std::string baseName = "Libro";  // files are named <base><n>.xlsx
     // Told of each file written when the application is released, and of a
     // failure to write one (the release itself cannot fail).
     std::function<void(const WrittenWorkbook&)> written;

@@ -20,8 +20,8 @@ inline constexpr std::size_t kMaxCellText = 32767;
 
 struct CellValue {
     CellKind kind = CellKind::Blank;
-    double number = 0;       // Number (a date's serial), Boolean (1 or 0)
-    String text;             // Text
+    double number = 0;                         // Number (a date's serial), Boolean (1 or 0)
+    String text;                               // Text
     NumberShape shape = NumberShape::General;  // Date or DateTime for dates
 };
 

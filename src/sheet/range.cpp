@@ -52,8 +52,10 @@ Variant CellRange::invoke(StringView member, InvokeKind kind, std::span<Variant>
         if (reading(kind) && args.empty()) return sheet().value(block_.firstRow, block_.firstColumn);
         if (putting && args.size() == 1) {
             const CellValue value = cellValueOf(args[0]);
-            if (block_.area() == 1) edit().setValue(block_.firstRow, block_.firstColumn, value);
-            else edit().setValue(block_, value);
+            if (block_.area() == 1)
+                edit().setValue(block_.firstRow, block_.firstColumn, value);
+            else
+                edit().setValue(block_, value);
             return {};
         }
         raise(err::WrongNumberOfArguments);

@@ -122,7 +122,8 @@ void SheetData::restyle(const CellBlock& block, const std::function<void(CellSty
         }
         for (Row& cells : rows_)
             for (Cell& cell : cells)
-                if (cell.column >= block.firstColumn && cell.column <= block.lastColumn) cell.style = changes(cell.style);
+                if (cell.column >= block.firstColumn && cell.column <= block.lastColumn)
+                    cell.style = changes(cell.style);
         return;
     }
     checkSize(block);

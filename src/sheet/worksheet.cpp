@@ -93,15 +93,21 @@ Variant Worksheet::invoke(StringView member, InvokeKind kind, std::span<Variant>
     // For an assignment the last argument is the value, the others name the block.
     std::span<const Variant> indices = putting && !args.empty() ? args.first(args.size() - 1) : args;
     CellBlock block;
-    if (isMember(member, u"Cells")) block = cellsBlock(indices);
-    else if (isMember(member, u"Columns")) block = columnsBlock(indices);
-    else if (isMember(member, u"Range")) block = rangeBlock(indices);
-    else raiseNoSuchMember();
+    if (isMember(member, u"Cells"))
+        block = cellsBlock(indices);
+    else if (isMember(member, u"Columns"))
+        block = columnsBlock(indices);
+    else if (isMember(member, u"Range"))
+        block = rangeBlock(indices);
+    else
+        raiseNoSuchMember();
     if (!putting) return Variant(ObjectRef(std::make_shared<CellRange>(app_, doc_, block)));
     if (args.empty()) raise(err::ArgumentNotOptional);
     const CellValue value = cellValueOf(args.back());
-    if (block.area() == 1) edit().setValue(block.firstRow, block.firstColumn, value);
-    else edit().setValue(block, value);
+    if (block.area() == 1)
+        edit().setValue(block.firstRow, block.firstColumn, value);
+    else
+        edit().setValue(block, value);
     return {};
 }
 

@@ -85,9 +85,7 @@ void writeCells(lxw_workbook* book, lxw_worksheet* page, const SheetData& sheet)
                     if (format) check(worksheet_write_blank(page, row, col, format));
                     break;
                 case CellKind::Number: check(worksheet_write_number(page, row, col, cell.number, format)); break;
-                case CellKind::Boolean:
-                    check(worksheet_write_boolean(page, row, col, cell.number != 0, format));
-                    break;
+                case CellKind::Boolean: check(worksheet_write_boolean(page, row, col, cell.number != 0, format)); break;
                 case CellKind::Text: check(worksheet_write_string(page, row, col, sheet.text(cell), format)); break;
             }
         }

@@ -54,7 +54,8 @@ void sndTocaArchivoWab(Fun& fun, const String& Archivo, Boolean Detener, Boolean
         // A request for a file that is not there stops the sound playing.
         environment(fun).playSound(u"1", sound::Synchronous);
     } else {
-        environment(fun).playSound(Archivo, Repetitivo.isTrue() ? sound::Asynchronous | sound::Loop : sound::Asynchronous);
+        environment(fun).playSound(Archivo,
+                                   Repetitivo.isTrue() ? sound::Asynchronous | sound::Loop : sound::Asynchronous);
     }
 }
 

@@ -128,16 +128,15 @@ Variant readArray(Reader& in, VarType elementType, int depth) {
         lower[d] = in.number<std::int32_t>();
         // Every element takes at least its 2-byte type: more than the record
         // holds is not a record of this layout.
-        if (count[d] < 0 || count[d] > 0xFFFF || lower[d] > INT32_MAX - count[d])
-            raise(err::UnsupportedAutomationType);
+        if (count[d] < 0 || count[d] > 0xFFFF || lower[d] > INT32_MAX - count[d]) raise(err::UnsupportedAutomationType);
     }
     // The bounds are checked against what the record holds before anything
     // is made of them.
     const std::uint64_t elements = static_cast<std::uint64_t>(count[0]) * (dimensions == 2 ? count[1] : 1);
     if (elements * sizeof(std::uint16_t) > in.remaining()) raise(err::UnsupportedAutomationType);
     Array array = dimensions == 1 ? Array::vector(lower[0], lower[0] + count[0] - 1, elementType)
-                                  : Array::matrix(lower[0], lower[0] + count[0] - 1, lower[1],
-                                                  lower[1] + count[1] - 1, elementType);
+                                  : Array::matrix(lower[0], lower[0] + count[0] - 1, lower[1], lower[1] + count[1] - 1,
+                                                  elementType);
     for (auto& item : array.elements()) item = read(in, depth + 1);
     return Variant(std::move(array));
 }

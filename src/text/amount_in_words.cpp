@@ -9,16 +9,16 @@ namespace telvaro::text {
 
 namespace {
 
-const char16_t* const kUnits[] = {u"",        u"uno",        u"dos",        u"tres",       u"cuatro",
-                                  u"cinco",   u"seis",       u"siete",      u"ocho",       u"nueve",
-                                  u"diez",    u"once",       u"doce",       u"trece",      u"catorce",
-                                  u"quince",  u"dieciséis",  u"diecisiete", u"dieciocho",  u"diecinueve",
-                                  u"veinte",  u"veintiuno",  u"veintidós",  u"veintitrés", u"veinticuatro",
-                                  u"veinticinco", u"veintiséis", u"veintisiete", u"veintiocho", u"veintinueve"};
-const char16_t* const kTens[] = {u"",        u"",        u"",        u"treinta", u"cuarenta",
+const char16_t* const kUnits[] = {
+    u"",           u"uno",        u"dos",        u"tres",         u"cuatro",      u"cinco",      u"seis",
+    u"siete",      u"ocho",       u"nueve",      u"diez",         u"once",        u"doce",       u"trece",
+    u"catorce",    u"quince",     u"dieciséis",  u"diecisiete",   u"dieciocho",   u"diecinueve", u"veinte",
+    u"veintiuno",  u"veintidós",  u"veintitrés", u"veinticuatro", u"veinticinco", u"veintiséis", u"veintisiete",
+    u"veintiocho", u"veintinueve"};
+const char16_t* const kTens[] = {u"",          u"",        u"",        u"treinta", u"cuarenta",
                                  u"cincuenta", u"sesenta", u"setenta", u"ochenta", u"noventa"};
 // Hundreds in the masculine; the feminine replaces "ientos" by "ientas".
-const char16_t* const kHundreds[] = {u"",           u"ciento",      u"doscientos", u"trescientos", u"cuatrocientos",
+const char16_t* const kHundreds[] = {u"",           u"ciento",      u"doscientos",  u"trescientos", u"cuatrocientos",
                                      u"quinientos", u"seiscientos", u"setecientos", u"ochocientos", u"novecientos"};
 
 // The word "uno" as it stands: "una" in the feminine, "un" before a

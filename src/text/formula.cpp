@@ -45,7 +45,9 @@ constexpr std::int32_t kZerosWrittenOut = 400;
 bool isOneOf(char16_t c, StringView set) { return set.find(c) != StringView::npos; }
 
 // The character at a 1-based position ("" past either end).
-char16_t at(const String& s, std::int32_t i) { return i >= 1 && i <= static_cast<std::int32_t>(s.size()) ? s[static_cast<std::size_t>(i - 1)] : u'\0'; }
+char16_t at(const String& s, std::int32_t i) {
+    return i >= 1 && i <= static_cast<std::int32_t>(s.size()) ? s[static_cast<std::size_t>(i - 1)] : u'\0';
+}
 
 // s[i..j], 1-based and inclusive; empty when j < i.
 String slice(const String& s, std::int32_t i, std::int32_t j) {

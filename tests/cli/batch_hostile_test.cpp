@@ -173,7 +173,7 @@ TEST(BatchProgram, OneArgumentCannotTakeTheMachine) {
         {"Numero2Letra 1 2147483647", "Error 14: "},
         {"Numero2Letra 1 1000000000", "Error 14: "},
         {"numCalculaFormula '\"1e+1000000000\"'", "1\n"},  // the formula's text
-        {"numCalculaFormula 1e+1000000000", "Error 6: "},       // a number literal out of range
+        {"numCalculaFormula 1e+1000000000", "Error 6: "},  // a number literal out of range
         {"numCalculaFormula '" + std::string(40000, '\\') + "'", "Error 28: "},
         {"fsoLeeArchivo 'C:\\cotas.dat' 1", "Error 458: "},
     };

@@ -188,10 +188,11 @@ TEST(Program, CallPrintsTheResultOrTheError) {
 }
 
 TEST(Program, BatchAnswersEveryLineAndGoesOnAfterAMalformedOne) {
-    std::string out = run("batch", "{\"id\":1,\"method\":\"strCuentaCaracteres\",\"args\":[\"aaaa\",\"aa\"]}\n"
-                                   "this is not json\n"
-                                   "\n"
-                                   "{\"id\":3,\"method\":\"strCuentaCaracteres\",\"args\":[\"abc\",\"\"]}\n");
+    std::string out = run("batch",
+                          "{\"id\":1,\"method\":\"strCuentaCaracteres\",\"args\":[\"aaaa\",\"aa\"]}\n"
+                          "this is not json\n"
+                          "\n"
+                          "{\"id\":3,\"method\":\"strCuentaCaracteres\",\"args\":[\"abc\",\"\"]}\n");
     std::vector<json> answers;
     std::size_t start = 0;
     for (std::size_t nl; (nl = out.find('\n', start)) != std::string::npos; start = nl + 1)

@@ -24,8 +24,8 @@ TEST(CallArguments, LiteralsReadAsAScriptReadsThemUnderEitherDecimalMark) {
         const char* token;
         const ParamInfo* param;
         VarType type;
-        double number;      // for numbers
-        const char* text;   // for texts
+        double number;     // for numbers
+        const char* text;  // for texts
     };
     const Case cases[] = {
         {"1234.56", nullptr, VarType::Double, 1234.56, ""},
@@ -109,11 +109,8 @@ TEST(CallArguments, ArgumentsThatFitNoParameterAreRunTimeErrors) {
         int number;
     };
     const Case cases[] = {
-        {{"a", "b", "1", "2"}, 450},
-        {{"--Nada=1"}, 448},
-        {{"--=1"}, 448},
-        {{"a", "--Cadena=b"}, 5},
-        {{"--PosInicio=2", "x"}, 450},
+        {{"a", "b", "1", "2"}, 450}, {{"--Nada=1"}, 448},           {{"--=1"}, 448},
+        {{"a", "--Cadena=b"}, 5},    {{"--PosInicio=2", "x"}, 450},
     };
     for (const auto& c : cases)
         EXPECT_EQ(errorNumberOf([&] { callArguments(*m, c.tokens, false); }), c.number) << c.tokens.front();

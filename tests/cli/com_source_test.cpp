@@ -28,7 +28,8 @@ TEST(ComSource, CommittedCopiesAreCurrent) {
     writeVtableDeclaration(vtable);
     writeEnumerationHeader(enums);
     EXPECT_EQ(fileText("com/telvaro.idl"), idl.str()) << "run: telvaro com-source idl > src/com/telvaro.idl";
-    EXPECT_EQ(fileText("com/fun_interface.h"), vtable.str()) << "run: telvaro com-source vtable > src/com/fun_interface.h";
+    EXPECT_EQ(fileText("com/fun_interface.h"), vtable.str())
+        << "run: telvaro com-source vtable > src/com/fun_interface.h";
     EXPECT_EQ(fileText("context/enums.h"), enums.str()) << "run: telvaro com-source enums > src/context/enums.h";
 }
 
@@ -53,18 +54,19 @@ TEST(ComSource, DefaultsTheMinGWLibraryCannotHoldAreMarked) {
         StoredDefault expected;
     };
     const Case cases[] = {
-        {"strCuentaCaracteres", "PosInicio", StoredDefault::Everywhere},       // Integer
-        {"Numero2Letra", "sMoneda", StoredDefault::Everywhere},                // by-value String
-        {"regCargaListaSQL", "CampoCod", StoredDefault::OutsideWidl},          // by-reference String
-        {"regCargaListaSQL", "ListaCod", StoredDefault::None},                 // object: Nothing
-        {"fn_CambiaLetraFilaGrid", "Tamanio", StoredDefault::OutsideWidl},     // Double
-        {"INI_LeerIni", "vDefault", StoredDefault::None},                      // no default
-        {"fn_CuentaElementosColGrid", "Grid", StoredDefault::None},            // required
+        {"strCuentaCaracteres", "PosInicio", StoredDefault::Everywhere},    // Integer
+        {"Numero2Letra", "sMoneda", StoredDefault::Everywhere},             // by-value String
+        {"regCargaListaSQL", "CampoCod", StoredDefault::OutsideWidl},       // by-reference String
+        {"regCargaListaSQL", "ListaCod", StoredDefault::None},              // object: Nothing
+        {"fn_CambiaLetraFilaGrid", "Tamanio", StoredDefault::OutsideWidl},  // Double
+        {"INI_LeerIni", "vDefault", StoredDefault::None},                   // no default
+        {"fn_CuentaElementosColGrid", "Grid", StoredDefault::None},         // required
     };
     for (const auto& c : cases) {
         const MethodInfo* m = findMethod(c.method);
         ASSERT_NE(m, nullptr) << c.method;
-        const auto p = std::find_if(m->params.begin(), m->params.end(), [&](const ParamInfo& x) { return x.name == c.param; });
+        const auto p =
+            std::find_if(m->params.begin(), m->params.end(), [&](const ParamInfo& x) { return x.name == c.param; });
         ASSERT_NE(p, m->params.end()) << c.param;
         EXPECT_EQ(storedDefault(*p), c.expected) << c.method << "." << c.param;
     }

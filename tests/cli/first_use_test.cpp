@@ -103,8 +103,8 @@ TEST(LocaleRule, CallAndBatchAgreeUnderEitherDecimalMark) {
         for (const auto& c : cases) {
             const Outcome call = runProgram(locale, std::string("call ") + c.method + " " + c.call);
             ASSERT_EQ(call.status, 0) << locale << ' ' << c.method << call.err;
-            const Outcome batch = runProgram(locale, "batch",
-                                  std::string(R"({"method":")") + c.method + R"(","args":)" + c.batchArgs + "}\n");
+            const Outcome batch = runProgram(
+                locale, "batch", std::string(R"({"method":")") + c.method + R"(","args":)" + c.batchArgs + "}\n");
             const json answer = json::parse(batch.out);
             ASSERT_TRUE(answer.contains("result")) << batch.out;
             std::string printed = call.out.substr(0, call.out.size() - 1);
@@ -202,7 +202,8 @@ TEST(MethodReference, TheExamplesRunAndAnswerWhatTheySay) {
         for (const auto& e : note.examples) {
             fakes::TestPlatform platform;
             Fun fun(platform);
-            std::vector<Variant> args = callArguments(*m, std::vector<std::string>(e.args.begin(), e.args.end()), false);
+            std::vector<Variant> args =
+                callArguments(*m, std::vector<std::string>(e.args.begin(), e.args.end()), false);
             Variant result;
             ASSERT_NO_THROW(result = invoke(fun, *m, args)) << note.name;
             ++examples;

@@ -31,10 +31,7 @@ json answerTo(const json& request) {
 }
 
 json grid(json cells) {
-    return {{"object", "grid"},
-            {"rows", cells.size()},
-            {"cols", cells.at(0).size()},
-            {"cells", std::move(cells)}};
+    return {{"object", "grid"}, {"rows", cells.size()}, {"cols", cells.at(0).size()}, {"cells", std::move(cells)}};
 }
 
 TEST(GridBatch, AnswersCarryTheGridsStateAndCalls) {
@@ -50,7 +47,8 @@ TEST(GridBatch, AnswersCarryTheGridsStateAndCalls) {
          json::array({json::array({"h", "k"})}),
          {"Rows", "FixedRows", "Rows="}},
         {"fn_ReemplazaValorColumnaGrid",
-         json::array({{{"type", "Integer"}, {"value", 1}}, {{"type", "String"}, {"value", "A"}},
+         json::array({{{"type", "Integer"}, {"value", 1}},
+                      {{"type", "String"}, {"value", "A"}},
                       {{"type", "String"}, {"value", "b"}}}),
          json::array({json::array({"h", "k"}), json::array({"1", "b"})}),
          {"Rows", "TextMatrix", "TextMatrix="}},
@@ -72,9 +70,9 @@ TEST(GridBatch, AnswersCarryTheGridsStateAndCalls) {
 }
 
 TEST(GridBatch, ACheckBoxColumnShowsTheHiddenFormsPictures) {
-    json args = json::array({grid(json::array({json::array({"h", "v"}), json::array({"1", "1"}),
-                                               json::array({"2", "10"})})),
-                             {{"type", "Integer"}, {"value", 1}}});
+    json args =
+        json::array({grid(json::array({json::array({"h", "v"}), json::array({"1", "1"}), json::array({"2", "10"})})),
+                     {{"type", "Integer"}, {"value", 1}}});
     const json answer = answerTo({{"id", 2}, {"method", "fn_PoneCheckColumnaGrid"}, {"args", args}});
     ASSERT_FALSE(answer.contains("error")) << answer.dump();
     std::vector<std::string> pictures;
@@ -84,7 +82,8 @@ TEST(GridBatch, ACheckBoxColumnShowsTheHiddenFormsPictures) {
 
 TEST(GridBatch, AGridErrorIsTheAnswersError) {
     json args = json::array({grid(json::array({json::array({"h", "v"}), json::array({"1", "1"})})),
-                             {{"type", "Integer"}, {"value", 7}}, {{"type", "String"}, {"value", "x"}}});
+                             {{"type", "Integer"}, {"value", 7}},
+                             {{"type", "String"}, {"value", "x"}}});
     const json answer = answerTo({{"id", 3}, {"method", "fn_BuscaColGrid"}, {"args", args}});
     EXPECT_EQ(answer.at("error").at("number"), 381);
 }

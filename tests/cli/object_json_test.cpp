@@ -92,8 +92,8 @@ TEST(ObjectJson, FormNestsControlsInItsFramesAndReportsItsRecords) {
         const char16_t* control;
         const char16_t* container;
     };
-    const Case cases[] = {{u"fraDatos", u"frmClientes"}, {u"txtNombre", u"fraDatos"}, {u"fraOpciones", u"fraDatos"},
-                          {u"chkActivo", u"fraOpciones"}, {u"optA", u"fraOpciones"}, {u"grdItems", u"frmClientes"}};
+    const Case cases[] = {{u"fraDatos", u"frmClientes"},  {u"txtNombre", u"fraDatos"}, {u"fraOpciones", u"fraDatos"},
+                          {u"chkActivo", u"fraOpciones"}, {u"optA", u"fraOpciones"},   {u"grdItems", u"frmClientes"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(toUtf8(c.control));
         auto control = f->controlNamed(c.control);
@@ -187,8 +187,8 @@ TEST(ObjectJson, KindsBuiltElsewhereComeThroughTheHooks) {
     EXPECT_EQ(built_form->get(u"Lista").get<ObjectRef>()->typeName(), u"Recordset");
     EXPECT_EQ(objectState(*built_form, hooks)["lista"], Json::parse(R"({"object": "recordset", "position": 1})"));
     EXPECT_EQ(errorNumberOf([&] { built(R"({"object": "slider"})", builder); }), 445);
-    ObjectRef bound = built(R"({"object": "datagrid", "dataSource": {"object": "recordset", "source": "SELECT 1"}})",
-                            builder);
+    ObjectRef bound =
+        built(R"({"object": "datagrid", "dataSource": {"object": "recordset", "source": "SELECT 1"}})", builder);
     EXPECT_EQ(objectState(*bound, hooks)["dataSource"], Json::parse(R"({"object": "recordset", "position": 1})"));
 }
 
@@ -230,7 +230,8 @@ TEST(ObjectJson, DescriptionsThatDoNotFitTheirKindNameTheField) {
         {R"({"object": "form", "controls": [{"object": "label", "name": "x"}, {"object": "textbox", "container": "x"}]})",
          5, "\"container\""},
         {R"({"object": "form", "controls": [{"object": "frame", "name": "a", "container": "b"},
-            {"object": "frame", "name": "b", "container": "a"}]})", 5, "not inside the control itself"},
+            {"object": "frame", "name": "b", "container": "a"}]})",
+         5, "not inside the control itself"},
         {R"({"object": "form", "controls": [{"object": "frame", "name": "a", "container": "a"}]})", 5,
          "not inside the control itself"},
         {R"({"object": "form", "activeForm": {"object": "form"}})", 5, "\"activeForm\""},
@@ -285,8 +286,20 @@ TEST(ObjectJson, JunkInAnyFieldIsAnErrorOrAnObject) {
             {"object": "textbox", "container": "fr"}]})",
     };
     const Json junk[] = {
-        nullptr, true, -1, 0, 4294967296LL, 1e300, -1.5, "texto", "", Json::array(), Json::array({1, "a", nullptr}),
-        Json::object(), Json{{"object", "textbox"}}, Json::array({Json::array({Json::object()})}),
+        nullptr,
+        true,
+        -1,
+        0,
+        4294967296LL,
+        1e300,
+        -1.5,
+        "texto",
+        "",
+        Json::array(),
+        Json::array({1, "a", nullptr}),
+        Json::object(),
+        Json{{"object", "textbox"}},
+        Json::array({Json::array({Json::object()})}),
     };
     std::size_t built_count = 0, errors = 0;
     for (const char* description : full) {

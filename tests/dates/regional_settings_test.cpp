@@ -3,9 +3,9 @@
 // settings a POSIX locale stands for.
 #include <gtest/gtest.h>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "platform/posix/home.h"
 #include "platform/posix/locale_defaults.h"
 #include "platform/posix/posix_regional_store.h"
@@ -83,8 +83,10 @@ TEST(RegionalChange, WritesTheEightItemsInOrderAndReportsAnyFailure) {
     Fun fun(platform);
     EXPECT_TRUE(identical(call(fun, "fn_CambiaConfRegional"), Variant(True)));
     const std::vector<std::pair<int, String>> expected = {
-        {31, u"dd/MM/yyyy"}, {32, u"dddd, d' de 'MMMM' de 'yyyy"}, {14, u"."}, {15, u","},
-        {4099, u"HH:mm:ss"}, {22, u"."}, {23, u","}, {20, u"$"},
+        {31, u"dd/MM/yyyy"}, {32, u"dddd, d' de 'MMMM' de 'yyyy"},
+        {14, u"."},          {15, u","},
+        {4099, u"HH:mm:ss"}, {22, u"."},
+        {23, u","},          {20, u"$"},
     };
     EXPECT_EQ(platform.store.written, expected);
 
@@ -117,13 +119,18 @@ TEST(RegionalStore, RefusesItemsAndValuesThePlatformRefuses) {
         const char16_t* value;
         bool accepted;
     } cases[] = {
-        {lcitem::DecimalSeparator, u",", true}, {lcitem::DecimalSeparator, u"", false},
-        {lcitem::DecimalSeparator, u"1", false}, {lcitem::DecimalSeparator, u"....", false},
-        {lcitem::ThousandSeparator, u" ", true}, {lcitem::ThousandSeparator, u"", true},
-        {lcitem::ShortDate, u"", false},         {lcitem::CurrencySymbol, u"US$", true},
+        {lcitem::DecimalSeparator, u",", true},
+        {lcitem::DecimalSeparator, u"", false},
+        {lcitem::DecimalSeparator, u"1", false},
+        {lcitem::DecimalSeparator, u"....", false},
+        {lcitem::ThousandSeparator, u" ", true},
+        {lcitem::ThousandSeparator, u"", true},
+        {lcitem::ShortDate, u"", false},
+        {lcitem::CurrencySymbol, u"US$", true},
         {99, u"x", false},
     };
-    for (const auto& c : cases) EXPECT_EQ(store.setItem(c.item, c.value), c.accepted) << c.item << " " << toUtf8(c.value);
+    for (const auto& c : cases)
+        EXPECT_EQ(store.setItem(c.item, c.value), c.accepted) << c.item << " " << toUtf8(c.value);
     EXPECT_EQ(regional().decimalSeparator, u",");
     EXPECT_EQ(regional().thousandSeparator, u"");
     EXPECT_EQ(store.item(lcitem::CurrencySymbol), u"US$");

@@ -28,7 +28,8 @@ TEST(DatabaseBatch, RequestsAndTheirAnswers) {
         {R"({"id":3,"method":"regUltimoCodigo","args":[)" + kClients + R"(,"k","c",""]})", "/error/number",
          -2147217900},
         // One description in two arguments is one connection: the list sees the setup once.
-        {R"({"id":4,"method":"regCargaListaSQL","args":[)" + kClients + R"(,"SELECT k, n FROM c",{"object":"list"},"n",{"object":"list"},"k"]})",
+        {R"({"id":4,"method":"regCargaListaSQL","args":[)" + kClients +
+             R"(,"SELECT k, n FROM c",{"object":"list"},"n",{"object":"list"},"k"]})",
          "/byref/2/value/items/2", "QUITO"},
         {R"({"id":5,"method":"RegistroSiguiente","args":[{"object":"form","name":"f","lista":{"object":"recordset","connection":)" +
              kClients + R"(,"source":"SELECT k FROM c","position":2}}]})",

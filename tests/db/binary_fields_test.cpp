@@ -35,7 +35,8 @@ Bytes fileBytes(const fs::path& file) {
 
 void writeFile(const fs::path& file, const Bytes& bytes) {
     fs::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary | std::ios::trunc).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    std::ofstream(file, std::ios::binary | std::ios::trunc)
+        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
 Variant byteValue(const Bytes& bytes) {
@@ -174,29 +175,52 @@ TEST(BinaryFields, FailuresOfFoldersPathsAndValues) {
     };
     const Variant some = byteValue("foto");
     const std::vector<Case> cases = {
-        {"no scratch folder", [] { fs::remove_all(driveFile(u"C:\\windows\\temp")); }, "regGuardaStream", {some},
+        {"no scratch folder",
+         [] { fs::remove_all(driveFile(u"C:\\windows\\temp")); },
+         "regGuardaStream",
+         {some},
          kWritingFile},
         {"the scratch folder is a file",
-         [] { fs::remove_all(driveFile(u"C:\\windows\\temp")); writeFile(driveFile(u"C:\\windows\\temp"), "x"); },
-         "regGuardaStream", {some}, kWritingFile},
-        {"the scratch file is a folder", [] { fs::create_directories(driveFile(kScratch)); }, "regGuardaStream",
-         {some}, kWritingFile},
-        {"a folder given for the file", [] { fs::create_directories(driveFile(u"C:\\fotos")); }, "regGuardaStream",
-         {some, v(u"C:\\fotos")}, kWritingFile},
+         [] {
+             fs::remove_all(driveFile(u"C:\\windows\\temp"));
+             writeFile(driveFile(u"C:\\windows\\temp"), "x");
+         },
+         "regGuardaStream",
+         {some},
+         kWritingFile},
+        {"the scratch file is a folder",
+         [] { fs::create_directories(driveFile(kScratch)); },
+         "regGuardaStream",
+         {some},
+         kWritingFile},
+        {"a folder given for the file",
+         [] { fs::create_directories(driveFile(u"C:\\fotos")); },
+         "regGuardaStream",
+         {some, v(u"C:\\fotos")},
+         kWritingFile},
         {"a file in a missing folder", [] {}, "regGuardaStream", {some, v(u"C:\\no\\hay\\foto.bin")}, kWritingFile},
         {"a text is no binary value", [] {}, "regGuardaStream", {v(u"foto")}, kInvalidArgument},
         {"Null is no binary value", [] {}, "regGuardaStream", {Variant(Null{})}, kInvalidArgument},
         {"Empty is no binary value", [] {}, "regGuardaStream", {Variant()}, kInvalidArgument},
-        {"an array of numbers is no binary value", [] {}, "regGuardaStream",
-         {Variant(Array::ofValues({Variant(1), Variant(2)}))}, kInvalidArgument},
+        {"an array of numbers is no binary value",
+         [] {},
+         "regGuardaStream",
+         {Variant(Array::ofValues({Variant(1), Variant(2)}))},
+         kInvalidArgument},
         {"no value at all", [] {}, "regGuardaStream", {}, 449},
         {"a missing file", [] {}, "regLeeStream", {v(u"C:\\fotos\\no.bin")}, kOpeningFile},
-        {"a folder to read", [] { fs::create_directories(driveFile(u"C:\\fotos")); }, "regLeeStream",
-         {v(u"C:\\fotos")}, kOpeningFile},
+        {"a folder to read",
+         [] { fs::create_directories(driveFile(u"C:\\fotos")); },
+         "regLeeStream",
+         {v(u"C:\\fotos")},
+         kOpeningFile},
         {"an empty path to read", [] {}, "regLeeStream", {v(u"")}, kInvalidArgument},
         {"a value that is no picture", [] {}, "regImgStream", {some}, 481},
         {"no bytes are no picture", [] {}, "regImgStream", {byteValue("")}, 481},
-        {"a picture into a missing folder", [] {}, "regImgStream", {byteValue(bigPicture()), v(u"C:\\no\\f.png")},
+        {"a picture into a missing folder",
+         [] {},
+         "regImgStream",
+         {byteValue(bigPicture()), v(u"C:\\no\\f.png")},
          kWritingFile},
     };
     for (const auto& c : cases) {

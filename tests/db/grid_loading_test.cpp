@@ -46,9 +46,7 @@ std::string pictureOf(const objects::FlexGrid& grid, std::int32_t row, std::int3
 // loaded between the calls of one session, as on one client thread.
 class Session {
 public:
-    Session() : platform_(defaultPlatform(), {}) {
-        platform_.use(std::shared_ptr<ProgressDisplay>(recorder_));
-    }
+    Session() : platform_(defaultPlatform(), {}) { platform_.use(std::shared_ptr<ProgressDisplay>(recorder_)); }
     Outcome run(const char* method, std::vector<Variant> args) {
         Fun fun(platform_);
         Outcome out;
@@ -84,8 +82,8 @@ ObjectRef products(std::int32_t location = 3) {
 const char16_t* const kAll = u"SELECT codigo, nombre, precio, stock, alta FROM productos ORDER BY codigo";
 
 // RegLlenaGridRegSql's arguments after the connection and the grid.
-std::vector<Variant> fillArgs(const ObjectRef& connection, const Grid& grid, const char16_t* sql, const char16_t* campos,
-                              std::vector<Variant> options = {}) {
+std::vector<Variant> fillArgs(const ObjectRef& connection, const Grid& grid, const char16_t* sql,
+                              const char16_t* campos, std::vector<Variant> options = {}) {
     std::vector<Variant> args = {Variant(connection), Variant(ObjectRef(grid)), v(sql), v(campos)};
     args.insert(args.end(), options.begin(), options.end());
     return args;
@@ -156,10 +154,10 @@ TEST(GridLoading, EveryFormatCode) {
         const String campos = String(u"valor") + (*c.code ? u"|" + String(c.code) : String());
         const String sql = u"SELECT " + String(c.value) + u" AS valor";
         Session session;
-        const Outcome out = session.run(
-            "RegLlenaGridRegSql", {Variant(products()), Variant(ObjectRef(grid)), Variant(sql), Variant(campos),
-                                   Variant(Boolean(false)), Variant(Boolean(false)), v(1), Variant(std::int16_t(1)),
-                                   Variant(Boolean(false)), v(c.numDeci)});
+        const Outcome out =
+            session.run("RegLlenaGridRegSql", {Variant(products()), Variant(ObjectRef(grid)), Variant(sql),
+                                               Variant(campos), Variant(Boolean(false)), Variant(Boolean(false)), v(1),
+                                               Variant(std::int16_t(1)), Variant(Boolean(false)), v(c.numDeci)});
         EXPECT_EQ(out.error, c.error) << toUtf8(out.description);
         EXPECT_EQ(toUtf8(grid->textMatrix(1, 1)), c.cell);
     }
@@ -170,7 +168,8 @@ TEST(GridLoading, CheckBoxColumns) {
     Session session;
     const Outcome out = session.run(
         "RegLlenaGridRegSql",
-        fillArgs(products(), grid, u"SELECT codigo, CASE WHEN stock > 0 THEN 1 ELSE 0 END AS hay FROM productos ORDER BY codigo",
+        fillArgs(products(), grid,
+                 u"SELECT codigo, CASE WHEN stock > 0 THEN 1 ELSE 0 END AS hay FROM productos ORDER BY codigo",
                  u"codigo, hay|V"));
     ASSERT_EQ(out.error, 0) << toUtf8(out.description);
     EXPECT_EQ(textsOf(*grid), (Texts{{"", "", ""}, {"", "1", "1"}, {"", "2", "0"}, {"", "3", "0"}}));
@@ -189,16 +188,27 @@ TEST(GridLoading, ColumnsChosenByTheList) {
         int error = 0;
     };
     const std::vector<Case> cases = {
-        {"three entries from column 1, stock ignored", u"Codigo, Nombre, Precio|N$", 1,
+        {"three entries from column 1, stock ignored",
+         u"Codigo, Nombre, Precio|N$",
+         1,
          {{"-", "1", "Arroz", "$ 12.50", "-"}, {"-", "2", "Azúcar", "$ 0.75", "-"}, {"-", "3", "Café", "$ 3.00", "-"}}},
-        {"names trimmed, any case, in another order; the code as written", u" PRECIO |n, nombre ", 0,
+        {"names trimmed, any case, in another order; the code as written",
+         u" PRECIO |n, nombre ",
+         0,
          {{"12.50", "Arroz", "-", "-", "-"}, {"0.75", "Azúcar", "-", "-", "-"}, {"3.00", "Café", "-", "-", "-"}}},
-        {"an entry naming no field leaves its column", u"codigo, apellido, nombre", 2,
+        {"an entry naming no field leaves its column",
+         u"codigo, apellido, nombre",
+         2,
          {{"-", "-", "1", "-", "Arroz"}, {"-", "-", "2", "-", "Azúcar"}, {"-", "-", "3", "-", "Café"}}},
-        {"the first of two equal entries", u"nombre, NOMBRE|>", 1,
+        {"the first of two equal entries",
+         u"nombre, NOMBRE|>",
+         1,
          {{"-", "Arroz", "-", "-", "-"}, {"-", "Azúcar", "-", "-", "-"}, {"-", "Café", "-", "-", "-"}}},
-        {"a column past the grid: what was written stays", u"codigo, nombre", 4,
-         {{"-", "-", "-", "-", "1"}, {"-", "-", "-", "-", "-"}, {"-", "-", "-", "-", "-"}}, 381},
+        {"a column past the grid: what was written stays",
+         u"codigo, nombre",
+         4,
+         {{"-", "-", "-", "-", "1"}, {"-", "-", "-", "-", "-"}, {"-", "-", "-", "-", "-"}},
+         381},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -206,9 +216,10 @@ TEST(GridLoading, ColumnsChosenByTheList) {
         for (std::int32_t r = 1; r < 4; ++r)
             for (std::int32_t col = 0; col < 5; ++col) grid->setTextMatrix(r, col, u"-");
         Session session;
-        const Outcome out = session.run(
-            "RegLlenaGridRegSql", fillArgs(products(), grid, kAll, c.campos,
-                                           {Variant(Boolean(false)), Variant(Boolean(false)), v(1), Variant(c.colInicio)}));
+        const Outcome out =
+            session.run("RegLlenaGridRegSql",
+                        fillArgs(products(), grid, kAll, c.campos,
+                                 {Variant(Boolean(false)), Variant(Boolean(false)), v(1), Variant(c.colInicio)}));
         EXPECT_EQ(out.error, c.error) << toUtf8(out.description);
         Texts expected = {{"", "", "", "", ""}};
         expected.insert(expected.end(), c.rows.begin(), c.rows.end());
@@ -227,16 +238,35 @@ TEST(GridLoading, RowsClearedAndKept) {
     const char16_t* const none = u"SELECT codigo, nombre FROM productos WHERE codigo > 9";
     const char16_t* const two = u"SELECT codigo, nombre FROM productos WHERE codigo < 3 ORDER BY codigo";
     const std::vector<Case> cases = {
-        {"empty result, one empty row left", none, 3, {Variant(True), Variant(True), v(1), Variant(std::int16_t(0))}, {{"T0", "T1"}, {"", ""}}},
-        {"empty result, no row left", none, 3, {Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(0))}, {{"T0", "T1"}}},
-        {"two records from row 1", two, 3, {Variant(True), Variant(True), v(1), Variant(std::int16_t(0))},
+        {"empty result, one empty row left",
+         none,
+         3,
+         {Variant(True), Variant(True), v(1), Variant(std::int16_t(0))},
+         {{"T0", "T1"}, {"", ""}}},
+        {"empty result, no row left",
+         none,
+         3,
+         {Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(0))},
+         {{"T0", "T1"}}},
+        {"two records from row 1",
+         two,
+         3,
+         {Variant(True), Variant(True), v(1), Variant(std::int16_t(0))},
          {{"T0", "T1"}, {"1", "Arroz"}, {"2", "Azúcar"}}},
-        {"from row 0 the whole grid is cleared", two, 3, {Variant(True), Variant(Boolean(false)), v(0), Variant(std::int16_t(0))},
+        {"from row 0 the whole grid is cleared",
+         two,
+         3,
+         {Variant(True), Variant(Boolean(false)), v(0), Variant(std::int16_t(0))},
          {{"1", "Arroz"}, {"2", "Azúcar"}}},
-        {"without Limpiar the rows above FilInicio stay", two, 3,
+        {"without Limpiar the rows above FilInicio stay",
+         two,
+         3,
          {Variant(Boolean(false)), Variant(Boolean(false)), v(2), Variant(std::int16_t(0))},
          {{"T0", "T1"}, {"a", "b"}, {"1", "Arroz"}, {"2", "Azúcar"}}},
-        {"a server cursor counts -1: nothing written", two, 2, {Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(0))},
+        {"a server cursor counts -1: nothing written",
+         two,
+         2,
+         {Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(0))},
          {{"T0", "T1"}}},
     };
     for (const auto& c : cases) {
@@ -249,18 +279,20 @@ TEST(GridLoading, RowsClearedAndKept) {
             grid->setTextMatrix(r, 1, u"b");
         }
         Session session;
-        const Outcome out = session.run("RegLlenaGridRegSql", fillArgs(products(c.location), grid, c.sql, u"codigo, nombre", c.options));
+        const Outcome out = session.run("RegLlenaGridRegSql",
+                                        fillArgs(products(c.location), grid, c.sql, u"codigo, nombre", c.options));
         ASSERT_EQ(out.error, 0) << toUtf8(out.description);
         EXPECT_EQ(textsOf(*grid), c.cells);
     }
 }
 
 TEST(GridLoading, ProgressFormSequence) {
-    const std::vector<std::string> shown = {
-        "Load", "PB.Value=0", "PB.Max=3", "Show",
-        "PB.Value=1", "Caption=Progreso . . .      (1 de 3)",
-        "PB.Value=2", "Caption=Progreso . . .      (2 de 3)",
-        "PB.Value=3", "Caption=Progreso . . .      (3 de 3)", "Unload"};
+    const std::vector<std::string> shown = {"Load",       "PB.Value=0",
+                                            "PB.Max=3",   "Show",
+                                            "PB.Value=1", "Caption=Progreso . . .      (1 de 3)",
+                                            "PB.Value=2", "Caption=Progreso . . .      (2 de 3)",
+                                            "PB.Value=3", "Caption=Progreso . . .      (3 de 3)",
+                                            "Unload"};
     struct Case {
         const char* what;
         const char16_t* sql;
@@ -272,7 +304,9 @@ TEST(GridLoading, ProgressFormSequence) {
         {"not asked", kAll, Variant(Boolean(false)), {}},
         {"no rows: never loaded", u"SELECT codigo FROM productos WHERE codigo = 0", Variant(True), {}},
         // Only exactly True shows it; another non-zero value counts on it unseen, against the designed Max.
-        {"ProgresB 1", kAll, Variant(Boolean::fromBits(1)),
+        {"ProgresB 1",
+         kAll,
+         Variant(Boolean::fromBits(1)),
          {"Load", "PB.Value=1", "Caption=Progreso . . .      (1 de 100)", "PB.Value=2",
           "Caption=Progreso . . .      (2 de 100)", "PB.Value=3", "Caption=Progreso . . .      (3 de 100)", "Unload"}},
     };
@@ -292,18 +326,21 @@ TEST(GridLoading, ProgressFormSequence) {
 TEST(GridLoading, ProgressFormLeftOnScreenByAFailure) {
     Session session;
     auto narrow = newGrid(2, 2);
-    const std::vector<Variant> options = {Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(1)),
-                                          Variant(Boolean(false)), v(u"##0.00"), Variant(True)};
+    const std::vector<Variant> options = {
+        Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(1)), Variant(Boolean(false)), v(u"##0.00"),
+        Variant(True)};
     // The second column is past the grid: the first cell is written, then 381.
-    const Outcome failed = session.run("RegLlenaGridRegSql", fillArgs(products(), narrow, kAll, u"codigo, nombre", options));
+    const Outcome failed =
+        session.run("RegLlenaGridRegSql", fillArgs(products(), narrow, kAll, u"codigo, nombre", options));
     EXPECT_EQ(failed.error, 381);
     EXPECT_EQ(toUtf8(narrow->textMatrix(1, 1)), "1");
     EXPECT_EQ(session.progress(), (std::vector<std::string>{"Load", "PB.Value=0", "PB.Max=3", "Show", "PB.Value=1",
                                                             "Caption=Progreso . . .      (1 de 3)"}));
     // The next call finds the form loaded and shown as it was.
     auto wide = newGrid(2, 3);
-    const Outcome next = session.run("RegLlenaGridRegSql",
-                                     fillArgs(products(), wide, u"SELECT codigo FROM productos WHERE codigo = 2", u"codigo", options));
+    const Outcome next =
+        session.run("RegLlenaGridRegSql",
+                    fillArgs(products(), wide, u"SELECT codigo FROM productos WHERE codigo = 2", u"codigo", options));
     ASSERT_EQ(next.error, 0) << toUtf8(next.description);
     EXPECT_EQ(session.progress(), (std::vector<std::string>{"PB.Value=0", "PB.Max=1", "Show", "PB.Value=1",
                                                             "Caption=Progreso . . .      (1 de 1)", "Unload"}));
@@ -313,8 +350,8 @@ TEST(GridLoading, ProgressFormLeftOnScreenByAFailure) {
     auto grid = newGrid(2, 2);
     std::vector<Variant> counted = options;
     counted.back() = Variant(Boolean::fromBits(1));
-    const Outcome over = session.run("RegLlenaGridRegSql",
-                                     fillArgs(data::testing::memoryConnection(many, 3), grid, u"SELECT i FROM n ORDER BY i", u"i", counted));
+    const Outcome over = session.run("RegLlenaGridRegSql", fillArgs(data::testing::memoryConnection(many, 3), grid,
+                                                                    u"SELECT i FROM n ORDER BY i", u"i", counted));
     EXPECT_EQ(over.error, 380);
     EXPECT_EQ(toUtf8(grid->textMatrix(100, 1)), "100");
     EXPECT_EQ(toUtf8(grid->textMatrix(101, 1)), "");
@@ -344,9 +381,9 @@ TEST(GridLoading, TitleRows) {
         font->put(u"Name", v(u"Tahoma"));
         font->put(u"Size", Variant(11.0));
         Session session;
-        const Outcome out = session.run(
-            "RegLlenaGridRegSql", fillArgs(products(), grid, kAll, u"codigo", {Variant(True), Variant(Boolean(false)), v(2),
-                                                                                Variant(std::int16_t(1)), c.negritaTit}));
+        const Outcome out = session.run("RegLlenaGridRegSql", fillArgs(products(), grid, kAll, u"codigo",
+                                                                       {Variant(True), Variant(Boolean(false)), v(2),
+                                                                        Variant(std::int16_t(1)), c.negritaTit}));
         ASSERT_EQ(out.error, 0) << toUtf8(out.description);
         EXPECT_EQ(toUtf8(grid->textMatrix(0, 1)), "Código");  // the titles are the form's
         for (std::int32_t r = 0; r < 3; ++r)
@@ -377,10 +414,20 @@ TEST(GridLoading, SearchAsTheUserTypes) {
         {"a match from row 1", u"'%car%'", {v(1), Variant(std::int16_t(0))}, false, true, 2},
         {"empty search from row 1: hidden", u"'%'", {v(1), Variant(std::int16_t(0))}, true, false, 1},
         {"empty search with a blank", u"' %'", {v(1), Variant(std::int16_t(0))}, true, false, 1},
-        {"an empty row left is a row", u"'%'", {v(1), Variant(std::int16_t(0)), Variant(True), Variant(True)}, false, true, 2},
+        {"an empty row left is a row",
+         u"'%'",
+         {v(1), Variant(std::int16_t(0)), Variant(True), Variant(True)},
+         false,
+         true,
+         2},
         {"from row 0, one record shows", u"'%car%'", {v(0), Variant(std::int16_t(0))}, false, true, 1},
         {"from row 0, nothing found: the last cell is empty", u"'%'", {v(0), Variant(std::int16_t(0))}, true, false, 1},
-        {"OcultaSiNo False leaves Visible", u"'%'", {v(1), Variant(std::int16_t(0)), Variant(Boolean(false))}, true, true, 1},
+        {"OcultaSiNo False leaves Visible",
+         u"'%'",
+         {v(1), Variant(std::int16_t(0)), Variant(Boolean(false))},
+         true,
+         true,
+         1},
         {"a negative row leaves Visible", u"'%'", {v(-1), Variant(std::int16_t(0))}, true, true, -1},
     };
     for (const auto& c : cases) {
@@ -423,10 +470,17 @@ TEST(GridLoading, Failures) {
         Texts cells;
     };
     const std::vector<Case> cases = {
-        {"a failing statement: the grid untouched", products(), u"SELECT * FROM nada", u"codigo", -2147217900,
+        {"a failing statement: the grid untouched",
+         products(),
+         u"SELECT * FROM nada",
+         u"codigo",
+         -2147217900,
          {{"", ""}, {"", "x"}}},
-        {"a text under a date code: the rows before stay", products(),
-         u"SELECT CASE WHEN codigo = 3 THEN 'pronto' ELSE alta END AS alta FROM productos ORDER BY codigo", u"alta|F", 13,
+        {"a text under a date code: the rows before stay",
+         products(),
+         u"SELECT CASE WHEN codigo = 3 THEN 'pronto' ELSE alta END AS alta FROM productos ORDER BY codigo",
+         u"alta|F",
+         13,
          {{"", ""}, {"", "15/03/2024"}, {"", "01/12/2024"}, {"", ""}}},
     };
     for (const auto& c : cases) {
@@ -440,7 +494,9 @@ TEST(GridLoading, Failures) {
     }
     // Nothing for the grid: 91 once the statement has run.
     Session session;
-    EXPECT_EQ(session.run("RegLlenaGridRegSql", {Variant(products()), Variant(ObjectRef()), v(kAll), v(u"codigo")}).error, 91);
+    EXPECT_EQ(
+        session.run("RegLlenaGridRegSql", {Variant(products()), Variant(ObjectRef()), v(kAll), v(u"codigo")}).error,
+        91);
 }
 
 TEST(GridLoading, FrmProgMembers) {
@@ -482,7 +538,8 @@ TEST(GridLoading, BatchAnswerCarriesTheProgressForm) {
     EXPECT_EQ(answer.at("progress"), cli::Json::parse(R"J(["Load","PB.Value=0","PB.Max=2","Show","PB.Value=1",
         "Caption=Progreso . . .      (1 de 2)","PB.Value=2","Caption=Progreso . . .      (2 de 2)","Unload"])J"));
     // Without the form, no field.
-    const cli::Json quiet = cli::Json::parse(cli::answerRequest(R"({"id":2,"method":"strCuentaCaracteres","args":["aaa","a"]})"));
+    const cli::Json quiet =
+        cli::Json::parse(cli::answerRequest(R"({"id":2,"method":"strCuentaCaracteres","args":["aaa","a"]})"));
     EXPECT_FALSE(quiet.contains("progress"));
 }
 
@@ -498,18 +555,19 @@ TEST(GridLoading, OnPostgreSQL) {
     const ObjectRef client = connect(3);
     for (const char16_t* sql :
          {u"DROP TABLE IF EXISTS gridventas",
-          u"CREATE TABLE gridventas (codigo INTEGER, cliente VARCHAR(20), total NUMERIC(10,2), fecha DATE, saldo DOUBLE PRECISION, pagado INTEGER)",
+          u"CREATE TABLE gridventas (codigo INTEGER, cliente VARCHAR(20), total NUMERIC(10,2), fecha DATE, saldo "
+          u"DOUBLE PRECISION, pagado INTEGER)",
           u"INSERT INTO gridventas VALUES (1, 'Ana', 12.5, '2024-03-15', -4, 1), (2, 'QUITO', 0, '2024-12-01', 0, 0), "
           u"(3, NULL, 1234.5, NULL, NULL, 1)"})
         client->call(u"Execute", {Variant(String(sql))});
     auto grid = newGrid(2, 7);
     Session session;
-    const Outcome out = session.run(
-        "RegLlenaGridRegSql",
-        fillArgs(client, grid, u"SELECT * FROM gridventas ORDER BY codigo",
-                 u"CODIGO, Cliente, total|N$, fecha|FL, saldo|;(0.00);:cero;0.00;:sin dato, pagado|V",
-                 {Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(1)), Variant(True), v(u"##0.00"),
-                  Variant(True)}));
+    const Outcome out =
+        session.run("RegLlenaGridRegSql",
+                    fillArgs(client, grid, u"SELECT * FROM gridventas ORDER BY codigo",
+                             u"CODIGO, Cliente, total|N$, fecha|FL, saldo|;(0.00);:cero;0.00;:sin dato, pagado|V",
+                             {Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(1)), Variant(True),
+                              v(u"##0.00"), Variant(True)}));
     ASSERT_EQ(out.error, 0) << toUtf8(out.description);
     EXPECT_EQ(textsOf(*grid), (Texts{{"", "", "", "", "", "", ""},
                                      {"", "1", "Ana", "$ 12.50", "vie, 15 de marzo del 2024", "(4.00)", "1"},
@@ -521,7 +579,10 @@ TEST(GridLoading, OnPostgreSQL) {
     // A server-side cursor cannot count: nothing is written, the rows are cleared.
     auto cleared = newGrid(3, 2);
     cleared->setTextMatrix(2, 1, u"viejo");
-    EXPECT_EQ(session.run("RegLlenaGridRegSql", fillArgs(connect(2), cleared, u"SELECT codigo FROM gridventas", u"codigo")).error, 0);
+    EXPECT_EQ(
+        session.run("RegLlenaGridRegSql", fillArgs(connect(2), cleared, u"SELECT codigo FROM gridventas", u"codigo"))
+            .error,
+        0);
     EXPECT_EQ(textsOf(*cleared), (Texts{{"", ""}}));
     EXPECT_TRUE(session.progress().empty());
 }

@@ -43,11 +43,24 @@ TEST(ListLoading, TextAndCodeLists) {
         std::int32_t textIndex, codeIndex;
     };
     const std::vector<Case> cases = {
-        {"with a first item", {v(u"codigo"), Variant(True), Variant(True), v(u"(Todos)"), v(u"0")},
-         {u"(Todos)", u"Ana1", u"Luis2", u"QUITO3"}, {u"0", u"1", u"2", u"3"}, 0, 0},
-        {"no selection", {v(u"CODIGO"), Variant(Boolean(false))}, {u"Ana1", u"Luis2", u"QUITO3"}, {u"1", u"2", u"3"}, -1, -1},
-        {"appending", {v(u"codigo"), Variant(True), Variant(Boolean(false))},
-         {u"viejo", u"Ana1", u"Luis2", u"QUITO3"}, {u"9", u"1", u"2", u"3"}, 0, 0},
+        {"with a first item",
+         {v(u"codigo"), Variant(True), Variant(True), v(u"(Todos)"), v(u"0")},
+         {u"(Todos)", u"Ana1", u"Luis2", u"QUITO3"},
+         {u"0", u"1", u"2", u"3"},
+         0,
+         0},
+        {"no selection",
+         {v(u"CODIGO"), Variant(Boolean(false))},
+         {u"Ana1", u"Luis2", u"QUITO3"},
+         {u"1", u"2", u"3"},
+         -1,
+         -1},
+        {"appending",
+         {v(u"codigo"), Variant(True), Variant(Boolean(false))},
+         {u"viejo", u"Ana1", u"Luis2", u"QUITO3"},
+         {u"9", u"1", u"2", u"3"},
+         0,
+         0},
         {"unknown code field", {v(u"apellido")}, {u"Ana1", u"Luis2", u"QUITO3"}, {}, 0, -1},
     };
     for (const auto& c : cases) {
@@ -69,13 +82,19 @@ TEST(ListLoading, TextAndCodeLists) {
 TEST(ListLoading, IgnoredErrorsAfterOpening) {
     // No code list, an unknown text field, a server cursor's -1 count.
     auto text = newList();
-    EXPECT_EQ(run("regCargaListaSQL", {Variant(clientConnection(3)), v(kThree), Variant(ObjectRef(text)), v(u"nombre")}).error, 0);
+    EXPECT_EQ(run("regCargaListaSQL", {Variant(clientConnection(3)), v(kThree), Variant(ObjectRef(text)), v(u"nombre")})
+                  .error,
+              0);
     EXPECT_EQ(texts(*text), (std::vector<String>{u"Ana1", u"Luis2", u"QUITO3"}));
     auto none = newList();
-    EXPECT_EQ(run("regCargaListaSQL", {Variant(clientConnection(3)), v(kThree), Variant(ObjectRef(none)), v(u"x")}).error, 0);
+    EXPECT_EQ(
+        run("regCargaListaSQL", {Variant(clientConnection(3)), v(kThree), Variant(ObjectRef(none)), v(u"x")}).error, 0);
     EXPECT_TRUE(none->items().empty());
     auto server = newList();
-    EXPECT_EQ(run("regCargaListaSQL", {Variant(clientConnection(3, 2)), v(kThree), Variant(ObjectRef(server)), v(u"nombre")}).error, 0);
+    EXPECT_EQ(
+        run("regCargaListaSQL", {Variant(clientConnection(3, 2)), v(kThree), Variant(ObjectRef(server)), v(u"nombre")})
+            .error,
+        0);
     EXPECT_TRUE(server->items().empty());
     // A failing statement is the one error raised, and the lists are untouched.
     auto kept = newList({{u"viejo", 4}});
@@ -96,12 +115,24 @@ TEST(ListLoading, CodesInItemData) {
         std::int32_t index;
     };
     const std::vector<Case> cases = {
-        {"fresh, first item", kThree, {v(u"codigo"), Variant(True), Variant(True), v(u"Todos"), v(-1)},
-         {u"Todos", u"Ana1", u"Luis2", u"QUITO3"}, {-1, 1, 2, 3}, 0},
-        {"appending, no selection", kThree, {v(u"codigo"), Variant(Boolean(false)), Variant(Boolean(false))},
-         {u"viejo", u"Ana1", u"Luis2", u"QUITO3"}, {7, 1, 2, 3}, 0},  // the selection as it was
-        {"text codes stay 0", u"SELECT nombre, ciudad FROM clientes ORDER BY codigo", {v(u"ciudad")},
-         {u"Ana1", u"Luis2", u"QUITO3"}, {0, 0, 0}, 0},
+        {"fresh, first item",
+         kThree,
+         {v(u"codigo"), Variant(True), Variant(True), v(u"Todos"), v(-1)},
+         {u"Todos", u"Ana1", u"Luis2", u"QUITO3"},
+         {-1, 1, 2, 3},
+         0},
+        {"appending, no selection",
+         kThree,
+         {v(u"codigo"), Variant(Boolean(false)), Variant(Boolean(false))},
+         {u"viejo", u"Ana1", u"Luis2", u"QUITO3"},
+         {7, 1, 2, 3},
+         0},  // the selection as it was
+        {"text codes stay 0",
+         u"SELECT nombre, ciudad FROM clientes ORDER BY codigo",
+         {v(u"ciudad")},
+         {u"Ana1", u"Luis2", u"QUITO3"},
+         {0, 0, 0},
+         0},
         {"Null text loses its item", u"SELECT NULL AS nombre, 4 AS codigo", {v(u"codigo")}, {}, {}, -1},
     };
     for (const auto& c : cases) {
@@ -150,7 +181,8 @@ TEST(ListLoading, SearchFillsTheList) {
         SCOPED_TRACE(c.what);
         auto list = newList({{u"viejo", 1}});
         const String sql = String(u"SELECT nombre, codigo FROM clientes WHERE nombre LIKE ") + c.pattern;
-        const Outcome out = run("LlenaListLIKE", {Variant(clientConnection(3, c.location)), Variant(sql), Variant(ObjectRef(list))});
+        const Outcome out =
+            run("LlenaListLIKE", {Variant(clientConnection(3, c.location)), Variant(sql), Variant(ObjectRef(list))});
         EXPECT_EQ(out.error, c.error) << toUtf8(out.description);
         EXPECT_EQ(texts(*list), c.text);
         EXPECT_EQ(datas(*list), c.data);
@@ -158,8 +190,9 @@ TEST(ListLoading, SearchFillsTheList) {
     }
     // A Null code stops the filling with the list half done; a Null text is an empty item.
     auto list = newList();
-    const Outcome nullCode = run("LlenaListLIKE", {Variant(clientConnection(3)),
-                                                   v(u"SELECT NULL, 5 UNION ALL SELECT 'b', NULL"), Variant(ObjectRef(list))});
+    const Outcome nullCode =
+        run("LlenaListLIKE",
+            {Variant(clientConnection(3)), v(u"SELECT NULL, 5 UNION ALL SELECT 'b', NULL"), Variant(ObjectRef(list))});
     EXPECT_EQ(nullCode.error, 94);
     EXPECT_EQ(texts(*list), (std::vector<String>{u"", u"b"}));
 }
@@ -173,10 +206,12 @@ TEST(ListLoading, SearchRerunsTheGridsRecordset) {
         Variant hide;
         bool visible;
     };
-    const std::vector<Case> cases = {{u"'%'", Variant(), false}, {u"'Lu%'", Variant(), true}, {u"'%'", Variant(Boolean(false)), true}};
+    const std::vector<Case> cases = {
+        {u"'%'", Variant(), false}, {u"'Lu%'", Variant(), true}, {u"'%'", Variant(Boolean(false)), true}};
     for (const auto& c : cases) {
-        std::vector<Variant> args = {Variant(table), Variant(String(u"SELECT codigo, nombre FROM clientes WHERE nombre LIKE ") + c.pattern),
-                                     Variant(ObjectRef(grid))};
+        std::vector<Variant> args = {
+            Variant(table), Variant(String(u"SELECT codigo, nombre FROM clientes WHERE nombre LIKE ") + c.pattern),
+            Variant(ObjectRef(grid))};
         if (!c.hide.isEmpty()) args.push_back(c.hide);
         const Outcome out = run("regLlenaListaLIKE", args);
         ASSERT_EQ(out.error, 0) << toUtf8(out.description);
@@ -184,7 +219,7 @@ TEST(ListLoading, SearchRerunsTheGridsRecordset) {
     }
     EXPECT_EQ(grid->refreshes(), 3);
     table->call(u"Close");
-        EXPECT_EQ(run("regLlenaListaLIKE", {Variant(table), v(kThree), Variant(ObjectRef(grid))}).error, 3704);
+    EXPECT_EQ(run("regLlenaListaLIKE", {Variant(table), v(kThree), Variant(ObjectRef(grid))}).error, 3704);
 }
 
 TEST(ListLoading, FindingItems) {

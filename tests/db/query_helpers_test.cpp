@@ -97,7 +97,8 @@ TEST(QueryHelpers, NextCode) {
 
 TEST(QueryHelpers, CaseText) {
     const std::vector<MethodCase> cases = {
-        {"SQL_When", {v(u"Estado"), v(u"1, 2"), v(u"Activo,Inactivo")},
+        {"SQL_When",
+         {v(u"Estado"), v(u"1, 2"), v(u"Activo,Inactivo")},
          v(u" CASE Estado WHEN 1 THEN 'Activo' WHEN 2 THEN 'Inactivo' END")},
         {"SQL_When", {v(u"Estado"), v(u"1,2"), v(u"A, B"), v(1)}, v(u" CASE Estado WHEN 1 THEN A WHEN 2 THEN B END")},
         {"SQL_When", {v(u"Estado"), v(u"1,2"), v(u"A, B")}, v(u" CASE Estado WHEN 1 THEN 'A' WHEN 2 THEN ' B' END")},

@@ -31,8 +31,8 @@ TEST(ReportChartBatch, RequestsAndTheirAnswers) {
     const std::vector<Case> cases = {
         {"bytes to the scratch file", R"({"id":1,"method":"regGuardaStream","args":[{"bytes":"AAEC/w=="}]})",
          "/result/value", "C:\\windows\\temp\\ResAdoStream.qzx"},
-        {"and back", R"({"id":2,"method":"regLeeStream","args":["C:\\windows\\temp\\ResAdoStream.qzx"]})",
-         "/result", Json{{"type", "Bytes"}, {"value", "AAEC/w=="}}},
+        {"and back", R"({"id":2,"method":"regLeeStream","args":["C:\\windows\\temp\\ResAdoStream.qzx"]})", "/result",
+         Json{{"type", "Bytes"}, {"value", "AAEC/w=="}}},
         {"no bytes", R"({"id":3,"method":"regGuardaStream","args":[{"bytes":""},"C:\\windows\\temp\\v.bin"]})",
          "/byref/0", Json{{"type", "Bytes"}, {"value", ""}}},
         {"bad base64", R"({"id":4,"method":"regGuardaStream","args":[{"bytes":"AAE"}]})", "/error/number", 5},
@@ -44,20 +44,22 @@ TEST(ReportChartBatch, RequestsAndTheirAnswers) {
          "/byref/0/value/sections/Sección5/0/dataMember", "Ventas"},
         {"the report's member", R"({"id":8,"method":"PreparaReportes","args":[)" + report + "," + rs + "]}",
          "/byref/0/value/dataMember", "Ventas"},
-        {"a report of one section", R"({"id":9,"method":"PreparaReportes","args":[{"object":"report","sections":{"a":[]}},)" +
-                                        rs + "]}",
+        {"a report of one section",
+         R"({"id":9,"method":"PreparaReportes","args":[{"object":"report","sections":{"a":[]}},)" + rs + "]}",
          "/error/number", 9},
-        {"a section of no list", R"({"id":10,"method":"PreparaReportes","args":[{"object":"report","sections":{"a":1}},)" +
-                                     rs + "]}",
+        {"a section of no list",
+         R"({"id":10,"method":"PreparaReportes","args":[{"object":"report","sections":{"a":1}},)" + rs + "]}",
          "/error/number", 5},
-        {"the chart's data", R"({"id":11,"method":"fn_MatrizParaEstadistica","args":[)" + kSales +
-                                 R"(,"SELECT m, t FROM v"," kg",true,{"object":"chart"}]})",
+        {"the chart's data",
+         R"({"id":11,"method":"fn_MatrizParaEstadistica","args":[)" + kSales +
+             R"(,"SELECT m, t FROM v"," kg",true,{"object":"chart"}]})",
          "/byref/4/value/chartData/value/1/0/value", "Febrero kg"},
-        {"the result", R"({"id":12,"method":"fn_MatrizParaEstadistica","args":[)" + kSales +
-                           R"(,"SELECT m, t FROM v"," kg",true,{"object":"chart"}]})",
+        {"the result",
+         R"({"id":12,"method":"fn_MatrizParaEstadistica","args":[)" + kSales +
+             R"(,"SELECT m, t FROM v"," kg",true,{"object":"chart"}]})",
          "/result/value/0/1/value", 2},
-        {"no rows: the message", R"({"id":13,"method":"fn_MatrizParaEstadistica","args":[)" + kSales +
-                                     R"(,"SELECT m, t FROM v WHERE 0"]})",
+        {"no rows: the message",
+         R"({"id":13,"method":"fn_MatrizParaEstadistica","args":[)" + kSales + R"(,"SELECT m, t FROM v WHERE 0"]})",
          "/messages/0/style", 16},
     };
     for (const auto& c : cases) {

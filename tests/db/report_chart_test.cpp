@@ -42,10 +42,10 @@ TEST(Reports, TheDetailTextBoxesAndTheFooterFunctionsAreBound) {
         const char16_t* dataMember;  // after the call
     };
     const std::vector<Placed> placed = {
-        {0, Kind::TextBox, u"txtTitulo", u"antes"},    {1, Kind::TextBox, u"txtPagina", u"antes"},
-        {2, Kind::TextBox, u"txtNombre", u"Ventas"},   {2, Kind::Function, u"fnDetalle", u"antes"},
-        {2, Kind::TextBox, u"txtCiudad", u"Ventas"},   {3, Kind::Function, u"fnPagina", u"antes"},
-        {4, Kind::Function, u"fnTotal", u"Ventas"},    {4, Kind::TextBox, u"txtPie", u"antes"},
+        {0, Kind::TextBox, u"txtTitulo", u"antes"},  {1, Kind::TextBox, u"txtPagina", u"antes"},
+        {2, Kind::TextBox, u"txtNombre", u"Ventas"}, {2, Kind::Function, u"fnDetalle", u"antes"},
+        {2, Kind::TextBox, u"txtCiudad", u"Ventas"}, {3, Kind::Function, u"fnPagina", u"antes"},
+        {4, Kind::Function, u"fnTotal", u"Ventas"},  {4, Kind::TextBox, u"txtPie", u"antes"},
         {4, Kind::Function, u"fnCuenta", u"Ventas"},
     };
     std::vector<std::shared_ptr<ReportControl>> controls;
@@ -92,7 +92,8 @@ TEST(Reports, Failures) {
     auto fourSections = std::make_shared<DataReport>(u"rpt", std::vector<String>{u"a", u"b", u"c", u"d"});
     auto bound = std::make_shared<DataReport>();
     const std::vector<Case> cases = {
-        {"no detail section", std::make_shared<DataReport>(u"rpt", std::vector<String>{u"a"}), recordset(u"x", nullptr), 9},
+        {"no detail section", std::make_shared<DataReport>(u"rpt", std::vector<String>{u"a"}), recordset(u"x", nullptr),
+         9},
         {"no report footer", fourSections, recordset(u"x", nullptr), 9},
         {"a text box for a report", std::make_shared<objects::TextBox>(u"txt"), recordset(u"x", nullptr), 438},
         {"a connection for a recordset", bound, clientConnection(1), 438},
@@ -110,7 +111,8 @@ TEST(Reports, Failures) {
 Variant matrix(std::vector<std::vector<Variant>> rows) {
     Array m = Array::matrix(0, static_cast<std::int32_t>(rows.size()) - 1, 0, 1);
     for (std::size_t i = 0; i < rows.size(); ++i)
-        for (std::size_t j = 0; j < 2; ++j) m.at(static_cast<std::int32_t>(i), static_cast<std::int32_t>(j)) = rows[i][j];
+        for (std::size_t j = 0; j < 2; ++j)
+            m.at(static_cast<std::int32_t>(i), static_cast<std::int32_t>(j)) = rows[i][j];
     return Variant(std::move(m));
 }
 
@@ -154,8 +156,7 @@ TEST(ChartData, MatricesFromQueries) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         auto chart = std::make_shared<objects::Chart>();
-        std::vector<Variant> args = {Variant(sales(c.location)), v(c.sql),
-                                     c.suffix ? v(c.suffix) : Variant::missing(),
+        std::vector<Variant> args = {Variant(sales(c.location)), v(c.sql), c.suffix ? v(c.suffix) : Variant::missing(),
                                      c.conMsg.isEmpty() ? Variant::missing() : c.conMsg};
         if (c.withChart) args.push_back(Variant(ObjectRef(chart)));
         const Outcome out = run("fn_MatrizParaEstadistica", args);
@@ -179,7 +180,7 @@ TEST(ChartData, OnlyTheChartsFailureIsSkipped) {
     // A control that has no ChartData, or refuses it: the rows are read,
     // the result is Empty, no error.
     EXPECT_TRUE(run("fn_MatrizParaEstadistica", {Variant(sales()), v(sql), v(u""), Variant(True),
-                                                  Variant(ObjectRef(std::make_shared<objects::TextBox>()))})
+                                                 Variant(ObjectRef(std::make_shared<objects::TextBox>()))})
                     .result.isEmpty());
     // The query's own failures reach the caller.
     struct Case {
@@ -211,9 +212,9 @@ TEST(ChartData, OnTheServer) {
     connection->put(u"CursorLocation", Variant(3));
     connection->call(u"Open", {Variant(server.connectionString())});
     auto chart = std::make_shared<objects::Chart>();
-    const Outcome out = run("fn_MatrizParaEstadistica",
-                            {Variant(connection), v(u"SELECT 'Enero', 12.50 UNION ALL SELECT 'Marzo', 3"), v(u" $"),
-                             Variant(True), Variant(ObjectRef(chart))});
+    const Outcome out =
+        run("fn_MatrizParaEstadistica", {Variant(connection), v(u"SELECT 'Enero', 12.50 UNION ALL SELECT 'Marzo', 3"),
+                                         v(u" $"), Variant(True), Variant(ObjectRef(chart))});
     ASSERT_EQ(out.error, 0) << toUtf8(out.description);
     const Array& m = out.result.array();
     ASSERT_EQ(m.ubound(1), 1);

@@ -14,9 +14,9 @@ ObjectRef serverConnection(std::int32_t location) {
     ObjectRef connection = data::testing::create(u"ADODB.Connection");
     connection->put(u"CursorLocation", Variant(location));
     connection->call(u"Open", {Variant(server.connectionString())});
-    for (const char16_t* sql : {u"DROP TABLE IF EXISTS dbclientes",
-                                u"CREATE TABLE dbclientes (codigo INTEGER, nombre VARCHAR(20))",
-                                u"INSERT INTO dbclientes VALUES (1, 'Ana'), (41, 'QUITO'), (7, NULL)"})
+    for (const char16_t* sql :
+         {u"DROP TABLE IF EXISTS dbclientes", u"CREATE TABLE dbclientes (codigo INTEGER, nombre VARCHAR(20))",
+          u"INSERT INTO dbclientes VALUES (1, 'Ana'), (41, 'QUITO'), (7, NULL)"})
         connection->call(u"Execute", {Variant(String(sql))});
     return connection;
 }
@@ -30,11 +30,23 @@ TEST(OnTheServer, QueriesAndLists) {
         int error;
     };
     const std::vector<Case> cases = {
-        {"regDevuelveDatoCampoSQL", {Variant(client), v(u"SELECT nombre FROM dbclientes WHERE codigo = 41")}, v(u"QUITO"), 0},
-        {"regDevuelveDatoCampoSQL", {Variant(client), v(u"SELECT nombre FROM dbclientes WHERE codigo = 7")}, Variant(Null{}), 0},
-        {"regDevuelveDatoCampoSQL", {Variant(client), v(u"SELECT nombre FROM dbclientes WHERE codigo = 8")}, Variant(), 0},
+        {"regDevuelveDatoCampoSQL",
+         {Variant(client), v(u"SELECT nombre FROM dbclientes WHERE codigo = 41")},
+         v(u"QUITO"),
+         0},
+        {"regDevuelveDatoCampoSQL",
+         {Variant(client), v(u"SELECT nombre FROM dbclientes WHERE codigo = 7")},
+         Variant(Null{}),
+         0},
+        {"regDevuelveDatoCampoSQL",
+         {Variant(client), v(u"SELECT nombre FROM dbclientes WHERE codigo = 8")},
+         Variant(),
+         0},
         {"regUltimoCodigo", {Variant(client), v(u"codigo"), v(u"dbclientes"), v(u"1=1")}, Variant(std::int32_t(42)), 0},
-        {"regUltimoCodigo", {Variant(client), v(u"codigo"), v(u"dbclientes"), v(u"codigo < 0")}, Variant(std::int32_t(1)), 0},
+        {"regUltimoCodigo",
+         {Variant(client), v(u"codigo"), v(u"dbclientes"), v(u"codigo < 0")},
+         Variant(std::int32_t(1)),
+         0},
         {"regUltimoCodigo", {Variant(client), v(u"codigo"), v(u"dbclientes"), v(u"")}, Variant(), -2147217900},
         {"regUltimoCodigo", {Variant(client), v(u"nombre"), v(u"dbclientes"), v(u"1=1")}, Variant(), 13},
     };
@@ -48,7 +60,9 @@ TEST(OnTheServer, QueriesAndLists) {
     }
     auto list = std::make_shared<objects::ListControl>(objects::ListControl::Kind::ComboBox, u"cboClientes");
     EXPECT_EQ(run("regCargaListaSQL2", {Variant(client), v(u"SELECT codigo, nombre FROM dbclientes ORDER BY codigo"),
-                                        Variant(ObjectRef(list)), v(u"nombre"), v(u"codigo")}).error, 0);
+                                        Variant(ObjectRef(list)), v(u"nombre"), v(u"codigo")})
+                  .error,
+              0);
     // The Null name loses its item; its code lands on the item added
     // before it, which NewIndex still names.
     ASSERT_EQ(list->listCount(), 2);

@@ -83,8 +83,8 @@ struct TestWindow {
         const int screen = DefaultScreen(display);
         XSetWindowAttributes attributes{};
         attributes.override_redirect = 1;
-        window = XCreateWindow(display, RootWindow(display, screen), kLeft, kTop, kWidth, kHeight, 0,
-                               CopyFromParent, InputOutput, CopyFromParent, CWOverrideRedirect, &attributes);
+        window = XCreateWindow(display, RootWindow(display, screen), kLeft, kTop, kWidth, kHeight, 0, CopyFromParent,
+                               InputOutput, CopyFromParent, CWOverrideRedirect, &attributes);
         XMapRaised(display, window);
         XSync(display, 0);
         fill(colour(0xFFFF, 0, 0), 0, 0, kWidth / 2, kHeight);
@@ -144,16 +144,48 @@ TEST_F(CaptureTest, WindowCapturesGiveThePixelsDrawn) {
     };
     const int w = TestWindow::kWidth, h = TestWindow::kHeight;
     const std::vector<Case> cases = {
-        {"the client area, sized by the window's twips", false, true, 0, 0, w * 15, h * 15, w, h,
+        {"the client area, sized by the window's twips",
+         false,
+         true,
+         0,
+         0,
+         w * 15,
+         h * 15,
+         w,
+         h,
          {{0, 0, kRed}, {99, 99, kRed}, {100, 0, kBlue}, {199, 99, kBlue}, {10, 5, kGreen}}},
-        {"the whole window: no frame without a window manager", false, false, 0, 0, w * 15, h * 15, w, h,
+        {"the whole window: no frame without a window manager",
+         false,
+         false,
+         0,
+         0,
+         w * 15,
+         h * 15,
+         w,
+         h,
          {{0, 0, kRed}, {199, 99, kBlue}, {10, 5, kGreen}}},
         {"from a point of the window, in pixels", false, true, 10, 5, 15, 15, 1, 1, {{0, 0, kGreen}}},
         {"the right half", false, true, 100, 0, 50 * 15, 15, 50, 1, {{0, 0, kBlue}, {49, 0, kBlue}}},
-        {"past the window's edge is black", false, true, 190, 0, 20 * 15, 15, 20, 1,
+        {"past the window's edge is black",
+         false,
+         true,
+         190,
+         0,
+         20 * 15,
+         15,
+         20,
+         1,
          {{0, 0, kBlue}, {9, 0, kBlue}, {10, 0, kBlack}, {19, 0, kBlack}}},
         {"twips round to whole pixels: 22 twips are 1 pixel", false, true, 0, 0, 22, 23, 1, 2, {{0, 1, kRed}}},
-        {"window 0 is the screen", true, false, TestWindow::kLeft, TestWindow::kTop + 5, 11 * 15, 15, 11, 1,
+        {"window 0 is the screen",
+         true,
+         false,
+         TestWindow::kLeft,
+         TestWindow::kTop + 5,
+         11 * 15,
+         15,
+         11,
+         1,
          {{0, 0, kRed}, {10, 0, kGreen}}},
     };
     for (const auto& c : cases) {
@@ -284,8 +316,8 @@ TEST(CapturePalette, APaletteScreenGivesItsColoursThroughThePalette) {
     ASSERT_EQ(DefaultVisual(window.display, 0)->c_class, PseudoColor);
     fakes::TestPlatform platform;
     Fun fun{platform};
-    std::vector<Variant> args{Variant(window.handle()), Variant(True),
-                              Variant(std::int32_t{0}),  Variant(std::int32_t{0}),
+    std::vector<Variant> args{Variant(window.handle()),        Variant(True),
+                              Variant(std::int32_t{0}),        Variant(std::int32_t{0}),
                               Variant(std::int32_t{200 * 15}), Variant(std::int32_t{15 * 15})};
     const Variant result = invoke(fun, std::string_view("imgCaptureWindow"), args);
     window.close();
@@ -330,11 +362,11 @@ protected:
 
 TEST_F(PictureCopyTest, TheCopyLaysTheBoxOverTheSourceWithItsPaintedLook) {
     call("ImgCopiaImagen", {Variant(ObjectRef(form)), Variant(ObjectRef(target))});
-    EXPECT_EQ(target->calls(), (std::vector<String>{u"ScaleMode=", u"Height=", u"Width=", u"Left=", u"Top=",
-                                                     u"Visible=", u"AutoRedraw=", u"hDC", u"hDC", u"Image",
-                                                     u"Picture=", u"AutoRedraw="}));
-    EXPECT_EQ(form->calls(), (std::vector<String>{u"ScaleMode", u"Height", u"Width", u"Left", u"Top", u"hWnd",
-                                                   u"hWnd"}));
+    EXPECT_EQ(target->calls(),
+              (std::vector<String>{u"ScaleMode=", u"Height=", u"Width=", u"Left=", u"Top=", u"Visible=", u"AutoRedraw=",
+                                   u"hDC", u"hDC", u"Image", u"Picture=", u"AutoRedraw="}));
+    EXPECT_EQ(form->calls(),
+              (std::vector<String>{u"ScaleMode", u"Height", u"Width", u"Left", u"Top", u"hWnd", u"hWnd"}));
     EXPECT_EQ(target->scaleMode, 3);
     EXPECT_EQ(target->width, 3000);
     EXPECT_EQ(target->height, 1500);

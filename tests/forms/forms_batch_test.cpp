@@ -31,12 +31,12 @@ TEST(FormsBatch, AnswersCarryControlStatesCallsAndWindows) {
         json expected;
     };
     const std::vector<Case> cases = {
-        {R"({"id":1,"method":"VerificaNumero","args":[{"object":"textbox","text":"12.3"},53]})",
-         "/byref/0/value/text", "12.35"},
-        {R"({"id":2,"method":"VerificaNumero","args":[{"object":"textbox","text":"12.3"},53]})",
-         "/byref/0/value/calls", json{"Text", "Text", "Text=", "Text", "SelStart="}},
-        {R"({"id":3,"method":"fn_Backspace","args":[{"object":"combobox","text":"abc"}]})",
-         "/byref/0/value/calls", json{"Text", "Text=", "SelStart="}},
+        {R"({"id":1,"method":"VerificaNumero","args":[{"object":"textbox","text":"12.3"},53]})", "/byref/0/value/text",
+         "12.35"},
+        {R"({"id":2,"method":"VerificaNumero","args":[{"object":"textbox","text":"12.3"},53]})", "/byref/0/value/calls",
+         json{"Text", "Text", "Text=", "Text", "SelStart="}},
+        {R"({"id":3,"method":"fn_Backspace","args":[{"object":"combobox","text":"abc"}]})", "/byref/0/value/calls",
+         json{"Text", "Text=", "SelStart="}},
         {R"({"id":4,"method":"fn_ScrollHListBox","args":[{"object":"list","items":["abc","abcdef"],"fontSize":8}]})",
          "/windows/0/horizontalExtent", 36},
         {R"({"id":5,"method":"fn_LimpiaTextObjetos","args":[{"object":"form","controls":[{"object":"textbox","name":"t","text":"x"},{"object":"grid","name":"g"}]}]})",

@@ -17,32 +17,32 @@ struct KeyCase {
 
 TEST_F(FormsTest, VerificaNumeroAppendsOnlyAcceptableKeys) {
     const std::vector<KeyCase> cases = {
-        {"12.34", u'5', 2, 0, 100, "12.34"},   // decimals full
+        {"12.34", u'5', 2, 0, 100, "12.34"},  // decimals full
         {"12.3", u'5', 2, 0, 100, "12.35"},
-        {"", u'.', 2, 0, 100, ""},             // no point in an empty box
-        {"-", u'.', 2, -1, 100, "-"},          // nor right after the sign
+        {"", u'.', 2, 0, 100, ""},     // no point in an empty box
+        {"-", u'.', 2, -1, 100, "-"},  // nor right after the sign
         {"0", u'.', 2, 0, 100, "0."},
-        {"1.5", u'.', 2, 0, 100, "1.5"},       // one point only
-        {"12", u'.', 0, 0, 100, "12"},         // no decimals allowed
-        {"12", u'.', -1, 0, 100, "12."},       // negative decimals: no test
+        {"1.5", u'.', 2, 0, 100, "1.5"},  // one point only
+        {"12", u'.', 0, 0, 100, "12"},    // no decimals allowed
+        {"12", u'.', -1, 0, 100, "12."},  // negative decimals: no test
         {"12.345", u'6', -1, 0, 100, "12.3456"},
-        {"1234", u'.', 2, 0, 5, "1234"},       // the point may not fill the box
+        {"1234", u'.', 2, 0, 5, "1234"},  // the point may not fill the box
         {"1234", u'5', 2, 0, 5, "12345"},
         {"12345", u'6', 2, 0, 5, "12345"},
-        {"", u'-', 2, 0, 100, ""},             // no sign asked for
+        {"", u'-', 2, 0, 100, ""},  // no sign asked for
         {"", u'-', 2, -1, 100, "-"},
-        {"5", u'-', 2, -1, 100, "5"},          // the sign only first
-        {"5", u'-', 2, 1, 100, "5-"},          // a True other than -1 skips both tests
+        {"5", u'-', 2, -1, 100, "5"},  // the sign only first
+        {"5", u'-', 2, 1, 100, "5-"},  // a True other than -1 skips both tests
         {"5-", u'-', 2, 1, 100, "5--"},
         {"12", u'a', 2, 0, 100, "12"},
         {"12", u' ', 2, 0, 100, "12"},
-        {"", u'7', 2, 0, 0, ""},               // a zero length takes nothing
+        {"", u'7', 2, 0, 0, ""},  // a zero length takes nothing
     };
     for (const auto& c : cases) {
         auto box = textBox(fromUtf8(c.before));
-        const Variant result = call("VerificaNumero", {Variant(ObjectRef(box)), Variant(std::int16_t(c.key)),
-                                                       Variant(c.decimals), Variant(Boolean::fromBits(c.sign)),
-                                                       Variant(c.maxLength)});
+        const Variant result =
+            call("VerificaNumero", {Variant(ObjectRef(box)), Variant(std::int16_t(c.key)), Variant(c.decimals),
+                                    Variant(Boolean::fromBits(c.sign)), Variant(c.maxLength)});
         SCOPED_TRACE(std::string(c.before) + " + " + char(c.key));
         EXPECT_TRUE(identical(result, Variant(std::int16_t(0))));
         EXPECT_EQ(toUtf8(box->text()), c.after);
@@ -62,8 +62,8 @@ TEST_F(FormsTest, BackspaceRemovesTheLastCharacterUnlessTheBoxIsFull) {
     EXPECT_EQ(box->text(), u"a");
     // A full box refuses even the backspace.
     auto full = textBox(u"12345");
-    call("VerificaNumero", {Variant(ObjectRef(full)), Variant(std::int16_t(8)), Variant(std::int16_t(2)), Variant(False),
-                            Variant(std::int16_t(5))});
+    call("VerificaNumero", {Variant(ObjectRef(full)), Variant(std::int16_t(8)), Variant(std::int16_t(2)),
+                            Variant(False), Variant(std::int16_t(5))});
     EXPECT_EQ(full->text(), u"12345");
     auto empty = textBox(u"");
     call("fn_Backspace", {Variant(ObjectRef(empty))});
@@ -89,10 +89,11 @@ TEST(NumberKeys, PointPlacement) {
         bool expected;
     };
     const std::vector<Case> cases = {
-        {u"", 0, 2, false}, {u"1", 0, 2, false}, {u"-", 1, 2, false}, {u"1", 1, 2, true},
+        {u"", 0, 2, false},  {u"1", 0, 2, false},     {u"-", 1, 2, false},    {u"1", 1, 2, true},
         {u"-1", 2, 2, true}, {u"12345", 1, 2, false}, {u"12345", 2, 3, true},
     };
-    for (const auto& c : cases) EXPECT_EQ(forms::numPuedePonerPunto(c.text, c.pos, c.limit), c.expected) << toUtf8(c.text);
+    for (const auto& c : cases)
+        EXPECT_EQ(forms::numPuedePonerPunto(c.text, c.pos, c.limit), c.expected) << toUtf8(c.text);
 }
 
 }  // namespace

@@ -8,8 +8,8 @@
 #include <set>
 #include <string>
 
-#include "frame/catalogue.h"
 #include "context/enums.h"
+#include "frame/catalogue.h"
 #include "support/support.h"
 
 namespace telvaro {
@@ -170,8 +170,7 @@ TEST(MethodCatalogue, DefaultValues) {
         ASSERT_NE(p, nullptr) << c.method << "." << c.param;
         EXPECT_TRUE(p->optional) << c.method << "." << c.param;
         EXPECT_TRUE(identical(p->defaultValue, c.expected))
-            << c.method << "." << c.param << ": " << describe(p->defaultValue) << ", expected "
-            << describe(c.expected);
+            << c.method << "." << c.param << ": " << describe(p->defaultValue) << ", expected " << describe(c.expected);
     }
 }
 
@@ -241,10 +240,9 @@ TEST(MethodCatalogue, LookupByNameAndByDispid) {
         int order;  // 0: no such method
     };
     const Case byName[] = {
-        {"fn_ValidaCedula2", 116}, {"FN_VALIDACEDULA2", 116}, {"fn_validacedula2", 116},
-        {"strcuentacaracteres", 1}, {"LLENALISTLIKE", 115},    {"numcalculaformula", 103},
-        {"NoExiste", 0},            {"", 0},                   {"fn_ValidaCedula2 ", 0},
-        {"fn_ValidaCedula", 66},    {"SQL_WHEN", 100},
+        {"fn_ValidaCedula2", 116}, {"FN_VALIDACEDULA2", 116},  {"fn_validacedula2", 116}, {"strcuentacaracteres", 1},
+        {"LLENALISTLIKE", 115},    {"numcalculaformula", 103}, {"NoExiste", 0},           {"", 0},
+        {"fn_ValidaCedula2 ", 0},  {"fn_ValidaCedula", 66},    {"SQL_WHEN", 100},
     };
     for (const auto& c : byName) {
         const MethodInfo* m = findMethod(std::string_view(c.name));
@@ -273,9 +271,18 @@ TEST(PublishedEnumerations, MembersInDeclarationOrder) {
     const auto& enums = enumerations();
     ASSERT_EQ(enums.size(), 13u);
     const std::pair<const char*, std::size_t> counts[] = {
-        {"PermisosShareFolder", 10}, {"eTipoRecurso", 4}, {"ClavesRegistro", 4}, {"TipoCarpetaSys", 3},
-        {"TipoAtributoArch", 5},     {"TipoUnidad", 6},   {"enMouseEvent", 8},   {"enBotonMouse", 3},
-        {"enMode", 5},               {"eSexo", 2},        {"LadoCadena", 2},     {"TipoDato", 3},
+        {"PermisosShareFolder", 10},
+        {"eTipoRecurso", 4},
+        {"ClavesRegistro", 4},
+        {"TipoCarpetaSys", 3},
+        {"TipoAtributoArch", 5},
+        {"TipoUnidad", 6},
+        {"enMouseEvent", 8},
+        {"enBotonMouse", 3},
+        {"enMode", 5},
+        {"eSexo", 2},
+        {"LadoCadena", 2},
+        {"TipoDato", 3},
         {"ConstApagar", 3},
     };
     for (std::size_t i = 0; i < std::size(counts); ++i) {

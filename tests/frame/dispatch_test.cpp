@@ -3,10 +3,10 @@
 // errors a late-bound caller sees (13, 6, 449, 450, 438).
 #include <gtest/gtest.h>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
-#include "frame/bind.h"
 #include "context/fun.h"
+#include "frame/bind.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "runtime/error.h"
 #include "support/support.h"
 
@@ -109,9 +109,9 @@ Variant callReceived(std::vector<Variant> args) {
 }
 
 TEST(Dispatch, OmittedOptionalArgumentsTakeTheirDefaults) {
-    for (std::vector<Variant> args : {std::vector<Variant>{Variant(u"a")},
-                                      std::vector<Variant>{Variant(u"a"), Variant::missing()},
-                                      std::vector<Variant>{Variant(u"a"), Variant::missing(), Variant::missing()}}) {
+    for (std::vector<Variant> args :
+         {std::vector<Variant>{Variant(u"a")}, std::vector<Variant>{Variant(u"a"), Variant::missing()},
+          std::vector<Variant>{Variant(u"a"), Variant::missing(), Variant::missing()}}) {
         EXPECT_TRUE(identical(callReceived(args), Variant(u"a|-1|missing")));
     }
 }

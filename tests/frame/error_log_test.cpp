@@ -8,8 +8,8 @@
 #include <filesystem>
 #include <map>
 
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
 #include "platform/ansi.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/home.h"
@@ -49,9 +49,8 @@ protected:
                                                                        {u"Parent", Variant(ObjectRef(form))},
                                                                        {u"Container", Variant(ObjectRef(frame))}},
                                              &reads_);
-        error_ = std::make_shared<Control>(std::map<String, Variant>{{u"Description", Variant(u"Overflow")},
-                                                                     {u"Number", Variant(6)}},
-                                           &reads_);
+        error_ = std::make_shared<Control>(
+            std::map<String, Variant>{{u"Description", Variant(u"Overflow")}, {u"Number", Variant(6)}}, &reads_);
         setDate(2024, 7, 14);
     }
     void setDate(int year, int month, int day) {

@@ -41,7 +41,8 @@ TEST(SkipErrors, ValueStatementsYieldNothingOnFailure) {
 
 TEST(WithHandler, TheHandlerDecidesTheOutcome) {
     int ok = withHandler([] { return 1; }, [](const RuntimeError&) { return -1; });
-    int handled = withHandler([]() -> int { raise(err::PathNotFound); }, [](const RuntimeError& e) { return e.number(); });
+    int handled =
+        withHandler([]() -> int { raise(err::PathNotFound); }, [](const RuntimeError& e) { return e.number(); });
     EXPECT_EQ(ok, 1);
     EXPECT_EQ(handled, err::PathNotFound);
     EXPECT_THROW(withHandler([]() -> int { raise(err::PathNotFound); },

@@ -1,10 +1,10 @@
 // The standard record-editing messages: texts, styles, titles and results.
 #include <gtest/gtest.h>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
-#include "platform/scripted_message_box.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
+#include "platform/scripted_message_box.h"
 #include "support/support.h"
 
 namespace telvaro {
@@ -32,17 +32,32 @@ TEST(StandardMessages, DefaultTextsStylesAndTitles) {
         const char16_t* prompt;
     };
     const std::vector<Case> cases = {
-        {"MsgGuardarRegistro", {}, 36, u"Guardar registro?",
+        {"MsgGuardarRegistro",
+         {},
+         36,
+         u"Guardar registro?",
          u"Los datos del registro actual no han sido guardados. Desea guardarlos ahora ?"},
-        {"MsgEliminarRegistro", {}, 52, u"¡Eliminar registro?",
+        {"MsgEliminarRegistro",
+         {},
+         52,
+         u"¡Eliminar registro?",
          u"Está seguro que desea eliminar los datos del registro actual ?"},
-        {"MsgRegistroNoGuardado", {}, 52, u"Registro no guardado!",
+        {"MsgRegistroNoGuardado",
+         {},
+         52,
+         u"Registro no guardado!",
          u"El registro no pudo ser guardado. Desea ignorar esto y realizar la operación solicitada de todas formas ?"},
         {"MsgDatosGuardados", {}, 64, u"LISTO", u"Los datos del registro fueron guardados con éxito!"},
         {"MsgDatosEliminados", {}, 64, u"LISTO", u"El registro fue eliminado con éxito!"},
-        {"MsgHayCambios", {Variant(False)}, 64, u"Registro sin cambios",
+        {"MsgHayCambios",
+         {Variant(False)},
+         64,
+         u"Registro sin cambios",
          u"No se ha realizado ninguna modificación en el registro que necesite ser guardada!"},
-        {"MsgRegistroSeleccionado", {Variant(True)}, 64, u"Seleccione un registro",
+        {"MsgRegistroSeleccionado",
+         {Variant(True)},
+         64,
+         u"Seleccione un registro",
          u"Primero debe seleccionar un registro existente para realizar la operación solicitada!"},
         {"MsgGuardarRegistro", {Variant(u"¿Otro texto?")}, 36, u"Guardar registro?", u"¿Otro texto?"},
     };
@@ -72,14 +87,17 @@ TEST(StandardMessages, ChangesAndSelectionShowOnlyInTheNegativeCase) {
         std::size_t boxes;
     };
     const Case cases[] = {
-        {"MsgHayCambios", -1, -1, 0},          {"MsgHayCambios", 0, 0, 1},
-        {"MsgHayCambios", 1, 1, 0},            {"MsgRegistroSeleccionado", 0, -1, 0},
-        {"MsgRegistroSeleccionado", -1, 0, 1}, {"MsgRegistroSeleccionado", 1, -2, 1},
+        {"MsgHayCambios", -1, -1, 0},
+        {"MsgHayCambios", 0, 0, 1},
+        {"MsgHayCambios", 1, 1, 0},
+        {"MsgRegistroSeleccionado", 0, -1, 0},
+        {"MsgRegistroSeleccionado", -1, 0, 1},
+        {"MsgRegistroSeleccionado", 1, -2, 1},
     };
     for (const auto& c : cases) {
         Shown s = call(c.method, {Variant(Boolean::fromBits(c.in))});
-        EXPECT_TRUE(identical(s.result, Variant(Boolean::fromBits(c.out)))) << c.method << "(" << c.in << ") gave "
-                                                                           << describe(s.result);
+        EXPECT_TRUE(identical(s.result, Variant(Boolean::fromBits(c.out))))
+            << c.method << "(" << c.in << ") gave " << describe(s.result);
         EXPECT_EQ(s.boxes.size(), c.boxes) << c.method << "(" << c.in << ")";
     }
 }

@@ -83,21 +83,41 @@ TEST_F(CheckBoxes, AColumnTestsTheDisabledValuesFirst) {
     run("fn_PoneCheckColumnaGrid", same, {std::int16_t{1}, u"s", u"s"});
     EXPECT_EQ(pictureOf(*same, 1, 1), "imNO");
     auto disabledSame = makeGrid({{"h", "v"}, {"1", "s"}});
-    run("fn_PoneCheckColumnaGrid", disabledSame,
-        {std::int16_t{1}, Variant::missing(), Variant::missing(), u"s", u"s"});
+    run("fn_PoneCheckColumnaGrid", disabledSame, {std::int16_t{1}, Variant::missing(), Variant::missing(), u"s", u"s"});
     EXPECT_EQ(pictureOf(*disabledSame, 1, 1), "imNOd");
 }
 
 TEST_F(CheckBoxes, AColumnsCallOrderAndSizes) {
     auto grid = makeGrid({{"h", "v"}, {"1", "1"}});
     const Variant m = Variant::missing();
-    run("fn_PoneCheckColumnaGrid", grid, {std::int16_t{1}, m, m, m, m, True, m, m, std::int16_t{300}, std::int16_t{200}});
-    EXPECT_EQ(callsOf(*grid),
-              (std::vector<std::string>{"Col", "Row", "Redraw=", "ColWidth=", "Rows", "Col=", "Row=", "RowHeight=",
-                                        "CellForeColor=", "CellFontBold=", "CellFontName=", "CellFontSize=",
-                                        "CellAlignment=", "TextMatrix", "TextMatrix", "TextMatrix", "TextMatrix=",
-                                        "TextMatrix", "TextMatrix", "TextMatrix", "TextMatrix", "CellPicture=",
-                                        "CellPictureAlignment=", "Col=", "Row=", "Redraw="}));
+    run("fn_PoneCheckColumnaGrid", grid,
+        {std::int16_t{1}, m, m, m, m, True, m, m, std::int16_t{300}, std::int16_t{200}});
+    EXPECT_EQ(callsOf(*grid), (std::vector<std::string>{"Col",
+                                                        "Row",
+                                                        "Redraw=",
+                                                        "ColWidth=",
+                                                        "Rows",
+                                                        "Col=",
+                                                        "Row=",
+                                                        "RowHeight=",
+                                                        "CellForeColor=",
+                                                        "CellFontBold=",
+                                                        "CellFontName=",
+                                                        "CellFontSize=",
+                                                        "CellAlignment=",
+                                                        "TextMatrix",
+                                                        "TextMatrix",
+                                                        "TextMatrix",
+                                                        "TextMatrix=",
+                                                        "TextMatrix",
+                                                        "TextMatrix",
+                                                        "TextMatrix",
+                                                        "TextMatrix",
+                                                        "CellPicture=",
+                                                        "CellPictureAlignment=",
+                                                        "Col=",
+                                                        "Row=",
+                                                        "Redraw="}));
     EXPECT_EQ(grid->colWidth(1), 300);
     EXPECT_EQ(grid->rowHeight(1), 200);
     EXPECT_EQ(toUtf8(grid->textMatrix(1, 1)), "0");
@@ -145,9 +165,9 @@ TEST_F(CheckBoxes, FailuresLeaveTheGridWhereTheyFoundIt) {
     auto grid = makeGrid({{"h", "v"}, {"1", "1"}});
     EXPECT_EQ(errorOf("fn_PoneCheckGrid", grid, {5, std::int16_t{1}}), 30009);
     EXPECT_EQ(grid->col(), 1) << "Col was already moved";
-    EXPECT_EQ(errorOf("fn_PoneCheckGrid", grid, {1, std::int16_t{1}, Variant::missing(), Variant::missing(),
-                                                  Variant::missing(), Variant::missing(), False, std::int16_t{-5},
-                                                  std::int16_t{-1}}),
+    EXPECT_EQ(errorOf("fn_PoneCheckGrid", grid,
+                      {1, std::int16_t{1}, Variant::missing(), Variant::missing(), Variant::missing(),
+                       Variant::missing(), False, std::int16_t{-5}, std::int16_t{-1}}),
               0);
     EXPECT_EQ(errorOf("fn_PoneCheck", Variant(ObjectRef()), {1, std::int16_t{1}}), 91);
     EXPECT_EQ(errorOf("fn_PoneCheckColumnaGrid", grid, {std::int16_t{1}, Variant(Null{})}), 0);
@@ -194,8 +214,10 @@ TEST_F(PictureCells, LoadsFromTheApplicationsFolderOrAFullPath) {
         EXPECT_EQ(grid->cellFormat(1, 1)->pictureAlignment, std::int16_t{4});
         EXPECT_EQ(grid->cellFormat(1, 1)->fontName.has_value(), !c.keepText.isTrue());
         const std::string source = pictureOf(*grid, 1, 1);
-        if (*c.source) EXPECT_EQ(source, c.source);
-        else EXPECT_NE(source.find("logo.bmp"), std::string::npos) << source;
+        if (*c.source)
+            EXPECT_EQ(source, c.source);
+        else
+            EXPECT_NE(source.find("logo.bmp"), std::string::npos) << source;
     }
 }
 

@@ -19,16 +19,36 @@ TEST_F(Editing, RemovesARowOrShrinksTheGrid) {
         std::vector<std::string> calls;
     };
     const std::vector<Case> cases = {
-        {"more than two rows: RemoveItem", {{"h"}, {"a"}, {"b"}}, 1, {std::int16_t{1}}, {{"h"}, {"b"}},
+        {"more than two rows: RemoveItem",
+         {{"h"}, {"a"}, {"b"}},
+         1,
+         {std::int16_t{1}},
+         {{"h"}, {"b"}},
          {"Rows", "RemoveItem"}},
-        {"the only data row: back to the header", {{"h"}, {"a"}}, 1, {std::int16_t{1}}, {{"h"}},
+        {"the only data row: back to the header",
+         {{"h"}, {"a"}},
+         1,
+         {std::int16_t{1}},
+         {{"h"}},
          {"Rows", "FixedRows", "Rows="}},
-        {"the only data row, one left empty", {{"h"}, {"a"}}, 1, {std::int16_t{1}, True}, {{"h"}, {""}},
+        {"the only data row, one left empty",
+         {{"h"}, {"a"}},
+         1,
+         {std::int16_t{1}, True},
+         {{"h"}, {""}},
          {"Rows", "FixedRows", "Rows=", "Rows="}},
         {"whatever the row asked", {{"h"}, {"a"}}, 1, {std::int16_t{0}}, {{"h"}}, {"Rows", "FixedRows", "Rows="}},
-        {"no fixed rows, two rows", {{"a"}, {"b"}}, 0, {std::int16_t{0}}, {{"b"}},
+        {"no fixed rows, two rows",
+         {{"a"}, {"b"}},
+         0,
+         {std::int16_t{0}},
+         {{"b"}},
          {"Rows", "FixedRows", "Rows", "RemoveItem"}},
-        {"no fixed rows, one row: Clear", {{"a"}}, 0, {std::int16_t{0}}, {{""}},
+        {"no fixed rows, one row: Clear",
+         {{"a"}},
+         0,
+         {std::int16_t{0}},
+         {{""}},
          {"Rows", "FixedRows", "Rows", "Clear"}},
     };
     for (const auto& c : cases) {
@@ -48,13 +68,19 @@ TEST_F(Editing, RemovesTheInvalidRows) {
         Rows expected;
     };
     const std::vector<Case> cases = {
-        {"empty keys go, x stays", {{"h", "k"}, {"1", ""}, {"2", ""}, {"3", "x"}}, {std::int16_t{1}},
+        {"empty keys go, x stays",
+         {{"h", "k"}, {"1", ""}, {"2", ""}, {"3", "x"}},
+         {std::int16_t{1}},
          {{"h", "k"}, {"3", "x"}}},
         {"all empty: only the header", {{"h", "k"}, {"1", ""}, {"2", ""}}, {std::int16_t{1}}, {{"h", "k"}}},
-        {"a chosen value, any case", {{"h", "k"}, {"1", "NULO"}, {"2", "y"}, {"3", "nulo"}},
-         {std::int16_t{1}, u"nulo"}, {{"h", "k"}, {"2", "y"}}},
-        {"rows above FilasFixed are kept", {{"h", "k"}, {"1", ""}, {"2", ""}, {"3", "x"}},
-         {std::int16_t{1}, u"", std::uint8_t{2}}, {{"h", "k"}, {"1", ""}, {"3", "x"}}},
+        {"a chosen value, any case",
+         {{"h", "k"}, {"1", "NULO"}, {"2", "y"}, {"3", "nulo"}},
+         {std::int16_t{1}, u"nulo"},
+         {{"h", "k"}, {"2", "y"}}},
+        {"rows above FilasFixed are kept",
+         {{"h", "k"}, {"1", ""}, {"2", ""}, {"3", "x"}},
+         {std::int16_t{1}, u"", std::uint8_t{2}},
+         {{"h", "k"}, {"1", ""}, {"3", "x"}}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -84,16 +110,20 @@ TEST_F(Editing, ReplacesAndFills) {
         Rows expected;
     };
     const std::vector<Case> cases = {
-        {"fn_ReemplazaValorColumnaGrid", {std::int16_t{1}, u"x", u"w"},
+        {"fn_ReemplazaValorColumnaGrid",
+         {std::int16_t{1}, u"x", u"w"},
          {{"h", "a", "b"}, {"1", "w", "y"}, {"2", "w", ""}, {"3", "z", ""}}},
         {"fn_ReemplazaValorColumnaGrid", {std::int16_t{2}}, start},  // "" by "": nothing changes
-        {"fn_ReemplazaValorColumnaGrid", {std::int16_t{2}, u"", 7, 2, 2},
+        {"fn_ReemplazaValorColumnaGrid",
+         {std::int16_t{2}, u"", 7, 2, 2},
          {{"h", "a", "b"}, {"1", "x", "y"}, {"2", "X", "7"}, {"3", "z", ""}}},
         {"fn_LimpiaFilaGrid", {2}, {{"h", "a", "b"}, {"1", "x", "y"}, {"2", "", ""}, {"3", "z", ""}}},
-        {"fn_LimpiaFilaGrid", {1, u"-", std::int16_t{0}, std::int16_t{1}},
+        {"fn_LimpiaFilaGrid",
+         {1, u"-", std::int16_t{0}, std::int16_t{1}},
          {{"h", "a", "b"}, {"-", "-", "y"}, {"2", "X", ""}, {"3", "z", ""}}},
         {"fn_LimpiaAreaGrid", {}, {{"h", "a", "b"}, {"1", "", ""}, {"2", "", ""}, {"3", "", ""}}},
-        {"fn_LimpiaAreaGrid", {std::int16_t{0}, std::int16_t{2}, std::int16_t{1}, std::int16_t{-1}, u"o"},
+        {"fn_LimpiaAreaGrid",
+         {std::int16_t{0}, std::int16_t{2}, std::int16_t{1}, std::int16_t{-1}, u"o"},
          {{"h", "a", "o"}, {"1", "x", "o"}, {"2", "X", ""}, {"3", "z", ""}}},
     };
     for (const auto& c : cases) {
@@ -118,7 +148,8 @@ TEST_F(Editing, NumbersAColumn) {
     };
     const std::vector<Case> cases = {
         {"defaults", {}, {"1", "2", "3"}},
-        {"down by 2.5 with a suffix", {std::int16_t{0}, std::int16_t{1}, std::int16_t{-1}, 10.0, -2.5, u")"},
+        {"down by 2.5 with a suffix",
+         {std::int16_t{0}, std::int16_t{1}, std::int16_t{-1}, 10.0, -2.5, u")"},
          {"10)", "7.5)", "5)"}},
         {"a dot after each", {std::int16_t{0}, std::int16_t{2}, std::int16_t{-1}, 1.0, 1.0, u"."}, {"a", "1.", "2."}},
     };
@@ -164,12 +195,8 @@ TEST_F(Editing, TypesIntoTheCurrentCell) {
         std::int16_t keyAfter;
     };
     const std::vector<Case> cases = {
-        {65, "ab", "abA", 65},
-        {241, "a", "añ", 241},  // the ANSI code page
-        {13, "ab", "ab", 13},
-        {27, "ab", "ab", 27},
-        {8, "abc", "ab", 0},
-        {8, "", "", 0},
+        {65, "ab", "abA", 65}, {241, "a", "añ", 241},  // the ANSI code page
+        {13, "ab", "ab", 13},  {27, "ab", "ab", 27},  {8, "abc", "ab", 0}, {8, "", "", 0},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.key);

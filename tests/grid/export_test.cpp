@@ -5,8 +5,8 @@
 
 #include "grid/grid_fixture.h"
 #include "host/exported_sheets.h"
-#include "platform/recording_progress_display.h"
 #include "objects/text_box.h"
+#include "platform/recording_progress_display.h"
 #include "platform/scripted_message_box.h"
 #include "sheet/sheet_file.h"
 
@@ -202,9 +202,9 @@ TEST_F(GridExport, ShowsItsProgressOnFrmProg) {
         std::vector<std::string> expected = {"Load", "PB.Max=" + toUtf8(toString(Variant(c.max))), "PB.Value=0", "Show",
                                              "ZOrder 0"};
         for (std::size_t i = 1; i <= c.rowSteps; ++i)
-            expected.insert(expected.end(), {"PB.Value=" + std::to_string(i),
-                                             "Caption=Progreso . . .      (" + std::to_string(i) + " de " +
-                                                 std::to_string(c.rowSteps) + ")"});
+            expected.insert(expected.end(),
+                            {"PB.Value=" + std::to_string(i), "Caption=Progreso . . .      (" + std::to_string(i) +
+                                                                  " de " + std::to_string(c.rowSteps) + ")"});
         expected.push_back("Unload");
         EXPECT_EQ(made, expected);
     }

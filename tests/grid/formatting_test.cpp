@@ -66,20 +66,26 @@ TEST_F(Formatting, MemberCallsFollowTheMethodsOrder) {
         std::vector<std::string> calls;
     };
     const std::vector<Case> cases = {
-        {"fn_PintaFilaGrid", {1, 1, 2, std::int16_t{1}, std::int16_t{1}},
+        {"fn_PintaFilaGrid",
+         {1, 1, 2, std::int16_t{1}, std::int16_t{1}},
          {"Col", "Row", "Row=", "Col=", "CellBackColor=", "CellForeColor=", "Col=", "Row="}},
-        {"fn_PintaColumnaGrid", {std::int16_t{1}, 1, 2, 1, 1},
+        {"fn_PintaColumnaGrid",
+         {std::int16_t{1}, 1, 2, 1, 1},
          {"Col", "Row", "Col=", "Row=", "CellBackColor=", "CellForeColor=", "Col=", "Row="}},
-        {"fn_CentraFilaGrid", {1, std::int16_t{4}, std::int16_t{1}, std::int16_t{1}},
+        {"fn_CentraFilaGrid",
+         {1, std::int16_t{4}, std::int16_t{1}, std::int16_t{1}},
          {"Redraw=", "Col", "Row", "Row=", "Col=", "CellAlignment=", "Col=", "Row=", "Redraw="}},
-        {"fn_CentraColumGrid", {std::int16_t{1}, std::int16_t{4}, 1, 1},
+        {"fn_CentraColumGrid",
+         {std::int16_t{1}, std::int16_t{4}, 1, 1},
          {"Col", "Row", "Redraw=", "Col=", "Row=", "CellAlignment=", "Col=", "Row=", "Redraw="}},
-        {"fn_CambiaLetraFilaGrid", {1, 12.0, True, False, False, u"Arial", std::int16_t{1}, std::int16_t{1}},
+        {"fn_CambiaLetraFilaGrid",
+         {1, 12.0, True, False, False, u"Arial", std::int16_t{1}, std::int16_t{1}},
          {"Col", "Row", "Row=", "Redraw=", "Col=", "CellFontBold=", "CellFontItalic=", "CellFontUnderline=",
           "CellFontSize=", "CellFontName=", "Row=", "Col=", "Redraw="}},
-        {"fn_CentraFilaGrid", {}, {"Redraw=", "Cols", "Col", "Row", "Row=", "Col=", "CellAlignment=", "Col=",
-                                   "CellAlignment=", "Col=", "CellAlignment=", "Col=", "CellAlignment=", "Col=",
-                                   "Row=", "Redraw="}},
+        {"fn_CentraFilaGrid",
+         {},
+         {"Redraw=", "Cols", "Col", "Row", "Row=", "Col=", "CellAlignment=", "Col=", "CellAlignment=", "Col=",
+          "CellAlignment=", "Col=", "CellAlignment=", "Col=", "Row=", "Redraw="}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.method);

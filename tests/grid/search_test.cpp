@@ -7,11 +7,7 @@ namespace telvaro::gridtest {
 namespace {
 
 const Rows kCodes = {
-    {"#", "Código", "Nombre"},
-    {"1", "abc", "Pan"},
-    {"2", "5", "Leche"},
-    {"3", "ABC", "5.0"},
-    {"4", "", "05"},
+    {"#", "Código", "Nombre"}, {"1", "abc", "Pan"}, {"2", "5", "Leche"}, {"3", "ABC", "5.0"}, {"4", "", "05"},
 };
 
 class Search : public GridMethods {};
@@ -76,18 +72,19 @@ TEST_F(Search, CountsTheCellsThatPassTheComparison) {
         std::int16_t expected;
     };
     const std::vector<Case> cases = {
-        {">", std::int16_t{0}, 2},    // 5 and "12 cajas"; the empty cell is skipped, "abc" is 0
-        {">=", std::int16_t{0}, 3},   // and "abc"
-        {"<", std::int16_t{0}, 1},    // -1
-        {"<=", u"5", 3},              // 5, -1, abc
+        {">", std::int16_t{0}, 2},   // 5 and "12 cajas"; the empty cell is skipped, "abc" is 0
+        {">=", std::int16_t{0}, 3},  // and "abc"
+        {"<", std::int16_t{0}, 1},   // -1
+        {"<=", u"5", 3},             // 5, -1, abc
         {"=", u"ABC", 1},
-        {"=", u"", 1},                // the empty cell counts only for "="
-        {"<>", u"5", 0},              // no such operation
-        {">", u"4.5", 2},             // "." is the decimal mark
+        {"=", u"", 1},     // the empty cell counts only for "="
+        {"<>", u"5", 0},   // no such operation
+        {">", u"4.5", 2},  // "." is the decimal mark
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.operation) + " " + describe(c.value));
-        EXPECT_EQ(shown(run("fn_CuentaElementosColGrid", makeGrid(numbers), {std::int16_t{1}, c.value, fromUtf8(c.operation)})),
+        EXPECT_EQ(shown(run("fn_CuentaElementosColGrid", makeGrid(numbers),
+                            {std::int16_t{1}, c.value, fromUtf8(c.operation)})),
                   shown(Variant(c.expected)));
     }
 }
@@ -99,8 +96,8 @@ TEST_F(Search, ErrorsOfTheGridReachTheCaller) {
         int error;
     };
     const std::vector<Case> cases = {
-        {"fn_BuscaColGrid", {std::int16_t{7}, u"x"}, 381},            // column outside the grid
-        {"fn_BuscaColGrid", {std::int16_t{1}, u"x", 1, 9}, 381},      // rows past the end
+        {"fn_BuscaColGrid", {std::int16_t{7}, u"x"}, 381},        // column outside the grid
+        {"fn_BuscaColGrid", {std::int16_t{1}, u"x", 1, 9}, 381},  // rows past the end
         {"fn_BuscaFilGrid", {9, u"x"}, 381},
         {"fn_CuentaElementosColGrid", {std::int16_t{1}, Variant(Null{}), u">"}, 94},
         {"fn_BuscaColGrid", {std::int16_t{1}, u"x", 2147483647, 2147483647}, 381},

@@ -2,10 +2,10 @@
 // prompt answered by a script.
 #include <gtest/gtest.h>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
-#include "platform/scripted_message_box.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
+#include "platform/scripted_message_box.h"
 #include "support/support.h"
 
 namespace telvaro {
@@ -68,15 +68,15 @@ TEST(Cedula, CheckDigitClassLettersAndWarning) {
         int error = 0;
     };
     const Case cases[] = {
-        {u"1710034065", true, {}, 1, 0},       // weighted sum 25: check digit 5
-        {u"1710034064", false, {}, 0, 0},      // wrong check digit, no warning asked
-        {u"1710034064", true, {6}, 2, 1},      // the user accepts it
-        {u"1710034064", true, {7}, 0, 1},      // the user refuses it
-        {u"1770034062", true, {7}, 0, 1},      // class digit 7 fails with a right check digit
-        {u"1760034064", false, {}, 1, 0},      // class digit 6 is the last that passes
-        {u"171003406", true, {6}, 0, 0},       // format fails: never a prompt
-        {u"0200000990", false, {}, 1, 0},      // 2*1 + 9*1 + 9*2(=9) = 20: check digit 0
-        {u"0500000997", false, {}, 1, 0},      // 5*1 + 9*1 + 9*2(=9) = 23: check digit 7
+        {u"1710034065", true, {}, 1, 0},                     // weighted sum 25: check digit 5
+        {u"1710034064", false, {}, 0, 0},                    // wrong check digit, no warning asked
+        {u"1710034064", true, {6}, 2, 1},                    // the user accepts it
+        {u"1710034064", true, {7}, 0, 1},                    // the user refuses it
+        {u"1770034062", true, {7}, 0, 1},                    // class digit 7 fails with a right check digit
+        {u"1760034064", false, {}, 1, 0},                    // class digit 6 is the last that passes
+        {u"171003406", true, {6}, 0, 0},                     // format fails: never a prompt
+        {u"0200000990", false, {}, 1, 0},                    // 2*1 + 9*1 + 9*2(=9) = 20: check digit 0
+        {u"0500000997", false, {}, 1, 0},                    // 5*1 + 9*1 + 9*2(=9) = 23: check digit 7
         {u"17A0034065", true, {}, 0, 0, err::TypeMismatch},  // letters among the first nine digits
         {u"1 10034065", false, {}, 0, 0, err::TypeMismatch},
     };

@@ -2,6 +2,7 @@
 // and forms: their members, the kinds the class tests see, the Container
 // and Parent links, the form's Controls, and the members of a data-entry
 // form that moves through records.
+#include "member_script.h"
 #include "objects/check_box.h"
 #include "objects/flex_grid.h"
 #include "objects/form.h"
@@ -11,7 +12,6 @@
 #include "objects/option_button.h"
 #include "objects/picture_box.h"
 #include "objects/text_box.h"
-#include "member_script.h"
 
 namespace telvaro::objects {
 namespace {
@@ -38,52 +38,52 @@ TEST(Controls, TypeNamesAreTheKindsTheClassTestsAsk) {
 TEST(Controls, TextBoxMembers) {
     auto box = std::make_shared<TextBox>(u"txtCodigo");
     runScript(*box, {
-        {Put, u"Text", {S(u"12.3")}},
-        {Get, u"SelStart", {}, L(0)},
-        {Put, u"SelStart", {L(4)}},
-        {Put, u"SelText", {S(u"5")}},
-        {Get, u"", {}, S(u"12.35")},
-        {Get, u"SelStart", {}, L(5)},
-        {Put, u"SelStart", {L(99)}},
-        {Get, u"SelStart", {}, L(5)},
-        {Put, u"SelStart", {L(-1)}, {}, 380},
-        {Put, u"SelStart", {S(u"x")}, {}, 13},
-        {Put, u"SelStart", {Variant::missing()}, {}, 449},
-        {Put, u"SelStart", {L(1)}},
-        {Put, u"SelLength", {L(10)}},
-        {Get, u"SelText", {}, S(u"2.35")},
-        {Get, u"Name", {}, S(u"txtCodigo")},
-        {Put, u"Name", {S(u"otro")}, {}, 383},
-        {Put, u"Tag", {S(u"BUSCAR")}},
-        {Get, u"tag", {}, S(u"BUSCAR")},
-        {Put, u"Enabled", {B(false)}},
-        {Get, u"Enabled", {}, B(false)},
-        {Put, u"Width", {L(-1)}, {}, 380},
-        {Put, u"Left", {L(-100)}},
-        {Get, u"Left", {}, Variant(-100.0)},
-        {Put, u"TabIndex", {I(-1)}, {}, 380},
-        {Get, u"CellText", {}, {}, 438},
-        {Get, u"TextMatrix", {L(0), L(0)}, {}, 438},
-    });
+                        {Put, u"Text", {S(u"12.3")}},
+                        {Get, u"SelStart", {}, L(0)},
+                        {Put, u"SelStart", {L(4)}},
+                        {Put, u"SelText", {S(u"5")}},
+                        {Get, u"", {}, S(u"12.35")},
+                        {Get, u"SelStart", {}, L(5)},
+                        {Put, u"SelStart", {L(99)}},
+                        {Get, u"SelStart", {}, L(5)},
+                        {Put, u"SelStart", {L(-1)}, {}, 380},
+                        {Put, u"SelStart", {S(u"x")}, {}, 13},
+                        {Put, u"SelStart", {Variant::missing()}, {}, 449},
+                        {Put, u"SelStart", {L(1)}},
+                        {Put, u"SelLength", {L(10)}},
+                        {Get, u"SelText", {}, S(u"2.35")},
+                        {Get, u"Name", {}, S(u"txtCodigo")},
+                        {Put, u"Name", {S(u"otro")}, {}, 383},
+                        {Put, u"Tag", {S(u"BUSCAR")}},
+                        {Get, u"tag", {}, S(u"BUSCAR")},
+                        {Put, u"Enabled", {B(false)}},
+                        {Get, u"Enabled", {}, B(false)},
+                        {Put, u"Width", {L(-1)}, {}, 380},
+                        {Put, u"Left", {L(-100)}},
+                        {Get, u"Left", {}, Variant(-100.0)},
+                        {Put, u"TabIndex", {I(-1)}, {}, 380},
+                        {Get, u"CellText", {}, {}, 438},
+                        {Get, u"TextMatrix", {L(0), L(0)}, {}, 438},
+                    });
 }
 
 TEST(Controls, CheckBoxAndLabelValues) {
     auto check = std::make_shared<CheckBox>(u"chkActivo");
     runScript(*check, {
-        {Get, u"", {}, I(0)},
-        {Put, u"Value", {I(1)}},
-        {Get, u"Value", {}, I(1)},
-        {Put, u"Value", {I(3)}, {}, 380},
-        {Put, u"Value", {B(true)}, {}, 380},
-        {Put, u"Caption", {S(u"Activo")}},
-        {Get, u"Text", {}, {}, 438},
-    });
+                          {Get, u"", {}, I(0)},
+                          {Put, u"Value", {I(1)}},
+                          {Get, u"Value", {}, I(1)},
+                          {Put, u"Value", {I(3)}, {}, 380},
+                          {Put, u"Value", {B(true)}, {}, 380},
+                          {Put, u"Caption", {S(u"Activo")}},
+                          {Get, u"Text", {}, {}, 438},
+                      });
     auto label = std::make_shared<Label>(u"lblNombre");
     runScript(*label, {
-        {Put, u"Caption", {S(u"Nombre:")}},
-        {Get, u"", {}, S(u"Nombre:")},
-        {Put, u"Alignment", {I(3)}, {}, 380},
-    });
+                          {Put, u"Caption", {S(u"Nombre:")}},
+                          {Get, u"", {}, S(u"Nombre:")},
+                          {Put, u"Alignment", {I(3)}, {}, 380},
+                      });
 }
 
 // A form: a frame holding a text box and two option buttons, a frame inside
@@ -118,8 +118,8 @@ TEST(Controls, ContainerAndParentLinks) {
             ObjectRef control;
             ObjectRef container;
         };
-        const Case cases[] = {{f.text, f.outer}, {f.check, f.inner}, {f.inner, f.outer}, {f.grid, f.form},
-                              {f.outer, f.form}};
+        const Case cases[] = {
+            {f.text, f.outer}, {f.check, f.inner}, {f.inner, f.outer}, {f.grid, f.form}, {f.outer, f.form}};
         for (const auto& c : cases) {
             SCOPED_TRACE(toUtf8(std::static_pointer_cast<Control>(c.control)->name()));
             EXPECT_EQ(c.control->get(u"Container").get<ObjectRef>(), c.container);
@@ -152,14 +152,14 @@ TEST(Controls, FormControlsByPositionByNameAndAsAList) {
     SampleForm f;
     ObjectRef controls = f.form->get(u"Controls").get<ObjectRef>();
     runScript(*controls, {
-        {Get, u"Count", {}, L(8)},
-        {Get, u"Item", {L(2)}, Variant(ObjectRef(f.text))},
-        {Get, u"", {S(u"CHKACTIVO")}, Variant(ObjectRef(f.check))},
-        {Get, u"Item", {S(u"noHay")}, {}, 730},
-        {Get, u"Item", {L(8)}, {}, 9},
-        {Get, u"Item", {L(-1)}, {}, 9},
-        {Put, u"Count", {L(1)}, {}, 383},
-    });
+                             {Get, u"Count", {}, L(8)},
+                             {Get, u"Item", {L(2)}, Variant(ObjectRef(f.text))},
+                             {Get, u"", {S(u"CHKACTIVO")}, Variant(ObjectRef(f.check))},
+                             {Get, u"Item", {S(u"noHay")}, {}, 730},
+                             {Get, u"Item", {L(8)}, {}, 9},
+                             {Get, u"Item", {L(-1)}, {}, 9},
+                             {Put, u"Count", {L(1)}, {}, 383},
+                         });
     Variant all = controls->get(u"_NewEnum");
     ASSERT_TRUE(all.isArray());
     ASSERT_EQ(all.array().size(), 8u);

@@ -8,10 +8,10 @@
 #include <limits>
 
 #include "objects/chart.h"
-#include "objects/data_report.h"
 #include "objects/check_box.h"
 #include "objects/check_box_pictures.h"
 #include "objects/data_grid.h"
+#include "objects/data_report.h"
 #include "objects/flex_grid.h"
 #include "objects/form.h"
 #include "objects/frame.h"
@@ -114,8 +114,8 @@ TEST(JunkSweep, OnlyValuesOrRunTimeErrors) {
         names.push_back(u"");  // the default member
         names.push_back(u"NoExiste");
         for (const auto& name : names)
-            for (InvokeKind kind : {InvokeKind::PropertyGet, InvokeKind::PropertyPut, InvokeKind::PropertyPutRef,
-                                    InvokeKind::Method}) {
+            for (InvokeKind kind :
+                 {InvokeKind::PropertyGet, InvokeKind::PropertyPut, InvokeKind::PropertyPutRef, InvokeKind::Method}) {
                 auto object = make();
                 auto attempt = [&](std::vector<Variant> args) {
                     ++calls;

@@ -18,7 +18,7 @@ struct Step {
     Access access;
     const char16_t* member;
     std::vector<Variant> args = {};  // for Put: the indices, then the value
-    Variant expected = {};      // the result of a Get or Call
+    Variant expected = {};           // the result of a Get or Call
     int error = 0;
 };
 

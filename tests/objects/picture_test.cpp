@@ -19,34 +19,14 @@ namespace fs = std::filesystem;
 // I inner frame (64), E bottom and right edge (212,208,200), . interior,
 // X tick.
 const char* const kUnchecked[13] = {
-    "OOOOOOOOOOOOE",
-    "OIIIIIIIIIIIE",
-    "OI..........E",
-    "OI..........E",
-    "OI..........E",
-    "OI..........E",
-    "OI..........E",
-    "OI..........E",
-    "OI..........E",
-    "OI..........E",
-    "OI..........E",
-    "OI..........E",
-    "EEEEEEEEEEEEE",
+    "OOOOOOOOOOOOE", "OIIIIIIIIIIIE", "OI..........E", "OI..........E", "OI..........E",
+    "OI..........E", "OI..........E", "OI..........E", "OI..........E", "OI..........E",
+    "OI..........E", "OI..........E", "EEEEEEEEEEEEE",
 };
 const char* const kChecked[13] = {
-    "OOOOOOOOOOOOE",
-    "OIIIIIIIIIIIE",
-    "OI..........E",
-    "OI........X.E",
-    "OI.......XX.E",
-    "OI.X....XXX.E",
-    "OI.X....XXX.E",
-    "OI.XX..XXX..E",
-    "OI.XXXXXX...E",
-    "OI..XXXX....E",
-    "OI...XX.....E",
-    "OI..........E",
-    "EEEEEEEEEEEEE",
+    "OOOOOOOOOOOOE", "OIIIIIIIIIIIE", "OI..........E", "OI........X.E", "OI.......XX.E",
+    "OI.X....XXX.E", "OI.X....XXX.E", "OI.XX..XXX..E", "OI.XXXXXX...E", "OI..XXXX....E",
+    "OI...XX.....E", "OI..........E", "EEEEEEEEEEEEE",
 };
 
 std::uint32_t rgb(int r, int g, int b) {
@@ -98,8 +78,8 @@ TEST(Pictures, AutomationMembers) {
         Variant expected;
     };
     const Case cases[] = {
-        {u"Width", Variant(std::int32_t(344))},  {u"Height", Variant(std::int32_t(344))},
-        {u"Type", Variant(std::int16_t(1))},     {u"hPal", Variant(std::int32_t(0))},
+        {u"Width", Variant(std::int32_t(344))}, {u"Height", Variant(std::int32_t(344))},
+        {u"Type", Variant(std::int16_t(1))},    {u"hPal", Variant(std::int32_t(0))},
         {u"", Variant(picture->handle())},
     };
     for (const auto& c : cases) {
@@ -121,15 +101,13 @@ TEST(Pictures, AutomationMembers) {
 
 class PictureFiles : public ::testing::Test {
 protected:
-    fs::path folder = fs::path(std::getenv("TELVARO_TEST_HOME") ? std::getenv("TELVARO_TEST_HOME") : "/tmp") /
-                      "picture-files";
+    fs::path folder =
+        fs::path(std::getenv("TELVARO_TEST_HOME") ? std::getenv("TELVARO_TEST_HOME") : "/tmp") / "picture-files";
     void SetUp() override {
         fs::remove_all(folder);
         fs::create_directories(folder);
     }
-    void write(const fs::path& file, const std::string& bytes) {
-        std::ofstream(file, std::ios::binary) << bytes;
-    }
+    void write(const fs::path& file, const std::string& bytes) { std::ofstream(file, std::ios::binary) << bytes; }
 };
 
 TEST_F(PictureFiles, SavedFilesReadBackPixelForPixel) {
@@ -190,9 +168,9 @@ TEST_F(PictureFiles, GifAndJpegDecodeToo) {
     EXPECT_LE((p >> 8) & 0xFF, 16u) << std::hex << p;
     EXPECT_LE(p & 0xFF, 16u) << std::hex << p;
     // A 1 x 1 GIF of one red pixel.
-    const unsigned char gif[] = {0x47, 0x49, 0x46, 0x38, 0x39, 0x61, 0x01, 0x00, 0x01, 0x00, 0x80, 0x00, 0x00, 0xFF,
-                                 0x00, 0x00, 0x00, 0x00, 0x00, 0x2C, 0x00, 0x00, 0x00, 0x00, 0x01, 0x00, 0x01, 0x00,
-                                 0x00, 0x02, 0x02, 0x44, 0x01, 0x00, 0x3B};
+    const unsigned char gif[] = {0x47, 0x49, 0x46, 0x38, 0x39, 0x61, 0x01, 0x00, 0x01, 0x00, 0x80, 0x00,
+                                 0x00, 0xFF, 0x00, 0x00, 0x00, 0x00, 0x00, 0x2C, 0x00, 0x00, 0x00, 0x00,
+                                 0x01, 0x00, 0x01, 0x00, 0x00, 0x02, 0x02, 0x44, 0x01, 0x00, 0x3B};
     write(folder / "rojo.gif", std::string(reinterpret_cast<const char*>(gif), sizeof gif));
     auto red = loadPicture(folder / "rojo.gif");
     EXPECT_EQ(red->width(), 1);
@@ -209,8 +187,11 @@ TEST_F(PictureFiles, FilesThatAreNoPicturesAreErrors) {
         int error;
     };
     const Case cases[] = {
-        {folder / "noexiste.bmp", 53}, {folder / "texto.bmp", 481}, {folder / "vacio.png", 481},
-        {folder / "cortado.png", 481}, {folder, 481},
+        {folder / "noexiste.bmp", 53},
+        {folder / "texto.bmp", 481},
+        {folder / "vacio.png", 481},
+        {folder / "cortado.png", 481},
+        {folder, 481},
     };
     for (const auto& c : cases) EXPECT_EQ(errorNumberOf([&] { loadPicture(c.file); }), c.error) << c.file;
     EXPECT_TRUE(loadPicture({})->isEmpty());

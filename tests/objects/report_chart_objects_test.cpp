@@ -27,18 +27,18 @@ TEST(DataReportObject, SectionsControlsAndBinding) {
     report->sections()[2]->add(label);
     const ObjectRef source = std::make_shared<Chart>();
     runScript(*report, {
-        {A::Get, u"Name", {}, S(u"DataReport1")},
-        {A::Get, u"DataMember", {}, S(u"")},
-        {A::Get, u"DataSource", {}, Variant(ObjectRef())},
-        {A::Put, u"DataSource", {S(u"texto")}, {}, 424},
-        {A::Put, u"DataSource", {Variant(source)}},
-        {A::Get, u"DataSource", {}, Variant(source)},
-        {A::Put, u"DataMember", {S(u"Ventas")}},
-        {A::Get, u"DataMember", {}, S(u"Ventas")},
-        {A::Put, u"Name", {S(u"otro")}, {}, 383},
-        {A::Call, u"Refresh"},
-        {A::Get, u"NoExiste", {}, {}, 438},
-    });
+                           {A::Get, u"Name", {}, S(u"DataReport1")},
+                           {A::Get, u"DataMember", {}, S(u"")},
+                           {A::Get, u"DataSource", {}, Variant(ObjectRef())},
+                           {A::Put, u"DataSource", {S(u"texto")}, {}, 424},
+                           {A::Put, u"DataSource", {Variant(source)}},
+                           {A::Get, u"DataSource", {}, Variant(source)},
+                           {A::Put, u"DataMember", {S(u"Ventas")}},
+                           {A::Get, u"DataMember", {}, S(u"Ventas")},
+                           {A::Put, u"Name", {S(u"otro")}, {}, 383},
+                           {A::Call, u"Refresh"},
+                           {A::Get, u"NoExiste", {}, {}, 438},
+                       });
     EXPECT_EQ(report->refreshes(), 1);
     EXPECT_EQ(report->font()->description().name, u"Arial");
 
@@ -94,12 +94,12 @@ TEST(DataReportObject, ReportControlsHaveTheirKindsMembers) {
         auto control = std::make_shared<ReportControl>(c.kind, u"ctl");
         EXPECT_EQ(control->typeName(), c.typeName);
         runScript(*control, {
-            {A::Put, u"DataMember", {S(u"Ventas")}, {}, c.dataMember},
-            {A::Put, u"Caption", {S(u"Nombre")}, {}, c.caption},
-            {A::Put, u"FunctionType", {I(3)}, {}, c.functionType},
-            {A::Put, u"Visible", {B(false)}},
-            {A::Get, u"Name", {}, S(u"ctl")},
-        });
+                                {A::Put, u"DataMember", {S(u"Ventas")}, {}, c.dataMember},
+                                {A::Put, u"Caption", {S(u"Nombre")}, {}, c.caption},
+                                {A::Put, u"FunctionType", {I(3)}, {}, c.functionType},
+                                {A::Put, u"Visible", {B(false)}},
+                                {A::Get, u"Name", {}, S(u"ctl")},
+                            });
     }
     auto function = std::make_shared<ReportControl>(Kind::Function, u"fn");
     runScript(*function, {{A::Put, u"FunctionType", {I(8)}, {}, 380}, {A::Put, u"FunctionType", {I(-1)}, {}, 380}});
@@ -112,21 +112,21 @@ TEST(DataReportObject, ReportControlsHaveTheirKindsMembers) {
 TEST(ChartObject, ChartDataKeepsArraysOnly) {
     auto chart = std::make_shared<Chart>();
     runScript(*chart, {
-        {A::Get, u"ChartData", {}, Variant()},
-        {A::Get, u"RowCount", {}, L(0)},
-        {A::Put, u"ChartData", {matrix2x2()}},
-        {A::Get, u"ChartData", {}, matrix2x2()},
-        {A::Get, u"RowCount", {}, L(2)},
-        {A::Get, u"ColumnCount", {}, L(2)},
-        {A::Put, u"ChartData", {S(u"texto")}, {}, 13},
-        {A::Put, u"ChartData", {Variant(Null{})}, {}, 13},
-        {A::Put, u"ChartData", {Variant()}, {}, 13},
-        {A::Get, u"ChartData", {}, matrix2x2()},
-        {A::Put, u"RowCount", {L(3)}, {}, 383},
-        {A::Put, u"ChartData", {Variant(Array::ofValues({L(1), L(2), L(3)}))}},
-        {A::Get, u"RowCount", {}, L(1)},
-        {A::Get, u"ColumnCount", {}, L(3)},
-    });
+                          {A::Get, u"ChartData", {}, Variant()},
+                          {A::Get, u"RowCount", {}, L(0)},
+                          {A::Put, u"ChartData", {matrix2x2()}},
+                          {A::Get, u"ChartData", {}, matrix2x2()},
+                          {A::Get, u"RowCount", {}, L(2)},
+                          {A::Get, u"ColumnCount", {}, L(2)},
+                          {A::Put, u"ChartData", {S(u"texto")}, {}, 13},
+                          {A::Put, u"ChartData", {Variant(Null{})}, {}, 13},
+                          {A::Put, u"ChartData", {Variant()}, {}, 13},
+                          {A::Get, u"ChartData", {}, matrix2x2()},
+                          {A::Put, u"RowCount", {L(3)}, {}, 383},
+                          {A::Put, u"ChartData", {Variant(Array::ofValues({L(1), L(2), L(3)}))}},
+                          {A::Get, u"RowCount", {}, L(1)},
+                          {A::Get, u"ColumnCount", {}, L(3)},
+                      });
     EXPECT_EQ(chart->typeName(), u"MSChart");
 }
 

@@ -18,10 +18,10 @@ TEST(MessageBox, StylesGiveButtonsAndDefaults) {
         int defaultAnswer;
     };
     const Case cases[] = {
-        {0, 1, msgbox::Ok},    {16, 1, msgbox::Ok},          {64, 1, msgbox::Ok},
-        {36, 2, msgbox::Yes},  {52, 2, msgbox::Yes},         {4 + 256, 2, msgbox::No},
-        {3, 3, msgbox::Yes},   {3 + 512, 3, msgbox::Cancel}, {1, 2, msgbox::Ok},
-        {5, 2, msgbox::Retry}, {2 + 768, 3, msgbox::Abort},  // no fourth button: the first is the default
+        {0, 1, msgbox::Ok},   {16, 1, msgbox::Ok},      {64, 1, msgbox::Ok},         {36, 2, msgbox::Yes},
+        {52, 2, msgbox::Yes}, {4 + 256, 2, msgbox::No}, {3, 3, msgbox::Yes},         {3 + 512, 3, msgbox::Cancel},
+        {1, 2, msgbox::Ok},   {5, 2, msgbox::Retry},    {2 + 768, 3, msgbox::Abort},  // no fourth button: the first is
+                                                                                      // the default
     };
     for (const auto& c : cases) {
         ButtonSet b = buttonsOf(c.style);
@@ -59,9 +59,9 @@ TEST(TerminalMessageBox, ReadsTheAnswerByNumberOrLabel) {
         int answer;
     };
     const Case cases[] = {
-        {"2\n", 36, msgbox::No}, {"1\n", 36, msgbox::Yes}, {"no\n", 52, msgbox::No},
-        {"SÍ\n", 52, msgbox::Yes}, {"\n", 36, msgbox::Yes}, {"9\n2\n", 36, msgbox::No},
-        {"", 4 + 256, msgbox::No},  // end of input: the default button
+        {"2\n", 36, msgbox::No}, {"1\n", 36, msgbox::Yes},   {"no\n", 52, msgbox::No},  {"SÍ\n", 52, msgbox::Yes},
+        {"\n", 36, msgbox::Yes}, {"9\n2\n", 36, msgbox::No}, {"", 4 + 256, msgbox::No},  // end of input: the default
+                                                                                         // button
     };
     for (const auto& c : cases) {
         Terminal t(c.typed);

@@ -53,8 +53,10 @@ TEST(WaveFile, FormatsAndDamage) {
         {"odd chunk padded", riff(fmt(1, 1, 8000, 8) + chunk("junk", "abc") + chunk("data", pcm)), true, 1, 8, 8},
         {"data longer than the file", riff(fmt(1, 2, 8000, 16) + "data" + le(1000, 4) + std::string(10, 'a')), true, 2,
          16, 8},
-        {"block size not the frame size", riff(chunk("fmt ", le(1, 2) + le(2, 2) + le(8000, 4) + le(32000, 4) + le(1, 2) +
-                                                   le(16, 2)) + chunk("data", pcm)), false, 0, 0, 0},
+        {"block size not the frame size",
+         riff(chunk("fmt ", le(1, 2) + le(2, 2) + le(8000, 4) + le(32000, 4) + le(1, 2) + le(16, 2)) +
+              chunk("data", pcm)),
+         false, 0, 0, 0},
         {"float samples", riff(fmt(3, 1, 8000, 32) + chunk("data", pcm)), false, 0, 0, 0},
         {"24-bit", riff(fmt(1, 1, 8000, 24) + chunk("data", pcm)), false, 0, 0, 0},
         {"extensible float", riff(fmt(0, 1, 8000, 16, true, 3) + chunk("data", pcm)), false, 0, 0, 0},

@@ -20,8 +20,8 @@ TEST(CompactBytes, ReadLikeAnArrayMadeElementByElement) {
         std::vector<std::uint8_t> data;
         std::int32_t lower;
     };
-    for (const auto& c : std::vector<Case>{{"no bytes", {}, 0}, {"one 0 byte", {0}, 0}, {"three", {0, 255, 7}, 0},
-                                           {"lower bound 1", {9, 8}, 1}}) {
+    for (const auto& c : std::vector<Case>{
+             {"no bytes", {}, 0}, {"one 0 byte", {0}, 0}, {"three", {0, 255, 7}, 0}, {"lower bound 1", {9, 8}, 1}}) {
         SCOPED_TRACE(c.what);
         const Variant compact(Array::bytes(c.data, c.lower));
         const Variant loose(looseBytes(c.data, c.lower));

@@ -95,7 +95,7 @@ TEST(ConvertDoubleText, FifteenDigitsPlainWhileTheyFitElseExponent) {
 
     RegionalScope comma(commaDecimal());
     const Case commaCases[] = {
-        {0.5, "0,5"}, {0.00005, "0,00005"}, {1.2e15, "1,2E+15"}, {3.141592653589793, "3,14159265358979"},
+        {0.5, "0,5"},       {0.00005, "0,00005"}, {1.2e15, "1,2E+15"}, {3.141592653589793, "3,14159265358979"},
         {1234.5, "1234,5"},
     };
     for (const auto& c : commaCases) EXPECT_EQ(toUtf8(doubleToString(c.value)), c.text) << c.text;
@@ -176,21 +176,34 @@ std::string readNumber(const char16_t* text) {
 
 TEST(ConvertTextToNumber, PointDecimalCommaThousands) {
     const TextCase cases[] = {
-        {u"12", "12"},          {u" -3.5 ", "-3.5"},     {u"+7", "7"},           {u"\t8\n", "8"},
-        {u"1,234.5", "1234.5"}, {u"1,2,3", "123"},       {u"2,5", "25"},         {u".5", "0.5"},
-        {u"5.", "5"},           {u"1E3", "1000"},        {u"1e-3", "0.001"},     {u"2.5e3", "2500"},
-        {u"1D2", "100"},        {u"1d+2", "100"},        {u"&H10", "16"},        {u"&h1f", "31"},
-        {u"&HFFFF", "-1"},      {u"&H8000", "-32768"},   {u"&H10000", "65536"},  {u"&HFFFFFFFF", "-1"},
-        {u"&O17", "15"},        {u"&o177777", "-1"},     {u"(5)", "-5"},         {u"( 5 )", "-5"},
-        {u"($5)", "-5"},        {u"$7", "7"},            {u"$ 7", "7"},          {u"-$7", "-7"},
-        {u"$-7", "-7"},         {u"7$", "7"},            {u"0001.2500", "1.25"}, {u"1e-94938484", "0"},
-        {u"-0", "0"},
-        {u"", "none"},          {u"   ", "none"},        {u"abc", "none"},       {u"1.2.3", "none"},
-        {u"12abc", "none"},     {u"1e", "none"},         {u"1e+", "none"},       {u"--5", "none"},
-        {u"+-5", "none"},       {u"(-5)", "none"},       {u"(5", "none"},        {u"5)", "none"},
-        {u"&H", "none"},        {u"&HG", "none"},        {u"&", "none"},         {u"-", "none"},
-        {u".", "none"},         {u",5", "none"},         {u"1 2", "none"},       {u"$", "none"},
-        {u"5-", "none"},        {u"$$5", "none"},        {u"1.5,0", "none"},
+        {u"12", "12"},          {u" -3.5 ", "-3.5"},
+        {u"+7", "7"},           {u"\t8\n", "8"},
+        {u"1,234.5", "1234.5"}, {u"1,2,3", "123"},
+        {u"2,5", "25"},         {u".5", "0.5"},
+        {u"5.", "5"},           {u"1E3", "1000"},
+        {u"1e-3", "0.001"},     {u"2.5e3", "2500"},
+        {u"1D2", "100"},        {u"1d+2", "100"},
+        {u"&H10", "16"},        {u"&h1f", "31"},
+        {u"&HFFFF", "-1"},      {u"&H8000", "-32768"},
+        {u"&H10000", "65536"},  {u"&HFFFFFFFF", "-1"},
+        {u"&O17", "15"},        {u"&o177777", "-1"},
+        {u"(5)", "-5"},         {u"( 5 )", "-5"},
+        {u"($5)", "-5"},        {u"$7", "7"},
+        {u"$ 7", "7"},          {u"-$7", "-7"},
+        {u"$-7", "-7"},         {u"7$", "7"},
+        {u"0001.2500", "1.25"}, {u"1e-94938484", "0"},
+        {u"-0", "0"},           {u"", "none"},
+        {u"   ", "none"},       {u"abc", "none"},
+        {u"1.2.3", "none"},     {u"12abc", "none"},
+        {u"1e", "none"},        {u"1e+", "none"},
+        {u"--5", "none"},       {u"+-5", "none"},
+        {u"(-5)", "none"},      {u"(5", "none"},
+        {u"5)", "none"},        {u"&H", "none"},
+        {u"&HG", "none"},       {u"&", "none"},
+        {u"-", "none"},         {u".", "none"},
+        {u",5", "none"},        {u"1 2", "none"},
+        {u"$", "none"},         {u"5-", "none"},
+        {u"$$5", "none"},       {u"1.5,0", "none"},
         {u"1e400", "error 6"},  {u"&H100000000", "error 6"},
     };
     for (const auto& c : cases) EXPECT_EQ(readNumber(c.text), c.result) << toUtf8(c.text);
@@ -199,9 +212,8 @@ TEST(ConvertTextToNumber, PointDecimalCommaThousands) {
 TEST(ConvertTextToNumber, CommaDecimalPointThousands) {
     RegionalScope comma(commaDecimal());
     const TextCase cases[] = {
-        {u"2,5", "2.5"},      {u"-0,5", "-0.5"},     {u"1.234,5", "1234.5"}, {u"2.5", "25"},
-        {u"1.2.3", "123"},    {u"1,5E2", "150"},     {u"$ 1.000,50", "1000.5"},
-        {u"1,2,3", "none"},   {u"2,5.0", "none"},    {u".5", "none"},
+        {u"2,5", "2.5"},   {u"-0,5", "-0.5"},         {u"1.234,5", "1234.5"}, {u"2.5", "25"},     {u"1.2.3", "123"},
+        {u"1,5E2", "150"}, {u"$ 1.000,50", "1000.5"}, {u"1,2,3", "none"},     {u"2,5.0", "none"}, {u".5", "none"},
     };
     for (const auto& c : cases) EXPECT_EQ(readNumber(c.text), c.result) << toUtf8(c.text);
 }
@@ -217,19 +229,34 @@ TEST(ConvertTextToNumber, TextThatIsNotANumberIsTypeMismatch) {
 TEST(ConvertRounding, HalfToEvenIntoIntegerLongByteAndCurrency) {
     struct Case {
         Variant value;
-        std::int64_t integer;  // CInt and CLng
+        std::int64_t integer;   // CInt and CLng
         std::int64_t currency;  // CCur, in 1/10000
     };
     const Case cases[] = {
-        {Variant(0.5), 0, 5000},          {Variant(1.5), 2, 15000},         {Variant(2.5), 2, 25000},
-        {Variant(3.5), 4, 35000},         {Variant(-0.5), 0, -5000},        {Variant(-1.5), -2, -15000},
-        {Variant(-2.5), -2, -25000},      {Variant(2.5000001), 3, 25000},   {Variant(0.4999999), 0, 5000},
-        {Variant(1.23456), 1, 12346},     {Variant(0.00005), 0, 0},         {Variant(0.00016), 0, 2},
-        {Variant(u"2.5"), 2, 25000},      {Variant(u"3.5"), 4, 35000},      {Variant(u"-2.5"), -2, -25000},
-        {Variant(u"0.00005"), 0, 0},      {Variant(u"0.00015"), 0, 2},      {Variant(u"1.00025"), 1, 10002},
-        {Variant(u"1.000250001"), 1, 10003}, {Variant(u"9.99995"), 10, 100000},
-        {Variant(Currency{25000}), 2, 25000}, {Variant(Currency{35000}), 4, 35000},
-        {Variant(Currency{-25000}), -2, -25000}, {Variant(Currency{-25001}), -3, -25001},
+        {Variant(0.5), 0, 5000},
+        {Variant(1.5), 2, 15000},
+        {Variant(2.5), 2, 25000},
+        {Variant(3.5), 4, 35000},
+        {Variant(-0.5), 0, -5000},
+        {Variant(-1.5), -2, -15000},
+        {Variant(-2.5), -2, -25000},
+        {Variant(2.5000001), 3, 25000},
+        {Variant(0.4999999), 0, 5000},
+        {Variant(1.23456), 1, 12346},
+        {Variant(0.00005), 0, 0},
+        {Variant(0.00016), 0, 2},
+        {Variant(u"2.5"), 2, 25000},
+        {Variant(u"3.5"), 4, 35000},
+        {Variant(u"-2.5"), -2, -25000},
+        {Variant(u"0.00005"), 0, 0},
+        {Variant(u"0.00015"), 0, 2},
+        {Variant(u"1.00025"), 1, 10002},
+        {Variant(u"1.000250001"), 1, 10003},
+        {Variant(u"9.99995"), 10, 100000},
+        {Variant(Currency{25000}), 2, 25000},
+        {Variant(Currency{35000}), 4, 35000},
+        {Variant(Currency{-25000}), -2, -25000},
+        {Variant(Currency{-25001}), -3, -25001},
         {Variant(Date{36160.5}), 36160, 361605000},
     };
     for (const auto& c : cases) {
@@ -293,17 +320,28 @@ TEST(ConvertBoolean, TextNumbersAndBits) {
         const char* result;
     };
     const Case cases[] = {
-        {Variant(u"True"), "Boolean True"},   {Variant(u"true"), "Boolean True"},
-        {Variant(u" FALSE "), "Boolean False"}, {Variant(u"#TRUE#"), "Boolean True"},
-        {Variant(u"#FALSE#"), "Boolean False"}, {Variant(u"#True#"), "error 13"},
-        {Variant(u"Verdadero"), "Boolean True"}, {Variant(u"falso"), "Boolean False"},
-        {Variant(u"0"), "Boolean False"},       {Variant(u"-1"), "Boolean True"},
-        {Variant(u"0.1"), "Boolean True"},      {Variant(u"0.000"), "Boolean False"},
-        {Variant(u"&H0"), "Boolean False"},     {Variant(u"si"), "error 13"},
-        {Variant(u""), "error 13"},            {Variant(0.0), "Boolean False"},
-        {Variant(-0.0), "Boolean False"},      {Variant(0.5), "Boolean True"},
-        {Variant(Currency{1}), "Boolean True"}, {Variant(Date{0}), "Boolean False"},
-        {Variant(), "Boolean False"},          {Variant(Null{}), "error 94"},
+        {Variant(u"True"), "Boolean True"},
+        {Variant(u"true"), "Boolean True"},
+        {Variant(u" FALSE "), "Boolean False"},
+        {Variant(u"#TRUE#"), "Boolean True"},
+        {Variant(u"#FALSE#"), "Boolean False"},
+        {Variant(u"#True#"), "error 13"},
+        {Variant(u"Verdadero"), "Boolean True"},
+        {Variant(u"falso"), "Boolean False"},
+        {Variant(u"0"), "Boolean False"},
+        {Variant(u"-1"), "Boolean True"},
+        {Variant(u"0.1"), "Boolean True"},
+        {Variant(u"0.000"), "Boolean False"},
+        {Variant(u"&H0"), "Boolean False"},
+        {Variant(u"si"), "error 13"},
+        {Variant(u""), "error 13"},
+        {Variant(0.0), "Boolean False"},
+        {Variant(-0.0), "Boolean False"},
+        {Variant(0.5), "Boolean True"},
+        {Variant(Currency{1}), "Boolean True"},
+        {Variant(Date{0}), "Boolean False"},
+        {Variant(), "Boolean False"},
+        {Variant(Null{}), "error 94"},
     };
     for (const auto& c : cases) EXPECT_EQ(outcome([&] { return toBoolean(c.value); }), c.result) << describe(c.value);
 
@@ -335,18 +373,20 @@ TEST(ConvertSpecialValues, NullEmptyErrorArrayAndObjects) {
         const char* results[8];  // in the order of `conversions`
     };
     const Case cases[] = {
-        {Variant(Null{}), {"error 94", "error 94", "error 94", "error 94", "error 94", "error 94", "error 94", "error 94"}},
+        {Variant(Null{}),
+         {"error 94", "error 94", "error 94", "error 94", "error 94", "error 94", "error 94", "error 94"}},
         {Variant(),
          {"String \"\"", "Double 0", "Integer 0", "Long 0", "Byte 0", "Boolean False", "Currency 0", "Date 00:00:00"}},
-        {Variant::missing(), {"error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13"}},
+        {Variant::missing(),
+         {"error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13"}},
         {Variant(Array::vector(0, 2)),
          {"error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13"}},
         {nothing(), {"error 91", "error 91", "error 91", "error 91", "error 91", "error 91", "error 91", "error 91"}},
         {objectWith(Variant(u"42")),
          {"String \"42\"", "Double 42", "Integer 42", "Long 42", "Byte 42", "Boolean True", "Currency 42", "error 13"}},
         {objectWith(Variant(Date{36160})),
-         {"String \"31/12/1998\"", "Double 36160", "error 6", "Long 36160", "error 6", "Boolean True",
-          "Currency 36160", "Date 31/12/1998"}},
+         {"String \"31/12/1998\"", "Double 36160", "error 6", "Long 36160", "error 6", "Boolean True", "Currency 36160",
+          "Date 31/12/1998"}},
     };
     for (const auto& c : cases) {
         for (std::size_t i = 0; i < std::size(conversions); ++i) {
@@ -395,13 +435,39 @@ TEST(ConvertVal, LeadingNumberWithAPointOnly) {
         double value;
     };
     const Case cases[] = {
-        {u"1 2 3", 123},     {u"12abc", 12},      {u"1.2.3", 1.2},       {u"abc", 0},       {u"", 0},
-        {u"1E3", 1000},      {u"1D2", 100},       {u"1e-2", 0.01},       {u"&H1F", 31},     {u"&h1f", 31},
-        {u"&O17", 15},       {u"&HFFFF", -1},     {u"&HFFFF&", 65535},   {u"&H10000", 65536},
-        {u"&HFFFFFFFF", -1}, {u"&H", 0},          {u"&O8", 0},           {u"&", 0},
-        {u" \t\n-4.5e1x", -45}, {u"- 5", -5},     {u"+7", 7},            {u"1e", 1},        {u"1e+", 1},
-        {u".5", 0.5},        {u"-.5", -0.5},      {u".", 0},             {u"--5", 0},       {u"2,5", 2},
-        {u"1\r2", 1},        {u"1e-400", 0},      {u"0x1F", 0},          {u"1.5e2.3", 150}, {u"12%", 12},
+        {u"1 2 3", 123},
+        {u"12abc", 12},
+        {u"1.2.3", 1.2},
+        {u"abc", 0},
+        {u"", 0},
+        {u"1E3", 1000},
+        {u"1D2", 100},
+        {u"1e-2", 0.01},
+        {u"&H1F", 31},
+        {u"&h1f", 31},
+        {u"&O17", 15},
+        {u"&HFFFF", -1},
+        {u"&HFFFF&", 65535},
+        {u"&H10000", 65536},
+        {u"&HFFFFFFFF", -1},
+        {u"&H", 0},
+        {u"&O8", 0},
+        {u"&", 0},
+        {u" \t\n-4.5e1x", -45},
+        {u"- 5", -5},
+        {u"+7", 7},
+        {u"1e", 1},
+        {u"1e+", 1},
+        {u".5", 0.5},
+        {u"-.5", -0.5},
+        {u".", 0},
+        {u"--5", 0},
+        {u"2,5", 2},
+        {u"1\r2", 1},
+        {u"1e-400", 0},
+        {u"0x1F", 0},
+        {u"1.5e2.3", 150},
+        {u"12%", 12},
         {u"\u00a05", 0},
     };
     for (const auto& c : cases) EXPECT_DOUBLE_EQ(val(c.text), c.value) << toUtf8(c.text);

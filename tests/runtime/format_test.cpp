@@ -36,7 +36,7 @@ void checkAll(const std::vector<Case>& cases, const FormatOptions& options = {})
 }
 
 // Serials written out so that the cases do not lean on the date arithmetic.
-constexpr double kJuly5 = 45478;  // Friday 5 July 2024
+constexpr double kJuly5 = 45478;                                           // Friday 5 July 2024
 const Variant kFriday(Date{kJuly5 + (14 * 3600 + 5 * 60 + 9) / 86400.0});  // 14:05:09
 const Variant kEarly(Date{kJuly5 + (5 * 3600 + 30 * 60) / 86400.0});       // 05:30:00
 const Variant kHalfPast(Date{kJuly5 + 30 * 60 / 86400.0});                 // 00:30:00
@@ -264,15 +264,15 @@ TEST(FormatDates, WeekOptions) {
         const char16_t* expected;
     };
     const WeekCase cases[] = {
-        {kJuly5, 2, 1, u"w", u"5"},        // Friday counted from Monday
-        {kJuly5, 7, 1, u"w", u"7"},        // from Saturday
-        {45292, 1, 1, u"ww", u"1"},        // Monday 1 January 2024
-        {45657, 1, 1, u"ww", u"53"},       // Tuesday 31 December 2024
-        {44197, 2, 2, u"ww", u"53"},       // Friday 1 January 2021: last week of 2020 (four days)
-        {44200, 2, 2, u"ww", u"1"},        // Monday 4 January 2021
-        {45292, 1, 3, u"ww", u"53"},       // 1 January 2024 before the first full week
-        {45298, 1, 3, u"ww", u"1"},        // Sunday 7 January 2024
-        {45292, 0, 0, u"ww", u"1"},        // 0 means the defaults
+        {kJuly5, 2, 1, u"w", u"5"},   // Friday counted from Monday
+        {kJuly5, 7, 1, u"w", u"7"},   // from Saturday
+        {45292, 1, 1, u"ww", u"1"},   // Monday 1 January 2024
+        {45657, 1, 1, u"ww", u"53"},  // Tuesday 31 December 2024
+        {44197, 2, 2, u"ww", u"53"},  // Friday 1 January 2021: last week of 2020 (four days)
+        {44200, 2, 2, u"ww", u"1"},   // Monday 4 January 2021
+        {45292, 1, 3, u"ww", u"53"},  // 1 January 2024 before the first full week
+        {45298, 1, 3, u"ww", u"1"},   // Sunday 7 January 2024
+        {45292, 0, 0, u"ww", u"1"},   // 0 means the defaults
     };
     for (const auto& c : cases) {
         FormatOptions options;

@@ -42,7 +42,7 @@ TEST(TextEquality, CaseIgnoredAccentsKept) {
         {u"", u"", true},
         {u"a", u"", false},
         {u"a ", u"a", false},
-        {u"a\u0301", u"á", false},  // combining accent: other units, other text
+        {u"a\u0301", u"á", false},    // combining accent: other units, other text
         {u"ab", u"a\u00ADb", false},  // a soft hyphen is a character too
         {u"1", u"01", false},
     };
@@ -60,18 +60,11 @@ TEST(TextOrder, SpanishCollationWithCaseIgnored) {
         int expected;  // sign of the comparison
     };
     const Case cases[] = {
-        {u"a", u"B", -1},
-        {u"Z", u"a", 1},
-        {u"abc", u"ABD", -1},
-        {u"", u"a", -1},
-        {u"n", u"ñ", -1},
-        {u"ñ", u"o", -1},       // ñ is a letter of its own between n and o
-        {u"Ñandú", u"nube", 1},
-        {u"arbol", u"árbol", -1},  // same letters: the accent decides
-        {u"ábaco", u"Zapato", -1},  // á sorts with a, not after z
-        {u"ÁRBOL", u"árbol", 0},
-        {u"casa", u"Casas", -1},
-        {u"10", u"9", -1},  // text, not numbers
+        {u"a", u"B", -1},          {u"Z", u"a", 1},          {u"abc", u"ABD", -1}, {u"", u"a", -1},
+        {u"n", u"ñ", -1},          {u"ñ", u"o", -1},          // ñ is a letter of its own between n and o
+        {u"Ñandú", u"nube", 1},    {u"arbol", u"árbol", -1},  // same letters: the accent decides
+        {u"ábaco", u"Zapato", -1},                            // á sorts with a, not after z
+        {u"ÁRBOL", u"árbol", 0},   {u"casa", u"Casas", -1},  {u"10", u"9", -1},  // text, not numbers
     };
     for (const auto& c : cases) {
         EXPECT_EQ(sign(textCompare(c.a, c.b)), c.expected) << show(c.a) << " vs " << show(c.b);
@@ -82,9 +75,9 @@ TEST(TextOrder, SpanishCollationWithCaseIgnored) {
 TEST(TextOrder, IsATotalOrderThatAgreesWithEquality) {
     // Texts the collator holds equal though they differ as text must still
     // be ordered one way, consistently.
-    const std::vector<String> texts = {u"a",     u"A",      u"á",     u"a\u0301", u"ab",   u"a\u00ADb", u"AB",
-                                       u"ñ",     u"n",      u"o",     u"",        u" ",    u"árbol",    u"arbol",
-                                       u"ARBOL", u"Árbol", u"z",     u"-a",      u"a-",   u"1",        u"é"};
+    const std::vector<String> texts = {u"a",     u"A",     u"á", u"a\u0301", u"ab", u"a\u00ADb", u"AB",
+                                       u"ñ",     u"n",     u"o", u"",        u" ",  u"árbol",    u"arbol",
+                                       u"ARBOL", u"Árbol", u"z", u"-a",      u"a-", u"1",        u"é"};
     for (const auto& a : texts) {
         for (const auto& b : texts) {
             const int ab = sign(textCompare(a, b));
@@ -263,8 +256,7 @@ TEST(TextSearch, AgreesWithASearchOfTheFoldedTexts) {
             ASSERT_EQ(inStr(start, s, find), p == String::npos ? 0 : std::int32_t(p + 1)) << label << " from " << start;
         }
         for (std::int32_t start = 1; start <= std::int32_t(s.size()); ++start) {
-            auto p = start < std::int32_t(ff.size()) ? String::npos
-                                                      : fs.rfind(ff, std::size_t(start) - ff.size());
+            auto p = start < std::int32_t(ff.size()) ? String::npos : fs.rfind(ff, std::size_t(start) - ff.size());
             ASSERT_EQ(inStrRev(s, find, start), p == String::npos ? 0 : std::int32_t(p + 1))
                 << label << " back from " << start;
         }
@@ -347,8 +339,7 @@ TEST(Like, WildcardsListsAndRangesIgnoringCase) {
 
 TEST(Like, MalformedPatternsRaiseError93) {
     const char16_t* patterns[] = {u"[a", u"a[", u"*[!", u"[z-a]", u"[Z-A]"};
-    for (const auto* p : patterns)
-        EXPECT_EQ(errorNumberOf([&] { likeText(u"a", p); }), 93) << show(p);
+    for (const auto* p : patterns) EXPECT_EQ(errorNumberOf([&] { likeText(u"a", p); }), 93) << show(p);
 }
 
 TEST(MidLeftRight, CutWithTheRuntimeChecks) {
@@ -405,8 +396,7 @@ TEST(TrimAndRepeat, BlanksOnlyAndCheckedCounts) {
     EXPECT_EQ(repeatChar(3, u'ñ'), u"ñññ");
     EXPECT_EQ(errorNumberOf([] { space(-1); }), err::InvalidProcedureCall);
     EXPECT_EQ(errorNumberOf([] { repeatChar(-5, u'x'); }), err::InvalidProcedureCall);
-    EXPECT_EQ(errorNumberOf([] { repeatChar(std::numeric_limits<std::int32_t>::max(), u'x'); }),
-              err::OutOfStringSpace);
+    EXPECT_EQ(errorNumberOf([] { repeatChar(std::numeric_limits<std::int32_t>::max(), u'x'); }), err::OutOfStringSpace);
 }
 
 }  // namespace

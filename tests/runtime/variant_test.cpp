@@ -89,7 +89,11 @@ TEST(Checked, SixteenAndThirtyTwoBitArithmeticOverflowsWithError6) {
     ++i;
     EXPECT_EQ(i.value(), 32767);
     EXPECT_EQ(errorNumberOf([&] { ++i; }), err::Overflow);
-    EXPECT_EQ(errorNumberOf([] { Int16 a = -32768; -a; }), err::Overflow);
+    EXPECT_EQ(errorNumberOf([] {
+                  Int16 a = -32768;
+                  -a;
+              }),
+              err::Overflow);
     EXPECT_EQ(errorNumberOf([] { Int16(200) * Int16(200); }), err::Overflow);
     EXPECT_EQ(errorNumberOf([] { Int32(2147483647) + Int32(1); }), err::Overflow);
     EXPECT_EQ((Int32(-2147483647) - Int32(1)).value(), -2147483647 - 1);
@@ -115,7 +119,9 @@ TEST(Text, Utf8RoundTripsAndCountsUtf16Units) {
     String s = fromUtf8("año €𝄞");
     EXPECT_EQ(s.size(), 7u) << "the clef is a surrogate pair";
     EXPECT_EQ(toUtf8(s), "año €𝄞");
-    EXPECT_EQ(fromUtf8("a\xff" "b"), u"a\uFFFDb");
+    EXPECT_EQ(fromUtf8("a\xff"
+                       "b"),
+              u"a\uFFFDb");
     EXPECT_EQ(fromUtf8("\xe2\x82"), u"\uFFFD");
     EXPECT_EQ(toUtf8(String(1, char16_t(0xD800))), "\xEF\xBF\xBD");
 }

@@ -14,10 +14,23 @@ TEST(ColumnLetters, NameTheColumnsOfTheSheetOnly) {
         const char16_t* letters;
         std::optional<std::int32_t> column;
     } cases[] = {
-        {u"A", 1},     {u"b", 2},       {u"Z", 26},           {u"AA", 27},          {u"AZ", 52},
-        {u"BA", 53},   {u"IV", 256},    {u"XFD", 16384},      {u"xfd", 16384},      {u"XFE", std::nullopt},
-        {u"AAAA", std::nullopt},        {u"", std::nullopt},  {u"[", std::nullopt}, {u"\\", std::nullopt},
-        {u"A1", std::nullopt},          {u"$A", std::nullopt}, {u"Ñ", std::nullopt},
+        {u"A", 1},
+        {u"b", 2},
+        {u"Z", 26},
+        {u"AA", 27},
+        {u"AZ", 52},
+        {u"BA", 53},
+        {u"IV", 256},
+        {u"XFD", 16384},
+        {u"xfd", 16384},
+        {u"XFE", std::nullopt},
+        {u"AAAA", std::nullopt},
+        {u"", std::nullopt},
+        {u"[", std::nullopt},
+        {u"\\", std::nullopt},
+        {u"A1", std::nullopt},
+        {u"$A", std::nullopt},
+        {u"Ñ", std::nullopt},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(columnNumber(c.letters), c.column) << toUtf8(c.letters);
@@ -72,11 +85,24 @@ TEST(BorderMeanings, FollowTheSpreadsheetsConstants) {
         std::int32_t lineStyle, weight;
         std::optional<std::uint8_t> fileStyle;
     } cases[] = {
-        {Continuous, Hairline, 7}, {Continuous, Thin, 1},     {Continuous, Medium, 2}, {Continuous, Thick, 5},
-        {Dash, Thin, 3},           {Dash, Medium, 8},         {DashDot, Thin, 9},      {DashDot, Thick, 10},
-        {DashDotDot, Thin, 11},    {DashDotDot, Medium, 12},  {Dot, Thin, 4},          {line_style::Double, Thick, 6},
-        {SlantDashDot, Medium, 13}, {line_style::None, Thin, 0}, {0, Thin, std::nullopt}, {2, Thin, std::nullopt},
-        {Continuous, 3, std::nullopt}, {Continuous, 0, std::nullopt},
+        {Continuous, Hairline, 7},
+        {Continuous, Thin, 1},
+        {Continuous, Medium, 2},
+        {Continuous, Thick, 5},
+        {Dash, Thin, 3},
+        {Dash, Medium, 8},
+        {DashDot, Thin, 9},
+        {DashDot, Thick, 10},
+        {DashDotDot, Thin, 11},
+        {DashDotDot, Medium, 12},
+        {Dot, Thin, 4},
+        {line_style::Double, Thick, 6},
+        {SlantDashDot, Medium, 13},
+        {line_style::None, Thin, 0},
+        {0, Thin, std::nullopt},
+        {2, Thin, std::nullopt},
+        {Continuous, 3, std::nullopt},
+        {Continuous, 0, std::nullopt},
     };
     for (const auto& c : cases)
         EXPECT_EQ(borderStyle(c.lineStyle, c.weight), c.fileStyle) << c.lineStyle << " " << c.weight;
@@ -87,9 +113,17 @@ TEST(BorderMeanings, ColourIndexesAreThePalettes) {
         std::int32_t index;
         std::optional<std::uint32_t> color;
     } cases[] = {
-        {1, 0x000000u}, {2, 0xFFFFFFu}, {3, 0xFF0000u}, {5, 0x0000FFu}, {15, 0xC0C0C0u}, {56, 0x333333u},
-        {color_index::Automatic, kAutomaticColor}, {color_index::None, kAutomaticColor},
-        {0, std::nullopt}, {57, std::nullopt}, {-1, std::nullopt},
+        {1, 0x000000u},
+        {2, 0xFFFFFFu},
+        {3, 0xFF0000u},
+        {5, 0x0000FFu},
+        {15, 0xC0C0C0u},
+        {56, 0x333333u},
+        {color_index::Automatic, kAutomaticColor},
+        {color_index::None, kAutomaticColor},
+        {0, std::nullopt},
+        {57, std::nullopt},
+        {-1, std::nullopt},
     };
     for (const auto& c : cases) EXPECT_EQ(paletteColor(c.index), c.color) << c.index;
     // RGB() keeps red in the low byte.

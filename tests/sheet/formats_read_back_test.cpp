@@ -97,9 +97,9 @@ TEST(Borders, OfABlockAreOnItsEdgesOnly) {
         objectOf(sheet->get(u"Range", {Variant(u"D4:B2")})).call(u"BorderAround");
         sheet->put(u"Range", {Variant(u"C3")}, Variant(u"centro"));
     }));
-    EXPECT_EQ(file.cells, (std::vector<std::string>{"B2 T=thin L=thin", "C2 T=thin", "D2 T=thin R=thin", "B3 L=thin",
-                                                    "C3 s:centro", "D3 R=thin", "B4 L=thin B=thin", "C4 B=thin",
-                                                    "D4 B=thin R=thin"}));
+    EXPECT_EQ(file.cells,
+              (std::vector<std::string>{"B2 T=thin L=thin", "C2 T=thin", "D2 T=thin R=thin", "B3 L=thin", "C3 s:centro",
+                                        "D3 R=thin", "B4 L=thin B=thin", "C4 B=thin", "D4 B=thin R=thin"}));
 }
 
 TEST(Fonts, OfWholeColumnsReachCellsWrittenLater) {

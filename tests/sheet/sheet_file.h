@@ -23,7 +23,8 @@ struct SheetFile {
 
 inline SheetFile readSheetFile(const std::filesystem::path& path) {
     SheetFile file;
-    const std::string command = "/usr/bin/python3 " TELVARO_SOURCE_DIR "/tests/sheet/read_xlsx.py '" + path.string() + "' 2>&1";
+    const std::string command =
+        "/usr/bin/python3 " TELVARO_SOURCE_DIR "/tests/sheet/read_xlsx.py '" + path.string() + "' 2>&1";
     std::unique_ptr<FILE, int (*)(FILE*)> pipe(::popen(command.c_str(), "r"), ::pclose);
     if (!pipe) return file;
     std::string output;

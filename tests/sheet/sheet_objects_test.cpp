@@ -76,7 +76,8 @@ TEST(CellValues, AreTakenAsTheSpreadsheetTakesThem) {
         Object& cell = *held;
         cell.put(u"Value", Variant(u"previo"));
         cell.put(u"Value", c.assigned);
-        EXPECT_TRUE(identical(cell.get(u"Value"), c.readBack)) << describe(c.assigned) << " -> " << describe(cell.get(u""));
+        EXPECT_TRUE(identical(cell.get(u"Value"), c.readBack))
+            << describe(c.assigned) << " -> " << describe(cell.get(u""));
     }
     // A cell that was given a date keeps showing numbers as dates.
     ObjectRef dated = sheet->get(u"Range", {Variant(u"E1")}).object();
@@ -132,13 +133,25 @@ TEST(Members, RaiseTheSpreadsheetsErrorsForBadArguments) {
         {"Value = Nothing", put(b2, u"Value", Variant(ObjectRef())), 91},
         {"Range(\"A:B\").Value = 1", put(*columnsAB, u"Value", Variant(1)), 7},
         {"BorderAround(2)", [&] { b2.call(u"BorderAround", {Variant(2)}); }, 1004},
-        {"BorderAround(1, 3)", [&] { b2.call(u"BorderAround", {Variant(1), Variant(3)}); }, 1004},
-        {"BorderAround(1, 2, 57)", [&] { b2.call(u"BorderAround", {Variant(1), Variant(2), Variant(57)}); }, 1004},
+        {"BorderAround(1, 3)",
+         [&] {
+             b2.call(u"BorderAround", {Variant(1), Variant(3)});
+         },
+         1004},
+        {"BorderAround(1, 2, 57)",
+         [&] {
+             b2.call(u"BorderAround", {Variant(1), Variant(2), Variant(57)});
+         },
+         1004},
         {"BorderAround(1, 2, , -1)",
-         [&] { b2.call(u"BorderAround", {Variant(1), Variant(2), Variant::missing(), Variant(-1)}); }, 1004},
+         [&] {
+             b2.call(u"BorderAround", {Variant(1), Variant(2), Variant::missing(), Variant(-1)});
+         },
+         1004},
         {"Range.Merge", [&] { b2.call(u"Merge"); }, 438},
         {"Sheet.Name", get(*sheet, u"Name", {}), 438},
-        {"Workbooks.Add(\"plantilla.xlt\")", [&] { objectOf(app->get(u"Workbooks")).call(u"Add", {Variant(u"plantilla.xlt")}); }, 1004},
+        {"Workbooks.Add(\"plantilla.xlt\")",
+         [&] { objectOf(app->get(u"Workbooks")).call(u"Add", {Variant(u"plantilla.xlt")}); }, 1004},
         {"Application.Quit", [&] { app->call(u"Quit"); }, 438},
     };
     for (const auto& c : cases) EXPECT_EQ(errorNumberOf(c.call), c.error) << c.what;

@@ -1,6 +1,6 @@
-#include "host/default_platform.h"
-#include "frame/invoke.h"
 #include "support/support.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 
 #include <gtest/gtest.h>
 
@@ -24,8 +24,8 @@ void checkCalls(const std::vector<MethodCase>& cases) {
             Variant got = invoke(fun, c.method, args);
             EXPECT_EQ(c.error, 0) << label << " returned " << describe(got);
             if (!c.error) {
-                EXPECT_TRUE(identical(got, c.expected)) << label << " gave " << describe(got) << ", not "
-                                                        << describe(c.expected);
+                EXPECT_TRUE(identical(got, c.expected))
+                    << label << " gave " << describe(got) << ", not " << describe(c.expected);
             }
         } catch (const RuntimeError& e) {
             EXPECT_EQ(e.number(), c.error) << label << " raised " << e.what();

@@ -53,7 +53,8 @@ public:
 class TestPlatform : public ScriptedPlatform {
 public:
     explicit TestPlatform(std::vector<int> answers = {})
-        : ScriptedPlatform(defaultPlatform(), std::move(answers)), recording_(std::make_shared<RecordingEnvironment>()) {
+        : ScriptedPlatform(defaultPlatform(), std::move(answers)),
+          recording_(std::make_shared<RecordingEnvironment>()) {
         use(std::shared_ptr<Environment>(recording_));
     }
 

@@ -69,21 +69,13 @@ MemoryBudget::MemoryBudget(std::size_t bytes) {
     limit = start + static_cast<std::int64_t>(bytes);
 }
 
-MemoryBudget::~MemoryBudget() {
-    limit = 0;
-}
+MemoryBudget::~MemoryBudget() { limit = 0; }
 
-bool MemoryBudget::exceeded() const {
-    return overBudget;
-}
+bool MemoryBudget::exceeded() const { return overBudget; }
 
-std::size_t MemoryBudget::peak() const {
-    return static_cast<std::size_t>(highest - start);
-}
+std::size_t MemoryBudget::peak() const { return static_cast<std::size_t>(highest - start); }
 
-std::int64_t bytesInUse() {
-    return inUse;
-}
+std::int64_t bytesInUse() { return inUse; }
 
 AddressSpaceLimit::AddressSpaceLimit(std::size_t bytes) {
 #ifndef TELVARO_ADDRESS_SANITIZER
@@ -119,57 +111,25 @@ AddressSpaceLimit::~AddressSpaceLimit() {
 using telvaro::sweep::give;
 using telvaro::sweep::takeOrThrow;
 
-void* operator new(std::size_t n) {
-    return takeOrThrow(n, 0);
-}
-void* operator new[](std::size_t n) {
-    return takeOrThrow(n, 0);
-}
-void* operator new(std::size_t n, std::align_val_t a) {
-    return takeOrThrow(n, static_cast<std::size_t>(a));
-}
-void* operator new[](std::size_t n, std::align_val_t a) {
-    return takeOrThrow(n, static_cast<std::size_t>(a));
-}
-void* operator new(std::size_t n, const std::nothrow_t&) noexcept {
-    return telvaro::sweep::take(n, 0);
-}
-void* operator new[](std::size_t n, const std::nothrow_t&) noexcept {
-    return telvaro::sweep::take(n, 0);
-}
+void* operator new(std::size_t n) { return takeOrThrow(n, 0); }
+void* operator new[](std::size_t n) { return takeOrThrow(n, 0); }
+void* operator new(std::size_t n, std::align_val_t a) { return takeOrThrow(n, static_cast<std::size_t>(a)); }
+void* operator new[](std::size_t n, std::align_val_t a) { return takeOrThrow(n, static_cast<std::size_t>(a)); }
+void* operator new(std::size_t n, const std::nothrow_t&) noexcept { return telvaro::sweep::take(n, 0); }
+void* operator new[](std::size_t n, const std::nothrow_t&) noexcept { return telvaro::sweep::take(n, 0); }
 void* operator new(std::size_t n, std::align_val_t a, const std::nothrow_t&) noexcept {
     return telvaro::sweep::take(n, static_cast<std::size_t>(a));
 }
 void* operator new[](std::size_t n, std::align_val_t a, const std::nothrow_t&) noexcept {
     return telvaro::sweep::take(n, static_cast<std::size_t>(a));
 }
-void operator delete(void* p) noexcept {
-    give(p);
-}
-void operator delete[](void* p) noexcept {
-    give(p);
-}
-void operator delete(void* p, std::size_t) noexcept {
-    give(p);
-}
-void operator delete[](void* p, std::size_t) noexcept {
-    give(p);
-}
-void operator delete(void* p, std::align_val_t) noexcept {
-    give(p);
-}
-void operator delete[](void* p, std::align_val_t) noexcept {
-    give(p);
-}
-void operator delete(void* p, std::size_t, std::align_val_t) noexcept {
-    give(p);
-}
-void operator delete[](void* p, std::size_t, std::align_val_t) noexcept {
-    give(p);
-}
-void operator delete(void* p, const std::nothrow_t&) noexcept {
-    give(p);
-}
-void operator delete[](void* p, const std::nothrow_t&) noexcept {
-    give(p);
-}
+void operator delete(void* p) noexcept { give(p); }
+void operator delete[](void* p) noexcept { give(p); }
+void operator delete(void* p, std::size_t) noexcept { give(p); }
+void operator delete[](void* p, std::size_t) noexcept { give(p); }
+void operator delete(void* p, std::align_val_t) noexcept { give(p); }
+void operator delete[](void* p, std::align_val_t) noexcept { give(p); }
+void operator delete(void* p, std::size_t, std::align_val_t) noexcept { give(p); }
+void operator delete[](void* p, std::size_t, std::align_val_t) noexcept { give(p); }
+void operator delete(void* p, const std::nothrow_t&) noexcept { give(p); }
+void operator delete[](void* p, const std::nothrow_t&) noexcept { give(p); }

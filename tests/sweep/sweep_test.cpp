@@ -15,9 +15,9 @@
 #include <mutex>
 #include <thread>
 
+#include "context/thread_state.h"
 #include "frame/bind.h"
 #include "frame/invoke.h"
-#include "context/thread_state.h"
 #include "runtime/convert.h"
 #include "support/support.h"
 #include "support/test_platform.h"
@@ -36,9 +36,7 @@ constexpr std::size_t kMemoryPerCall = std::size_t(256) << 20;
 constexpr auto kHang = 60s;
 
 // What is left in a file's place by a path that climbs out.
-std::string escapeName() {
-    return "telvaro-escape-" + std::to_string(::getpid());
-}
+std::string escapeName() { return "telvaro-escape-" + std::to_string(::getpid()); }
 
 std::vector<Variant> junkValues() {
     const String escape = fromUtf8(escapeName());

@@ -9,8 +9,8 @@
 #include <fstream>
 #include <thread>
 
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
 #include "platform/posix/home.h"
 #include "platform/posix/internet_probe.h"
 #include "platform/posix/launcher.h"
@@ -132,7 +132,8 @@ TEST(Launcher, ProgramsStartWithTheirParametersInTheirFolder) {
     const fs::path folder = fs::current_path() / "lanzar";
     fs::create_directories(folder);
     const fs::path script = folder / "programa";
-    std::ofstream(script) << "#!/bin/sh\npwd > salida.tmp\nfor a in \"$@\"; do echo \"[$a]\" >> salida.tmp; done\nmv salida.tmp salida.txt\n";
+    std::ofstream(script) << "#!/bin/sh\npwd > salida.tmp\nfor a in \"$@\"; do echo \"[$a]\" >> salida.tmp; done\nmv "
+                             "salida.tmp salida.txt\n";
     fs::permissions(script, fs::perms::owner_all);
 
     // A path as callers write one, relative to the working folder (the home

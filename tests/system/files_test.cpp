@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
 #include "platform/posix/home.h"
 #include "support/support.h"
 #include "support/test_platform.h"
@@ -61,15 +61,21 @@ TEST_F(Files, ExistenceTests) {
         String path;
         bool expected;
     } cases[] = {
-        {"fsoExisteArchivo", path(u"f.txt"), true},    {"fsoExisteArchivo", path(u"g.txt"), false},
-        {"fsoExisteArchivo", path(u"carpeta"), false}, {"fsoExisteArchivo", path(u"*.txt"), false},
-        {"fsoExisteArchivo", u"", false},              {"fsoExisteCarpeta", path(u"carpeta"), true},
-        {"fsoExisteCarpeta", path(u"carpeta\\"), true}, {"fsoExisteCarpeta", path(u"f.txt"), false},
-        {"fsoExisteCarpeta", u"C:\\", true},           {"fsoExisteCarpeta", u"Q:\\", false},
+        {"fsoExisteArchivo", path(u"f.txt"), true},
+        {"fsoExisteArchivo", path(u"g.txt"), false},
+        {"fsoExisteArchivo", path(u"carpeta"), false},
+        {"fsoExisteArchivo", path(u"*.txt"), false},
+        {"fsoExisteArchivo", u"", false},
+        {"fsoExisteCarpeta", path(u"carpeta"), true},
+        {"fsoExisteCarpeta", path(u"carpeta\\"), true},
+        {"fsoExisteCarpeta", path(u"f.txt"), false},
+        {"fsoExisteCarpeta", u"C:\\", true},
+        {"fsoExisteCarpeta", u"Q:\\", false},
         {"fsoExisteCarpeta", u"", false},
     };
     for (const auto& c : cases)
-        EXPECT_TRUE(identical(call(c.method, {c.path}), Variant(Boolean(c.expected)))) << c.method << " " << toUtf8(c.path);
+        EXPECT_TRUE(identical(call(c.method, {c.path}), Variant(Boolean(c.expected))))
+            << c.method << " " << toUtf8(c.path);
 }
 
 TEST_F(Files, SpecialFolders) {
@@ -161,13 +167,41 @@ TEST_F(Files, RecordErrors) {
         std::function<void()> call;
         int error;
     } cases[] = {
-        {"record 0", [&] { call("fsoGrabaArchivo", {file, 0, Variant(1)}); }, err::BadRecordNumber},
-        {"record -1", [&] { call("fsoLeeArchivo", {file, -1}); }, err::BadRecordNumber},
-        {"record 40000", [&] { call("fsoLeeArchivo", {file, 40000}); }, err::Overflow},
-        {"125 characters", [&] { call("fsoGrabaArchivo", {file, 1, Variant(String(125, u'x'))}); }, err::BadRecordLength},
-        {"object", [&] { call("fsoGrabaArchivo", {file, 1, Variant(ObjectRef())}); }, err::TypeMismatch},
-        {"missing folder", [&] { call("fsoLeeArchivo", {path(u"no\\e.dat"), 1}); }, err::PathNotFound},
-        {"a folder", [&] { call("fsoGrabaArchivo", {root_, 1, Variant(1)}); }, err::PathFileAccessError},
+        {"record 0",
+         [&] {
+             call("fsoGrabaArchivo", {file, 0, Variant(1)});
+         },
+         err::BadRecordNumber},
+        {"record -1",
+         [&] {
+             call("fsoLeeArchivo", {file, -1});
+         },
+         err::BadRecordNumber},
+        {"record 40000",
+         [&] {
+             call("fsoLeeArchivo", {file, 40000});
+         },
+         err::Overflow},
+        {"125 characters",
+         [&] {
+             call("fsoGrabaArchivo", {file, 1, Variant(String(125, u'x'))});
+         },
+         err::BadRecordLength},
+        {"object",
+         [&] {
+             call("fsoGrabaArchivo", {file, 1, Variant(ObjectRef())});
+         },
+         err::TypeMismatch},
+        {"missing folder",
+         [&] {
+             call("fsoLeeArchivo", {path(u"no\\e.dat"), 1});
+         },
+         err::PathNotFound},
+        {"a folder",
+         [&] {
+             call("fsoGrabaArchivo", {root_, 1, Variant(1)});
+         },
+         err::PathFileAccessError},
     };
     for (const auto& c : cases) EXPECT_EQ(errorNumberOf(c.call), c.error) << c.what;
     // What did not fit changed nothing; 124 characters fit.

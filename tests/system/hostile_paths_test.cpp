@@ -7,9 +7,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "platform/posix/home.h"
 #include "platform/posix/launcher.h"
 #include "support/support.h"

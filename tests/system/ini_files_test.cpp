@@ -9,9 +9,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "platform/ansi.h"
 #include "platform/ini_document.h"
 #include "platform/posix/home.h"
@@ -36,7 +36,9 @@ protected:
         fs::remove_all(home_);
     }
 
-    static void writeFile(const char* bytes) { std::ofstream(posix::mapPath(u"C:\\App\\app.ini"), std::ios::binary) << bytes; }
+    static void writeFile(const char* bytes) {
+        std::ofstream(posix::mapPath(u"C:\\App\\app.ini"), std::ios::binary) << bytes;
+    }
     static std::string readFile() {
         std::ifstream in(posix::mapPath(u"C:\\App\\app.ini"), std::ios::binary);
         std::ostringstream s;
@@ -85,17 +87,18 @@ TEST_F(IniFiles, ReadingFollowsTheProfileRules) {
         {u" Conexion ", u" Servidor ", Variant::missing(), u"srv01"},  // blanks around the names
         {u"Conexion", u"Base", Variant::missing(), u"contable"},       // quotes removed
         {u"Conexion", u"Clave", Variant::missing(), u"x y"},
-        {u"Conexion", u"Vacia", Variant(u"def"), u"def"},             // an empty value gives the default
-        {u"Conexion", u"Puerto", Variant(u"0"), u"0"},                 // a comment is not a key; first section only
+        {u"Conexion", u"Vacia", Variant(u"def"), u"def"},  // an empty value gives the default
+        {u"Conexion", u"Puerto", Variant(u"0"), u"0"},     // a comment is not a key; first section only
         {u"Otra", u"Servidor", Variant::missing(), u"otro"},
         {u"NoExiste", u"Servidor", Variant(u"x"), u"x"},
         {u"Conexion", u"NoExiste", Variant::missing(), u""},
         {u"Conexion", u"NoExiste", Variant(std::int32_t(5)), u"5"},
-        {u"Conexion", u"NoExiste", Variant(u"ab  "), u"ab"},          // trailing blanks of the default go
-        {u"Conexion", u"NoExiste", Variant(u"   "), u"   "},          // but an all-blank default comes back
+        {u"Conexion", u"NoExiste", Variant(u"ab  "), u"ab"},  // trailing blanks of the default go
+        {u"Conexion", u"NoExiste", Variant(u"   "), u"   "},  // but an all-blank default comes back
     };
     for (const auto& c : cases)
-        EXPECT_EQ(toUtf8(read(c.section, c.key, c.def)), toUtf8(c.expected)) << toUtf8(c.section) << "." << toUtf8(c.key);
+        EXPECT_EQ(toUtf8(read(c.section, c.key, c.def)), toUtf8(c.expected))
+            << toUtf8(c.section) << "." << toUtf8(c.key);
 }
 
 TEST_F(IniFiles, MissingFileGivesTheDefaultAndLongValuesAreCut) {
@@ -157,8 +160,8 @@ TEST_F(IniFiles, AWriteRemovesWhatKilledWritesLeftInItsFolder) {
     } files[] = {
         {".app.ini.telvaro-tmp-Ab12Cd", true},
         {".otro.ini.telvaro-tmp-000000", true},
-        {"app.ini.telvaro-tmp-Ab12Cd", false},   // not hidden: not ours
-        {".app.ini.telvaro-tmp-Ab12C", false},   // not six characters
+        {"app.ini.telvaro-tmp-Ab12Cd", false},  // not hidden: not ours
+        {".app.ini.telvaro-tmp-Ab12C", false},  // not six characters
         {".app.ini.XXXXXX", false},
         {"notas.txt", false},
     };

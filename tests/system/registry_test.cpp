@@ -8,9 +8,9 @@
 #include <chrono>
 #include <thread>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/home.h"
 #include "platform/posix/posix_registry.h"
@@ -62,14 +62,17 @@ TEST(Registry, HandlesAreNonZeroExceptWhenCreationFails) {
     ASSERT_EQ(created.type(), VarType::Long);
     EXPECT_NE(created.get<std::int32_t>(), 0);
     EXPECT_NE(call("REG_CreaClave", {kCurrentUser, u"Software\\Telvaro\\Claves", True}).get<std::int32_t>(), 0);
-    EXPECT_NE(call("REG_PoneValor", {kCurrentUser, u"Software\\Telvaro\\Claves", u"x", u"1", 2}).get<std::int32_t>(), 0);
+    EXPECT_NE(call("REG_PoneValor", {kCurrentUser, u"Software\\Telvaro\\Claves", u"x", u"1", 2}).get<std::int32_t>(),
+              0);
     for (const auto& [root, key] : std::vector<std::pair<std::int32_t, String>>{
              {7, u"Software\\X"}, {-1, u"Software\\X"}, {kCurrentUser, u"\\Software"}, {kCurrentUser, u"a\\\\b"}}) {
         EXPECT_TRUE(identical(call("REG_CreaClave", {root, key}), Variant(std::int32_t(0)))) << root << toUtf8(key);
         EXPECT_TRUE(identical(call("REG_PoneValor", {root, key, u"v", u"1"}), Variant(std::int32_t(0))));
     }
     // A value that is not a number for a number value: the runtime's error.
-    EXPECT_EQ(errorNumberOf([] { call("REG_PoneValor", {kCurrentUser, u"Software\\X", u"n", u"abc", 4}); }),
+    EXPECT_EQ(errorNumberOf([] {
+                  call("REG_PoneValor", {kCurrentUser, u"Software\\X", u"n", u"abc", 4});
+              }),
               err::TypeMismatch);
 }
 
@@ -101,7 +104,8 @@ TEST(RegistryDocument, TextRoundTripsAndBadLinesAreDropped) {
         "@=\"def\"\n";
     RegistryDocument document(u"HKEY_USERS", text);
     EXPECT_EQ(document.text(), text);
-    RegistryDocument damaged(u"HKEY_USERS", "[HKEY_USERS\\A]\n\"s\"=dword:zz\n\"t\"=\"ok\"\nbasura\n[OTRA\\X]\n\"u\"=\"no\"\n");
+    RegistryDocument damaged(u"HKEY_USERS",
+                             "[HKEY_USERS\\A]\n\"s\"=dword:zz\n\"t\"=\"ok\"\nbasura\n[OTRA\\X]\n\"u\"=\"no\"\n");
     EXPECT_FALSE(damaged.value(u"A", u"s"));
     EXPECT_EQ(damaged.value(u"A", u"t")->data, std::string("ok") + '\0');
     EXPECT_FALSE(damaged.hasKey(u"X"));
@@ -113,7 +117,8 @@ pid_t writeInChild(const char* prefix, int count) {
     if (child == 0) {
         Fun fun(defaultPlatform());
         for (int i = 0; i < count; ++i) {
-            std::vector<Variant> args{kCurrentUser, u"Software\\Compartida", fromUtf8(prefix + std::to_string(i)), i, 4};
+            std::vector<Variant> args{kCurrentUser, u"Software\\Compartida", fromUtf8(prefix + std::to_string(i)), i,
+                                      4};
             invoke(fun, "REG_PoneValor", args);
         }
         ::_exit(0);
@@ -130,8 +135,8 @@ TEST(Registry, TwoProcessesWritingAtOnceLoseNothing) {
     ::waitpid(b, &status, 0);
     for (const char* prefix : {"a", "b"})
         for (int i = 0; i < kWrites; ++i)
-            EXPECT_TRUE(identical(call("REG_BuscaRegistro", {kCurrentUser, u"Software\\Compartida",
-                                                             fromUtf8(prefix + std::to_string(i))}),
+            EXPECT_TRUE(identical(call("REG_BuscaRegistro",
+                                       {kCurrentUser, u"Software\\Compartida", fromUtf8(prefix + std::to_string(i))}),
                                   Variant(std::int32_t(i))))
                 << prefix << i;
 }

@@ -1,9 +1,9 @@
 // Amounts in words as invoices and cheques print them.
 #include <gtest/gtest.h>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "support/support.h"
 #include "text/amount_in_words.h"
 
@@ -102,7 +102,9 @@ TEST(Numero2Letra, BadInput) {
     EXPECT_EQ(errorNumberOf([] { amount({Variant(u"doce")}); }), err::TypeMismatch);
     EXPECT_EQ(errorNumberOf([] { amount({Variant(u"")}); }), err::TypeMismatch);
     EXPECT_EQ(errorNumberOf([] { amount({Variant(u"1e16")}); }), err::Overflow);
-    EXPECT_EQ(errorNumberOf([] { amount({Variant(u"5"), Variant(std::int32_t(0)), Variant(std::int32_t(-1))}); }),
+    EXPECT_EQ(errorNumberOf([] {
+                  amount({Variant(u"5"), Variant(std::int32_t(0)), Variant(std::int32_t(-1))});
+              }),
               err::InvalidProcedureCall);
 }
 

@@ -1,9 +1,9 @@
 // The formula evaluator: the rewriting rules and their deliberate quirks.
 #include <gtest/gtest.h>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "runtime/regional.h"
 #include "support/support.h"
 #include "text/formula.h"
@@ -25,12 +25,16 @@ TEST(Formula, RewritingGivesTheseValues) {
         double value;
     };
     const Case cases[] = {
-        {u"2*3+1", 7},       {u"1+2*3", 7},       {u"2^3^2", 512},   {u"8/4/2", 4},       {u"6/2*3", 1},
-        {u"1+2*3-4/2", 1.5}, {u"1+2*-3", -9},     {u"2*-3", -6},     {u"-5+3", -2},       {u"150 % 12", 18},
-        {u"10/0", 0},        {u"7\\2", 3},        {u"7\\0", 0},      {u"(1+2", 3},        {u"1 000 + 1", 1001},
-        {u"abc", 0},         {u"12abc", 12},      {u"", 0},          {u"   ", 0},         {u"1+2*(3+4)", 15},
-        {u"(2+3)*(4+5)", 45}, {u",5+1", 1.5},     {u"1,234,5+0", 1234.5}, {u"1,234,5", 1}, {u"1,5*2", 3},     {u"2x3+1", 6},
-        {u"$12.50", 12.5},   {u"1/3", 1.0 / 3}, {u"2 x 3", 23}, {u"2^0.5", 1.4142135623731},
+        {u"2*3+1", 7},     {u"1+2*3", 7},          {u"2^3^2", 512},
+        {u"8/4/2", 4},     {u"6/2*3", 1},          {u"1+2*3-4/2", 1.5},
+        {u"1+2*-3", -9},   {u"2*-3", -6},          {u"-5+3", -2},
+        {u"150 % 12", 18}, {u"10/0", 0},           {u"7\\2", 3},
+        {u"7\\0", 0},      {u"(1+2", 3},           {u"1 000 + 1", 1001},
+        {u"abc", 0},       {u"12abc", 12},         {u"", 0},
+        {u"   ", 0},       {u"1+2*(3+4)", 15},     {u"(2+3)*(4+5)", 45},
+        {u",5+1", 1.5},    {u"1,234,5+0", 1234.5}, {u"1,234,5", 1},
+        {u"1,5*2", 3},     {u"2x3+1", 6},          {u"$12.50", 12.5},
+        {u"1/3", 1.0 / 3}, {u"2 x 3", 23},         {u"2^0.5", 1.4142135623731},
     };
     for (const auto& c : cases) EXPECT_DOUBLE_EQ(calc(c.formula), c.value) << toUtf8(c.formula);
 }

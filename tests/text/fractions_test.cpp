@@ -64,9 +64,9 @@ TEST(Stock, SubtractAndAddInLooseUnits) {
         {"StockSuma", {D(5.06), S(u"0.08"), I(12)}, D(6.02)},
         {"StockResta", {D(10), S(u"3"), I(12)}, D(7)},
         {"StockSuma", {D(10), S(u"3"), I(12)}, D(13)},
-        {"StockResta", {D(1.02), S(u"2.04"), I(12)}, D(-1)},  // below zero: the loose units are lost
+        {"StockResta", {D(1.02), S(u"2.04"), I(12)}, D(-1)},    // below zero: the loose units are lost
         {"StockResta", {D(1.02), S(u"2.01"), I(12)}, D(0.11)},  // a two-digit negative F loses its sign
-        {"StockResta", {D(10.5), S(u"0.25"), I(1)}, D(10.3)},  // rounded to one decimal, half to even
+        {"StockResta", {D(10.5), S(u"0.25"), I(1)}, D(10.3)},   // rounded to one decimal, half to even
         {"StockResta", {D(10.5), S(u"0.25"), I(0)}, D(10.25)},
         {"StockSuma", {D(5), S(u"0.5"), I(12)}, D(9.02)},  // ".5" reads as 50 loose units
     });

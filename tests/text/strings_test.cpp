@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "host/default_platform.h"
-#include "frame/invoke.h"
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 #include "runtime/text.h"
 #include "support/support.h"
 #include "text/strings.h"
@@ -141,7 +141,8 @@ TEST(FnLlenaVector, SplitsAndConvertsAllButTheLastPiece) {
         {"fn_LlenaVector", {S(u",a"), L(0)}, vectorOf({S(u""), S(u"a")})},
         {"fn_LlenaVector", {S(u"a;b"), L(0), S(u";")}, vectorOf({S(u"a"), S(u"b")})},
         {"fn_LlenaVector", {S(u"aXbxc"), L(0), S(u"x")}, vectorOf({S(u"a"), S(u"b"), S(u"c")})},
-        {"fn_LlenaVector", {S(u"1.5|-2e3| 7 |x"), L(1), S(u"|")},
+        {"fn_LlenaVector",
+         {S(u"1.5|-2e3| 7 |x"), L(1), S(u"|")},
          vectorOf({Variant(1.5), Variant(-2000.0), Variant(7.0), S(u"x")})},
         {"fn_LlenaVector", {S(u"1,2,3"), L(7)}, vectorOf({S(u"1"), S(u"2"), S(u"3")})},
         // A separator of two characters: each later piece keeps its second one.
@@ -167,7 +168,8 @@ TEST(FnLlenaVector, SplitsAndConvertsAllButTheLastPiece) {
 TEST(FnLlenaVector, DatesInTheRegionalOrder) {
     checkCalls({
         {"fn_LlenaVector", {S(u"31/12/1998,x"), L(2)}, vectorOf({Variant(Date{36160.0}), S(u"x")})},
-        {"fn_LlenaVector", {S(u"1/2/2024|15/03/2024|31/12/1998"), L(2), S(u"|")},
+        {"fn_LlenaVector",
+         {S(u"1/2/2024|15/03/2024|31/12/1998"), L(2), S(u"|")},
          vectorOf({Variant(Date{45323.0}), Variant(Date{45366.0}), S(u"31/12/1998")})},
     });
 }
@@ -180,7 +182,8 @@ Variant splitStepByStep(const String& elementos, const String& separador) {
     std::vector<Variant> pieces;
     std::int32_t prev = 0;
     for (std::int16_t i = 0; i < n.get<std::int16_t>(); ++i) {
-        const Variant pos = call(fun, "strPosicion_XAvo_Caracter", {S(elementos), S(separador), I(std::int16_t(i + 1))});
+        const Variant pos =
+            call(fun, "strPosicion_XAvo_Caracter", {S(elementos), S(separador), I(std::int16_t(i + 1))});
         pieces.push_back(mid(elementos, prev + 1, pos.get<std::int16_t>() - prev - 1));
         prev = pos.get<std::int16_t>();
     }
@@ -190,17 +193,16 @@ Variant splitStepByStep(const String& elementos, const String& separador) {
 
 TEST(FnLlenaVector, SameAsLocatingEachSeparatorInTurn) {
     const std::vector<std::pair<String, String>> inputs = {
-        {u"a,b,c", u","},      {u",,", u","},       {u"aaaaa", u"aa"},     {u"abAB", u"b"},
-        {u"x--y---z", u"--"},  {u"ñÑnN", u"ñ"},     {u"uno, dos", u", "}, {u"sin", u"separador"},
-        {u"a|", u"|"},         {u"|a", u"|"},       {u"abab", u"aba"},    {String(1000, u','), u","},
+        {u"a,b,c", u","},     {u",,", u","},   {u"aaaaa", u"aa"},    {u"abAB", u"b"},
+        {u"x--y---z", u"--"}, {u"ñÑnN", u"ñ"}, {u"uno, dos", u", "}, {u"sin", u"separador"},
+        {u"a|", u"|"},        {u"|a", u"|"},   {u"abab", u"aba"},    {String(1000, u','), u","},
     };
     for (const auto& [elementos, separador] : inputs) {
         Fun fun(defaultPlatform());
         const Variant got = call(fun, "fn_LlenaVector", {S(elementos), L(0), S(separador)});
         const Variant expected = splitStepByStep(elementos, separador);
-        EXPECT_TRUE(identical(got, expected))
-            << toUtf8(elementos) << " / " << toUtf8(separador) << ": " << describe(got) << " not "
-            << describe(expected);
+        EXPECT_TRUE(identical(got, expected)) << toUtf8(elementos) << " / " << toUtf8(separador) << ": "
+                                              << describe(got) << " not " << describe(expected);
     }
 }
 
@@ -252,7 +254,7 @@ TEST(StrDesdePosicion, TailFromAPositionInsideTheText) {
         const char16_t* expected;
     };
     const Case cases[] = {
-        {u"abcdef", 3, u"cdef"}, {u"abcdef", 1, u"abcdef"}, {u"abcdef", 6, u"f"},  {u"abcdef", 7, u"abcdef"},
+        {u"abcdef", 3, u"cdef"},   {u"abcdef", 1, u"abcdef"},  {u"abcdef", 6, u"f"}, {u"abcdef", 7, u"abcdef"},
         {u"abcdef", 0, u"abcdef"}, {u"abcdef", -2, u"abcdef"}, {u"", 1, u""},
     };
     for (const auto& c : cases)
@@ -313,8 +315,8 @@ TEST(StrRellena, FillsShortTextsAndCutsLongOnes) {
         {u"", u"0", -1, Derecho, u"", err::InvalidProcedureCall},
     };
     for (const auto& c : cases) {
-        const std::string label = toUtf8(c.text) + " / " + toUtf8(c.fill) + " / " + std::to_string(c.length) +
-                                  " / " + std::to_string(static_cast<int>(c.side));
+        const std::string label = toUtf8(c.text) + " / " + toUtf8(c.fill) + " / " + std::to_string(c.length) + " / " +
+                                  std::to_string(static_cast<int>(c.side));
         String got;
         const int error = errorNumberOf([&] { got = text::strRellena(c.text, c.fill, c.length, c.side); });
         EXPECT_EQ(error, c.error) << label;

@@ -68,7 +68,8 @@ void runtimeErrorsReachTheCaller(IDispatch* fun) {
 
     VARIANT result;
     EXCEPINFO exception{};
-    const HRESULT hrInvoke = invoke(fun, kCuentaCaracteres, {text(L"a,b"), text(L","), text(L"0")}, &result, &exception);
+    const HRESULT hrInvoke =
+        invoke(fun, kCuentaCaracteres, {text(L"a,b"), text(L","), text(L"0")}, &result, &exception);
     check(hrInvoke == DISP_E_EXCEPTION && exception.scode == static_cast<SCODE>(0x800A0005), "Invoke error",
           hex(hrInvoke) + " " + hex(exception.scode));
     SysFreeString(exception.bstrDescription);
@@ -120,8 +121,7 @@ void namesAndNamedArguments(IDispatch* fun) {
     check(ids[0] == kCuentaCaracteres && ids[1] == 2, "DISPID and parameter position");
     LPOLESTR unknown[] = {const_cast<LPOLESTR>(L"NoSuchMethod")};
     DISPID none = 0;
-    check(fun->GetIDsOfNames(IID_NULL, unknown, 1, LOCALE_USER_DEFAULT, &none) == DISP_E_UNKNOWNNAME,
-          "unknown name");
+    check(fun->GetIDsOfNames(IID_NULL, unknown, 1, LOCALE_USER_DEFAULT, &none) == DISP_E_UNKNOWNNAME, "unknown name");
 }
 
 // The attributes of a type, released with the type.

@@ -36,7 +36,9 @@ std::atomic<long> objectsAlive{0};
 
 // Paths are the caller's own Windows paths.
 data::DataServices services() {
-    return {[](StringView windowsPath) { return std::filesystem::path(std::wstring(windowsPath.begin(), windowsPath.end())); }};
+    return {[](StringView windowsPath) {
+        return std::filesystem::path(std::wstring(windowsPath.begin(), windowsPath.end()));
+    }};
 }
 
 class Factory final : public IClassFactory {

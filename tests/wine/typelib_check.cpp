@@ -74,8 +74,7 @@ VARTYPE expectedType(ArgType t) {
 void checkType(ITypeInfo* owner, const TYPEDESC& desc, ArgType type, std::string_view typeName,
                const std::string& where) {
     if (type == ArgType::Object) {
-        const bool dispatch = desc.vt == VT_DISPATCH ||
-                              (desc.vt == VT_PTR && desc.lptdesc->vt == VT_USERDEFINED);
+        const bool dispatch = desc.vt == VT_DISPATCH || (desc.vt == VT_PTR && desc.lptdesc->vt == VT_USERDEFINED);
         check(dispatch, where + " is an object", std::to_string(desc.vt));
         return;
     }
@@ -156,7 +155,8 @@ void checkInterface(ITypeLib* library) {
     TYPEATTR* a = nullptr;
     dispatch->GetTypeAttr(&a);
     const WORD both = TYPEFLAG_FHIDDEN | TYPEFLAG_FDUAL | TYPEFLAG_FNONEXTENSIBLE;
-    check(a->typekind == TKIND_DISPATCH && (a->wTypeFlags & (both | TYPEFLAG_FDISPATCHABLE)) == (both | TYPEFLAG_FDISPATCHABLE),
+    check(a->typekind == TKIND_DISPATCH &&
+              (a->wTypeFlags & (both | TYPEFLAG_FDISPATCHABLE)) == (both | TYPEFLAG_FDISPATCHABLE),
           "_Fun dispatch flags", hex(a->wTypeFlags));
     dispatch->ReleaseTypeAttr(a);
 

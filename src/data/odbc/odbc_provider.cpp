@@ -124,48 +124,31 @@ struct OdbcColumn {
 
 std::pair<DataType, Reading> mapSqlType(SQLSMALLINT sqlType) {
     switch (sqlType) {
-        case SQL_SMALLINT:
-            return {DataType::SmallInt, Reading::Integer};
-        case SQL_TINYINT:
-            return {DataType::TinyInt, Reading::Integer};
-        case SQL_INTEGER:
-            return {DataType::Integer, Reading::Long};
-        case SQL_BIGINT:
-            return {DataType::BigInt, Reading::BigInt};
-        case SQL_REAL:
-            return {DataType::Single, Reading::Double};
+        case SQL_SMALLINT: return {DataType::SmallInt, Reading::Integer};
+        case SQL_TINYINT: return {DataType::TinyInt, Reading::Integer};
+        case SQL_INTEGER: return {DataType::Integer, Reading::Long};
+        case SQL_BIGINT: return {DataType::BigInt, Reading::BigInt};
+        case SQL_REAL: return {DataType::Single, Reading::Double};
         case SQL_FLOAT:
-        case SQL_DOUBLE:
-            return {DataType::Double, Reading::Double};
+        case SQL_DOUBLE: return {DataType::Double, Reading::Double};
         case SQL_DECIMAL:
-        case SQL_NUMERIC:
-            return {DataType::Numeric, Reading::Exact};
+        case SQL_NUMERIC: return {DataType::Numeric, Reading::Exact};
         case SQL_TYPE_DATE:
-        case SQL_DATE:
-            return {DataType::DBDate, Reading::Date};
+        case SQL_DATE: return {DataType::DBDate, Reading::Date};
         case SQL_TYPE_TIME:
-        case SQL_TIME:
-            return {DataType::DBTime, Reading::Time};
+        case SQL_TIME: return {DataType::DBTime, Reading::Time};
         case SQL_TYPE_TIMESTAMP:
-        case SQL_TIMESTAMP:
-            return {DataType::DBTimeStamp, Reading::Date};
-        case SQL_BIT:
-            return {DataType::Boolean, Reading::Boolean};
+        case SQL_TIMESTAMP: return {DataType::DBTimeStamp, Reading::Date};
+        case SQL_BIT: return {DataType::Boolean, Reading::Boolean};
         case SQL_BINARY:
-        case SQL_VARBINARY:
-            return {DataType::VarBinary, Reading::Binary};
-        case SQL_LONGVARBINARY:
-            return {DataType::LongVarBinary, Reading::Binary};
-        case SQL_GUID:
-            return {DataType::Guid, Reading::Text};
+        case SQL_VARBINARY: return {DataType::VarBinary, Reading::Binary};
+        case SQL_LONGVARBINARY: return {DataType::LongVarBinary, Reading::Binary};
+        case SQL_GUID: return {DataType::Guid, Reading::Text};
         case SQL_CHAR:
-        case SQL_WCHAR:
-            return {DataType::WChar, Reading::Text};
+        case SQL_WCHAR: return {DataType::WChar, Reading::Text};
         case SQL_LONGVARCHAR:
-        case SQL_WLONGVARCHAR:
-            return {DataType::LongVarWChar, Reading::Text};
-        default:
-            return {DataType::VarWChar, Reading::Text};
+        case SQL_WLONGVARCHAR: return {DataType::LongVarWChar, Reading::Text};
+        default: return {DataType::VarWChar, Reading::Text};
     }
 }
 
@@ -325,8 +308,7 @@ private:
             case Reading::Binary:
                 if (pieces(i, false, chars_, bytes_)) rows.setBytes(i, bytes_);
                 return;
-            case Reading::Text:
-                break;
+            case Reading::Text: break;
         }
         if (pieces(i, true, chars_, bytes_)) rows.setText(i, chars_);
     }

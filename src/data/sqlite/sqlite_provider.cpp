@@ -91,14 +91,10 @@ DataType declaredType(const char* declared) {
 
 DataType typeOfValue(int storage) {
     switch (storage) {
-        case SQLITE_INTEGER:
-            return DataType::Integer;
-        case SQLITE_FLOAT:
-            return DataType::Double;
-        case SQLITE_BLOB:
-            return DataType::LongVarBinary;
-        default:
-            return DataType::VarWChar;
+        case SQLITE_INTEGER: return DataType::Integer;
+        case SQLITE_FLOAT: return DataType::Double;
+        case SQLITE_BLOB: return DataType::LongVarBinary;
+        default: return DataType::VarWChar;
     }
 }
 
@@ -174,9 +170,7 @@ private:
                         rows.setDouble(i, static_cast<double>(v));
                     break;
                 }
-                case SQLITE_FLOAT:
-                    rows.setDouble(i, sqlite3_column_double(s, c));
-                    break;
+                case SQLITE_FLOAT: rows.setDouble(i, sqlite3_column_double(s, c)); break;
                 case SQLITE_TEXT: {
                     const void* text = sqlite3_column_text16(s, c);
                     if (!text) raise(err::OutOfMemory);
@@ -190,9 +184,7 @@ private:
                     rows.setBytes(i, std::span<const std::uint8_t>(bytes, bytes ? size : 0));
                     break;
                 }
-                default:
-                    rows.setNull(i);
-                    break;
+                default: rows.setNull(i); break;
             }
         }
     }

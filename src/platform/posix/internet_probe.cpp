@@ -6,8 +6,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -107,7 +107,8 @@ bool canConnect(const ProbeAddress& address, int timeoutMs) {
     const auto deadline = Clock::now() + std::chrono::milliseconds(timeoutMs);
     addrinfo* found = resolve(address, deadline);
     bool connected = false;
-    for (addrinfo* a = found; a && !connected && msLeft(deadline) > 0; a = a->ai_next) connected = connectWithin(*a, deadline);
+    for (addrinfo* a = found; a && !connected && msLeft(deadline) > 0; a = a->ai_next)
+        connected = connectWithin(*a, deadline);
     if (found) freeaddrinfo(found);
     return connected;
 }

@@ -21,9 +21,7 @@ bool isExecutableFile(const fs::path& p) {
     return fs::is_regular_file(p, ec) && ::access(p.c_str(), X_OK) == 0;
 }
 
-bool isAddress(StringView file) {
-    return file.find(u"://") != StringView::npos || file.substr(0, 7) == u"mailto:";
-}
+bool isAddress(StringView file) { return file.find(u"://") != StringView::npos || file.substr(0, 7) == u"mailto:"; }
 
 // A program on the PATH.
 std::optional<fs::path> onPath(const std::string& name) {
@@ -44,7 +42,8 @@ std::optional<fs::path> onPath(const std::string& name) {
 std::optional<fs::path> opener() {
     const char* configured = std::getenv("TELVARO_OPENER");
     const std::string name = configured && *configured ? configured : "xdg-open";
-    if (name.find('/') != std::string::npos) return isExecutableFile(name) ? std::optional<fs::path>(name) : std::nullopt;
+    if (name.find('/') != std::string::npos)
+        return isExecutableFile(name) ? std::optional<fs::path>(name) : std::nullopt;
     return onPath(name);
 }
 

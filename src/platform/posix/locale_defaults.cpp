@@ -13,7 +13,9 @@ namespace telvaro::posix {
 
 namespace {
 
-String fromIcu(const icu::UnicodeString& s) { return String(reinterpret_cast<const char16_t*>(s.getBuffer()), s.length()); }
+String fromIcu(const icu::UnicodeString& s) {
+    return String(reinterpret_cast<const char16_t*>(s.getBuffer()), s.length());
+}
 
 // The ICU locale of a POSIX name; nothing for C, POSIX and unknown names.
 std::optional<icu::Locale> icuLocale(const std::string& posixName) {
@@ -112,9 +114,11 @@ RegionalSettings settingsOfLocale(const std::string& numeric, const std::string&
         }
     }
     if (auto locale = icuLocale(time)) {
-        std::unique_ptr<icu::DateFormat> shortDate(icu::DateFormat::createDateInstance(icu::DateFormat::kShort, *locale));
+        std::unique_ptr<icu::DateFormat> shortDate(
+            icu::DateFormat::createDateInstance(icu::DateFormat::kShort, *locale));
         std::unique_ptr<icu::DateFormat> longDate(icu::DateFormat::createDateInstance(icu::DateFormat::kFull, *locale));
-        std::unique_ptr<icu::DateFormat> timeOfDay(icu::DateFormat::createTimeInstance(icu::DateFormat::kMedium, *locale));
+        std::unique_ptr<icu::DateFormat> timeOfDay(
+            icu::DateFormat::createTimeInstance(icu::DateFormat::kMedium, *locale));
         if (String s = patternOf(shortDate.get()); !s.empty()) settings.shortDate = s;
         if (String s = patternOf(longDate.get()); !s.empty()) settings.longDate = s;
         if (String s = patternOf(timeOfDay.get()); !s.empty()) settings.timeFormat = s;

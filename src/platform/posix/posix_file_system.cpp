@@ -21,7 +21,6 @@ bool isSeparator(char16_t c) { return c == u'\\' || c == u'/'; }
 
 bool hasWildcards(StringView s) { return s.find_first_of(u"*?") != StringView::npos; }
 
-
 // The runtime's error for a failed call, with the standard description that
 // callers show and compare.
 [[noreturn]] void raiseFromErrno(int error, int otherwise) {
@@ -156,12 +155,8 @@ void PosixFileSystem::deleteFiles(StringView files) {
 String PosixFileSystem::specialFolder(int which) {
     std::error_code ec;
     switch (which) {
-        case 0:
-            fs::create_directories(resolve(u"C:\\Windows"), ec);
-            return u"C:\\Windows";
-        case 1:
-            fs::create_directories(resolve(u"C:\\Windows\\System32"), ec);
-            return u"C:\\Windows\\System32";
+        case 0: fs::create_directories(resolve(u"C:\\Windows"), ec); return u"C:\\Windows";
+        case 1: fs::create_directories(resolve(u"C:\\Windows\\System32"), ec); return u"C:\\Windows\\System32";
         case 2:
             // Inside drive C like the others: the system's own temporary
             // folder is out of the library's reach.
@@ -194,7 +189,8 @@ std::string PosixFileSystem::readRecord(StringView path, std::int32_t number, st
     std::string record(length, '\0');
     std::size_t done = 0;
     while (done < length) {
-        const ssize_t got = ::pread(random.fd(), record.data() + done, length - done, offset + static_cast<off_t>(done));
+        const ssize_t got =
+            ::pread(random.fd(), record.data() + done, length - done, offset + static_cast<off_t>(done));
         if (got < 0) raiseFromErrno(errno, err::DeviceIOError);
         if (got == 0) break;  // past the end: the rest reads as zeros
         done += static_cast<std::size_t>(got);

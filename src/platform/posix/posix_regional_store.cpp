@@ -19,10 +19,14 @@ struct StoredItem {
 };
 
 constexpr StoredItem kStoredItems[] = {
-    {lcitem::ShortDate, u"sShortDate"},         {lcitem::LongDate, u"sLongDate"},
-    {lcitem::DecimalSeparator, u"sDecimal"},    {lcitem::ThousandSeparator, u"sThousand"},
-    {lcitem::TimeFormat, u"sTimeFormat"},       {lcitem::MonetaryDecimal, u"sMonDecimalSep"},
-    {lcitem::MonetaryThousand, u"sMonThousandSep"}, {lcitem::CurrencySymbol, u"sCurrency"},
+    {lcitem::ShortDate, u"sShortDate"},
+    {lcitem::LongDate, u"sLongDate"},
+    {lcitem::DecimalSeparator, u"sDecimal"},
+    {lcitem::ThousandSeparator, u"sThousand"},
+    {lcitem::TimeFormat, u"sTimeFormat"},
+    {lcitem::MonetaryDecimal, u"sMonDecimalSep"},
+    {lcitem::MonetaryThousand, u"sMonThousandSep"},
+    {lcitem::CurrencySymbol, u"sCurrency"},
 };
 
 const char16_t* keyOf(int item) {
@@ -38,8 +42,8 @@ PosixRegionalStore::PosixRegionalStore(fs::path file) : file_(std::move(file)) {
 fs::path PosixRegionalStore::file() const { return file_.empty() ? homeFolder() / "regional.ini" : file_; }
 
 RegionalSettings PosixRegionalStore::load() const {
-    RegionalSettings settings = settingsOfLocale(localeNameFor("LC_NUMERIC"), localeNameFor("LC_TIME"),
-                                                 localeNameFor("LC_MONETARY"));
+    RegionalSettings settings =
+        settingsOfLocale(localeNameFor("LC_NUMERIC"), localeNameFor("LC_TIME"), localeNameFor("LC_MONETARY"));
     if (auto bytes = readBytes(file())) {
         const IniDocument document(fromUtf8(*bytes));
         for (const auto& stored : kStoredItems) {

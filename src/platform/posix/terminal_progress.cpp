@@ -144,7 +144,8 @@ std::string progressLineText(const ProgressLine& line) {
 
     char percent[8];
     std::snprintf(percent, sizeof percent, "%3d%%", static_cast<int>(share * 100));
-    const std::string count = std::string(" ") + percent + "  " + wholeNumber(line.value) + " de " + wholeNumber(line.max);
+    const std::string count =
+        std::string(" ") + percent + "  " + wholeNumber(line.value) + " de " + wholeNumber(line.max);
     // On a narrow terminal the rate goes first, then the time left, then
     // the title gives way.
     const int width = std::max(line.width, 20) - 1;

@@ -101,8 +101,8 @@ bool isManaged(::Display* d, Window window) {
     int format = 0;
     unsigned long items = 0, after = 0;
     unsigned char* data = nullptr;
-    const int status = XGetWindowProperty(d, window, wmState, 0, 0, 0, AnyPropertyType, &type, &format, &items,
-                                          &after, &data);
+    const int status =
+        XGetWindowProperty(d, window, wmState, 0, 0, 0, AnyPropertyType, &type, &format, &items, &after, &data);
     if (data) XFree(data);
     return status == Success && type != 0;
 }
@@ -114,8 +114,7 @@ Window outerWindow(::Display* d, Window window) {
     const Window root = rootOf(d);
     if (window == root || !isManaged(d, window)) return window;
     Window outer = window;
-    for (Window parent = parentOf(d, outer); parent != 0 && parent != root; parent = parentOf(d, outer))
-        outer = parent;
+    for (Window parent = parentOf(d, outer); parent != 0 && parent != root; parent = parentOf(d, outer)) outer = parent;
     return outer;
 }
 
@@ -306,8 +305,7 @@ CapturedBitmap X11Display::captureWindow(std::int32_t window, bool clientArea, s
     std::lock_guard lock(mutex_);
     Connection* c = connect();
     if (!c) return {};
-    if (width <= 0 || height <= 0 || width > kMaxSide || height > kMaxSide ||
-        std::int64_t{width} * height > kMaxPixels)
+    if (width <= 0 || height <= 0 || width > kMaxSide || height > kMaxSide || std::int64_t{width} * height > kMaxPixels)
         return {};
     ::Display* d = c->display;
     ErrorTrap trap(d);

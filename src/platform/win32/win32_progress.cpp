@@ -123,7 +123,9 @@ public:
 
 private:
     void sendRange() {
-        if (bar_) SendMessageW(bar_, PBM_SETRANGE32, static_cast<WPARAM>(position(min_)), static_cast<LPARAM>(position(max_)));
+        if (bar_)
+            SendMessageW(bar_, PBM_SETRANGE32, static_cast<WPARAM>(position(min_)),
+                         static_cast<LPARAM>(position(max_)));
     }
 
     HWND window_ = nullptr;

@@ -10,11 +10,11 @@ namespace {
 // handles are 32 significant bits, sign-extended on 64-bit Windows.
 HWND windowOf(std::int32_t handle) { return reinterpret_cast<HWND>(static_cast<LONG_PTR>(handle)); }
 
-constexpr UINT kSetHorizontalExtent = 0x194;   // LB_SETHORIZONTALEXTENT
-constexpr UINT kNonClientButtonDown = 0xA1;    // WM_NCLBUTTONDOWN
-constexpr WPARAM kCaption = 2;                 // HTCAPTION
-constexpr UINT kTopmostFlags = 83;             // SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_SHOWWINDOW
-constexpr int kOwnerSlot = -8;                 // GWL_HWNDPARENT
+constexpr UINT kSetHorizontalExtent = 0x194;  // LB_SETHORIZONTALEXTENT
+constexpr UINT kNonClientButtonDown = 0xA1;   // WM_NCLBUTTONDOWN
+constexpr WPARAM kCaption = 2;                // HTCAPTION
+constexpr UINT kTopmostFlags = 83;            // SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_SHOWWINDOW
+constexpr int kOwnerSlot = -8;                // GWL_HWNDPARENT
 
 }  // namespace
 
