@@ -52,6 +52,7 @@ std::vector<WrittenWorkbook> SheetApplication::finish() {
 
 std::shared_ptr<WorkbookDocument> SheetApplication::addWorkbook() {
     auto book = std::make_shared<WorkbookDocument>();
+    book->sheet.spillInto(options_.folder);
     workbooks_.push_back(book);
     active_ = book;
     return book;

@@ -4,8 +4,8 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <unordered_map>
-#include <vector>
 
 #include "sheet/border_meanings.h"
 
@@ -39,7 +39,7 @@ private:
     struct Hash {
         std::size_t operator()(const CellStyle& s) const;
     };
-    std::vector<CellStyle> styles_;
+    std::deque<CellStyle> styles_;  // a style's place never moves
     std::unordered_map<CellStyle, StyleId, Hash> ids_;
 };
 

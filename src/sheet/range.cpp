@@ -26,10 +26,10 @@ void CellRange::borderAround(std::span<const Variant> args) {
     const Edge edge{*style, *color};
     const CellBlock& b = block_;
     SheetData& data = edit();
-    data.restyle({b.firstRow, b.firstColumn, b.firstRow, b.lastColumn}, [&](CellStyle& s) { s.top = edge; });
-    data.restyle({b.lastRow, b.firstColumn, b.lastRow, b.lastColumn}, [&](CellStyle& s) { s.bottom = edge; });
-    data.restyle({b.firstRow, b.firstColumn, b.lastRow, b.firstColumn}, [&](CellStyle& s) { s.left = edge; });
-    data.restyle({b.firstRow, b.lastColumn, b.lastRow, b.lastColumn}, [&](CellStyle& s) { s.right = edge; });
+    data.restyle({b.firstRow, b.firstColumn, b.firstRow, b.lastColumn}, [edge](CellStyle& s) { s.top = edge; });
+    data.restyle({b.lastRow, b.firstColumn, b.lastRow, b.lastColumn}, [edge](CellStyle& s) { s.bottom = edge; });
+    data.restyle({b.firstRow, b.firstColumn, b.lastRow, b.firstColumn}, [edge](CellStyle& s) { s.left = edge; });
+    data.restyle({b.firstRow, b.lastColumn, b.lastRow, b.lastColumn}, [edge](CellStyle& s) { s.right = edge; });
 }
 
 Variant CellRange::columnWidth() const {

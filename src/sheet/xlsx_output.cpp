@@ -30,6 +30,8 @@ public:
 
     lxw_format* operator[](StyleId id) {
         if (id == kDefaultStyle) return nullptr;
+        // Looks folded from rules while writing are new to the table.
+        if (id >= made_.size()) made_.resize(styles_.size(), nullptr);
         if (!made_[id]) made_[id] = make(styles_[id]);
         return made_[id];
     }
@@ -74,22 +76,19 @@ void writeCells(lxw_workbook* book, lxw_worksheet* page, const SheetData& sheet)
         const auto c = static_cast<lxw_col_t>(column - 1);
         check(worksheet_set_column(page, c, c, info.width, formats[info.style]));
     }
-    const auto& rows = sheet.rows();
-    for (std::size_t r = 0; r < rows.size(); ++r) {
-        const auto row = static_cast<lxw_row_t>(r);
-        for (const Cell& cell : rows[r]) {
-            const auto col = static_cast<lxw_col_t>(cell.column - 1);
-            lxw_format* format = formats[cell.style];
-            switch (cell.kind) {
-                case CellKind::Blank:
-                    if (format) check(worksheet_write_blank(page, row, col, format));
-                    break;
-                case CellKind::Number: check(worksheet_write_number(page, row, col, cell.number, format)); break;
-                case CellKind::Boolean: check(worksheet_write_boolean(page, row, col, cell.number != 0, format)); break;
-                case CellKind::Text: check(worksheet_write_string(page, row, col, sheet.text(cell), format)); break;
-            }
+    sheet.forEachCell([&](std::int32_t r, const Cell& cell, const char* text) {
+        const auto row = static_cast<lxw_row_t>(r - 1);
+        const auto col = static_cast<lxw_col_t>(cell.column - 1);
+        lxw_format* format = formats[cell.style];
+        switch (cell.kind) {
+            case CellKind::Blank:
+                if (format) check(worksheet_write_blank(page, row, col, format));
+                break;
+            case CellKind::Number: check(worksheet_write_number(page, row, col, cell.number, format)); break;
+            case CellKind::Boolean: check(worksheet_write_boolean(page, row, col, cell.number != 0, format)); break;
+            case CellKind::Text: check(worksheet_write_string(page, row, col, text, format)); break;
         }
-    }
+    });
 }
 
 // Writes the whole file under `path`; the file is removed on failure.
