@@ -54,25 +54,28 @@ struct Separators {
     bool separatesTime(char16_t c) const { return c == u':' || (c == time && !separatesDate(c)); }
 };
 
-const char16_t* const kEnglishMonths[] = {u"january", u"february", u"march",     u"april",   u"may",      u"june",
-                                          u"july",    u"august",   u"september", u"october", u"november", u"december"};
-const char16_t* const kEnglishDays[] = {u"sunday",   u"monday", u"tuesday", u"wednesday",
-                                        u"thursday", u"friday", u"saturday"};
-const char16_t* const kSpanishMonths[] = {u"enero", u"febrero", u"marzo",      u"abril",   u"mayo",      u"junio",
-                                          u"julio", u"agosto",  u"septiembre", u"octubre", u"noviembre", u"diciembre"};
-const char16_t* const kSpanishDays[] = {u"domingo", u"lunes",   u"martes", u"miércoles",
-                                        u"jueves",  u"viernes", u"sábado"};
+constexpr StringView kEnglishMonths[] = {u"january", u"february", u"march",     u"april",   u"may",      u"june",
+                                         u"july",    u"august",   u"september", u"october", u"november", u"december"};
+constexpr StringView kEnglishDays[] = {u"sunday",   u"monday", u"tuesday", u"wednesday",
+                                       u"thursday", u"friday", u"saturday"};
+constexpr StringView kSpanishMonths[] = {u"enero", u"febrero", u"marzo",      u"abril",   u"mayo",      u"junio",
+                                         u"julio", u"agosto",  u"septiembre", u"octubre", u"noviembre", u"diciembre"};
+constexpr StringView kSpanishDays[] = {u"domingo", u"lunes", u"martes", u"miércoles", u"jueves", u"viernes", u"sábado"};
+
+// Equal without regard to case; the lengths are compared here first, since
+// most words tried against the names differ in length.
+bool sameName(StringView word, StringView name) { return word.size() == name.size() && textEquals(word, name); }
 
 // A full name or its first three letters.
 bool namesMatch(StringView word, StringView name) {
-    if (textEquals(word, name)) return true;
+    if (sameName(word, name)) return true;
     return word.size() == 3 && name.size() > 3 && textEquals(word, name.substr(0, 3));
 }
 
 int monthFromName(StringView word, const RegionalSettings& s) {
     for (int m = 0; m < 12; ++m) {
         const auto i = static_cast<std::size_t>(m);
-        if (textEquals(word, s.monthNames[i]) || textEquals(word, s.monthAbbreviations[i]) ||
+        if (sameName(word, s.monthNames[i]) || sameName(word, s.monthAbbreviations[i]) ||
             namesMatch(word, kSpanishMonths[m]) || namesMatch(word, kEnglishMonths[m]))
             return m + 1;
     }
@@ -83,7 +86,7 @@ int monthFromName(StringView word, const RegionalSettings& s) {
 
 bool isDayName(StringView word, const RegionalSettings& s) {
     for (std::size_t d = 0; d < 7; ++d) {
-        if (textEquals(word, s.dayNames[d]) || textEquals(word, s.dayAbbreviations[d]) ||
+        if (sameName(word, s.dayNames[d]) || sameName(word, s.dayAbbreviations[d]) ||
             namesMatch(word, kSpanishDays[d]) || namesMatch(word, kEnglishDays[d]))
             return true;
     }
