@@ -28,6 +28,7 @@
 
 #include "context/fun.h"
 #include "data/factory.h"
+#include "direct_xlsx.h"
 #include "frame/invoke.h"
 #include "host/default_platform.h"
 #include "host/exported_sheets.h"
@@ -107,39 +108,18 @@ void exportThroughLibrary(bool clientCursor) {
 void exportWithClientCursor() { exportThroughLibrary(true); }
 void exportWithServerCursor() { exportThroughLibrary(false); }
 
-lxw_format* boxFormat(lxw_workbook* book, bool top, bool bottom, bool bold) {
-    lxw_format* f = workbook_add_format(book);
-    format_set_left(f, LXW_BORDER_THIN);
-    format_set_right(f, LXW_BORDER_THIN);
-    format_set_left_color(f, LXW_COLOR_BLACK);
-    format_set_right_color(f, LXW_COLOR_BLACK);
-    if (top) {
-        format_set_top(f, LXW_BORDER_THIN);
-        format_set_top_color(f, LXW_COLOR_BLACK);
-    }
-    if (bottom) {
-        format_set_bottom(f, LXW_BORDER_THIN);
-        format_set_bottom_color(f, LXW_COLOR_BLACK);
-    }
-    if (bold) format_set_bold(f);
-    return f;
-}
-
 void exportDirectly() {
     const fs::path path = benchFolder() / "direct.xlsx";
     std::string tmpdir = benchFolder().string();
-    lxw_workbook_options options{};
-    options.constant_memory = LXW_TRUE;
-    options.tmpdir = tmpdir.data();
-    lxw_workbook* book = workbook_new_opt(path.c_str(), &options);
+    lxw_workbook* book = bench::openDirectWorkbook(path.string(), tmpdir);
     lxw_worksheet* page = workbook_add_worksheet(book, "Hoja1");
     lxw_format* title = workbook_add_format(book);
     format_set_bold(title);
     format_set_font_size(title, 14);
-    lxw_format* header = boxFormat(book, true, true, true);
-    lxw_format* first = boxFormat(book, true, false, false);
-    lxw_format* middle = boxFormat(book, false, false, false);
-    lxw_format* last = boxFormat(book, false, true, false);
+    lxw_format* header = bench::boxFormat(book, true, true, true);
+    lxw_format* first = bench::boxFormat(book, true, false, false);
+    lxw_format* middle = bench::boxFormat(book, false, false, false);
+    lxw_format* last = bench::boxFormat(book, false, true, false);
     worksheet_set_column(page, 0, 0, 6, nullptr);
     for (int c = 0; c < kColumns; ++c) worksheet_set_column(page, c + 1, c + 1, kWidths[c], nullptr);
     worksheet_write_string(page, 1, 2, "Ventas del año", title);

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <string>
 
+#include "direct_xlsx.h"
 #include "runtime/convert.h"
 #include "runtime/object.h"
 #include "sheet/application.h"
@@ -82,39 +83,18 @@ void throughObjects(benchmark::State& state) {
 }
 BENCHMARK(throughObjects)->Name("sheet_100000x6/library")->Unit(benchmark::kMillisecond);
 
-lxw_format* boxFormat(lxw_workbook* book, bool top, bool bottom, bool bold) {
-    lxw_format* f = workbook_add_format(book);
-    format_set_left(f, LXW_BORDER_THIN);
-    format_set_right(f, LXW_BORDER_THIN);
-    format_set_left_color(f, LXW_COLOR_BLACK);
-    format_set_right_color(f, LXW_COLOR_BLACK);
-    if (top) {
-        format_set_top(f, LXW_BORDER_THIN);
-        format_set_top_color(f, LXW_COLOR_BLACK);
-    }
-    if (bottom) {
-        format_set_bottom(f, LXW_BORDER_THIN);
-        format_set_bottom_color(f, LXW_COLOR_BLACK);
-    }
-    if (bold) format_set_bold(f);
-    return f;
-}
-
 void directly(benchmark::State& state) {
     const fs::path folder = benchFolder();
     const std::string path = (folder / "direct.xlsx").string();
     std::string tmpdir = folder.string();
     for (auto _ : state) {
         const double before = heapMegabytes();
-        lxw_workbook_options options{};
-        options.constant_memory = LXW_TRUE;
-        options.tmpdir = tmpdir.data();
-        lxw_workbook* book = workbook_new_opt(path.c_str(), &options);
+        lxw_workbook* book = bench::openDirectWorkbook(path, tmpdir);
         lxw_worksheet* page = workbook_add_worksheet(book, "Hoja1");
-        lxw_format* header = boxFormat(book, true, true, true);
-        lxw_format* first = boxFormat(book, true, false, false);
-        lxw_format* middle = boxFormat(book, false, false, false);
-        lxw_format* last = boxFormat(book, false, true, false);
+        lxw_format* header = bench::boxFormat(book, true, true, true);
+        lxw_format* first = bench::boxFormat(book, true, false, false);
+        lxw_format* middle = bench::boxFormat(book, false, false, false);
+        lxw_format* last = bench::boxFormat(book, false, true, false);
         for (std::int32_t c = 0; c < kColumns; ++c) worksheet_write_string(page, 3, c + 1, kHeaders[c], header);
         for (std::int32_t r = 0; r < kRows; ++r) {
             lxw_format* f = r == 0 ? first : r == kRows - 1 ? last : middle;
