@@ -22,7 +22,18 @@ import os
 import subprocess
 import sys
 
-from wine_prefix import DLL, FOLDER, new_prefix
+# The workbooks are read back with Debian's openpyxl (python3-openpyxl,
+# installed by scripts/setup), which belongs to the system's interpreter:
+# another python3 first on the PATH hands over to it.
+SYSTEM_PYTHON = "/usr/bin/python3"
+try:
+    import openpyxl
+except ImportError:
+    if os.path.exists(SYSTEM_PYTHON) and os.path.realpath(sys.executable) != os.path.realpath(SYSTEM_PYTHON):
+        os.execv(SYSTEM_PYTHON, [SYSTEM_PYTHON, *sys.argv])
+    raise
+
+from wine_prefix import DLL, FOLDER, new_prefix  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 DATABASE_SERVER = "database_server.dll"
@@ -125,8 +136,6 @@ def check_exports(wine):
     """The workbooks of vbs/export.vbs, read back with openpyxl."""
     import glob
 
-    import openpyxl
-
     folders = glob.glob(os.path.join(wine.drive, "users", "*", "Documents", "Telvaro", "exports"))
     expect(len(folders) == 1, "the exports are in the user's Documents\\Telvaro\\exports", str(folders))
     if len(folders) != 1:
@@ -160,8 +169,6 @@ def check_exports(wine):
 def check_sheet_files(wine):
     """The workbooks sheet_files.exe wrote: each folder's Libro1 and Libro3
     hold the folder's name in A1 (Libro2 was there before)."""
-    import openpyxl
-
     root = os.path.join(wine.work, "sheet-files")
     names = sorted(os.listdir(root)) if os.path.isdir(root) else []
     expect(names == sorted(SHEET_FOLDERS), "sheet_files.exe wrote into every folder", str(names))
