@@ -26,7 +26,7 @@ class Wine:
         self.wine = find_wine()
         # WINEDEBUG set outside (trace+vbscript ...) reaches the programs.
         # A workbook a client shows is handed to %TELVARO_OPENER%: here a
-        # program that only prints its name, in place of the desktop's.
+        # program that only prints the machine's name, not the desktop's opener.
         self.env = dict(os.environ, WINEPREFIX=prefix, WINEDEBUG=os.environ.get("WINEDEBUG", "-all"),
                         WINEDLLOVERRIDES="mscoree,mshtml=", DISPLAY="",
                         TELVARO_OPENER="C:\\windows\\system32\\hostname.exe")
