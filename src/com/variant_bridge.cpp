@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 #include "com/com_handles.h"
@@ -103,12 +104,56 @@ private:
     SAFEARRAY* a_;
 };
 
+// Holds a SAFEARRAY's data reached through SafeArrayAccessData.
+class ArrayData {
+public:
+    explicit ArrayData(SAFEARRAY* a) : a_(a) {
+        if (FAILED(SafeArrayAccessData(a, &data_))) raise(err::ArrayFixedOrLocked);
+    }
+    ~ArrayData() { SafeArrayUnaccessData(a_); }
+    ArrayData(const ArrayData&) = delete;
+    ArrayData& operator=(const ArrayData&) = delete;
+    std::uint8_t* bytes() const { return static_cast<std::uint8_t*>(data_); }
+
+private:
+    SAFEARRAY* a_;
+    void* data_ = nullptr;
+};
+
+// A one-dimensional Byte array (binary field values, files read whole)
+// arrives in one copy, as the core's compact byte array.
+Variant fromByteVector(SAFEARRAY* a) {
+    const SAFEARRAYBOUND& bound = a->rgsabound[0];
+    ArrayData data(a);
+    const std::uint8_t* first = data.bytes();
+    return Variant(
+        Array::bytes(first ? std::vector<std::uint8_t>(first, first + bound.cElements) : std::vector<std::uint8_t>(),
+                     bound.lLbound));
+}
+
+// A compact byte array leaves in one copy.
+SAFEARRAY* toByteVector(const Array& array, const std::vector<std::uint8_t>& bytes) {
+    SAFEARRAY* a = SafeArrayCreateVector(VT_UI1, array.lbound(), static_cast<ULONG>(bytes.size()));
+    if (!a) raise(err::OutOfMemory);
+    if (!bytes.empty()) {
+        try {
+            ArrayData data(a);
+            std::memcpy(data.bytes(), bytes.data(), bytes.size());
+        } catch (...) {
+            SafeArrayDestroy(a);
+            throw;
+        }
+    }
+    return a;
+}
+
 // One- and two-dimensional arrays; the first subscript varies fastest in
 // both the SAFEARRAY and the core's Array.
 Variant fromSafeArray(SAFEARRAY* a, VARTYPE vt) {
     if (!a) return Variant(Array::vector(0, -1));
     const UINT dims = SafeArrayGetDim(a);
     if (dims < 1 || dims > 2) raise(err::UnsupportedAutomationType);
+    if (vt == VT_UI1 && dims == 1) return fromByteVector(a);
     // rgsabound lists the dimensions from the last to the first.
     const SAFEARRAYBOUND& first = a->rgsabound[dims - 1];
     Array out =
@@ -126,6 +171,9 @@ Variant fromSafeArray(SAFEARRAY* a, VARTYPE vt) {
 
 SAFEARRAY* toSafeArray(const Array& array) {
     const VARTYPE vt = automationTypeOf(array.elementType());
+    if (vt == VT_UI1 && array.dimensions() == 1) {
+        if (const std::vector<std::uint8_t>* bytes = array.compactBytes()) return toByteVector(array, *bytes);
+    }
     SAFEARRAYBOUND bounds[2] = {};
     // The last dimension first.
     const int dims = array.dimensions();

@@ -1,10 +1,7 @@
 #include "host/exported_sheets.h"
 
-#include <cstdlib>
 #include <utility>
 
-#include "platform/posix/home.h"
-#include "platform/posix/launcher.h"
 #include "sheet/application.h"
 
 namespace telvaro::host {
@@ -17,28 +14,20 @@ ExportReport& report() {
     return record;
 }
 
-bool displayAvailable() {
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY"}) {
-        const char* value = std::getenv(name);
-        if (value && *value) return true;
-    }
-    return false;
-}
-
 }  // namespace
 
-std::filesystem::path exportsFolder() { return posix::homeFolder() / "exports"; }
-
-ObjectRef makeSheetApplication(const std::filesystem::path& folder) {
+ObjectRef makeSheetApplication(const std::filesystem::path& folder, ExportRecord record) {
+    const bool kept = record == ExportRecord::Kept;
     sheet::SheetOptions options;
     options.folder = folder;
-    options.written = [](const sheet::WrittenWorkbook& w) {
+    options.written = [kept](const sheet::WrittenWorkbook& w) {
         ExportedSheet file{w.path, w.visible, false};
-        if (w.visible && displayAvailable())
-            file.opened = posix::startDetached(posix::openDocumentCommand(w.path), w.path.parent_path());
-        report().files.push_back(std::move(file));
+        if (w.visible) file.opened = openExportedWorkbook(w.path);
+        if (kept) report().files.push_back(std::move(file));
     };
-    options.failed = [](const RuntimeError& e) { report().failures.push_back(e); };
+    options.failed = [kept](const RuntimeError& e) {
+        if (kept) report().failures.push_back(e);
+    };
     return sheet::SheetApplication::create(std::move(options));
 }
 

@@ -1,12 +1,12 @@
-// The embedded spreadsheet application behind "Excel.Application" on Linux,
-// and what it wrote. Each application writes its workbooks into
-// <home>/exports/ (Libro<n>.xlsx, the first free n, written under a hidden
-// temporary name and then linked to its final name, so no half-written file
-// is ever seen) when the method that made it releases it. A workbook the
-// caller made visible is opened with the desktop's opener ($TELVARO_OPENER,
-// else xdg-open) when a display is there ($DISPLAY or $WAYLAND_DISPLAY).
-// The command line reports the files: `call` on stderr, `batch` in the
-// answer's "files".
+// The embedded spreadsheet application behind "Excel.Application", and what
+// it wrote. On Linux it is the only one; on Windows the server gives it
+// where the installed spreadsheet application cannot be created. Each
+// application writes its workbooks into the exports folder (Libro<n>.xlsx,
+// the first free n, written under a hidden temporary name and then given
+// its final name, so no half-written file is ever seen) when the method
+// that made it releases it. A workbook the caller made visible is handed to
+// the desktop (openExportedWorkbook). The command line reports the files:
+// `call` on stderr, `batch` in the answer's "files".
 #pragma once
 
 #include <filesystem>
@@ -29,10 +29,25 @@ struct ExportReport {
     bool empty() const { return files.empty() && failures.empty(); }
 };
 
+// Whether what an application writes is kept for takeExportReport(): the
+// command line drains it after each call; the automation server has no one
+// to drain it and keeps nothing.
+enum class ExportRecord { Kept, NotKept };
+
 // A new spreadsheet application writing into `folder`.
-ObjectRef makeSheetApplication(const std::filesystem::path& folder);
-// The folder the host's applications write into: <home>/exports.
+ObjectRef makeSheetApplication(const std::filesystem::path& folder, ExportRecord record = ExportRecord::Kept);
+
+// The folder the host's applications write into (posix_exports.cpp,
+// win32_exports.cpp): <home>/exports on Linux, the user's
+// Documents\Telvaro\exports on Windows.
 std::filesystem::path exportsFolder();
+
+// Hands a written workbook to the desktop's opener; true when it was
+// handed over. Linux: $TELVARO_OPENER, else xdg-open, and only when a
+// display is there ($DISPLAY or $WAYLAND_DISPLAY). Windows: the program
+// %TELVARO_OPENER% names, started with the file, else the file's own
+// "open" action (ShellExecuteW).
+bool openExportedWorkbook(const std::filesystem::path& file);
 
 // What the applications released on this thread wrote since the last call,
 // oldest first; the record is emptied.

@@ -1,23 +1,19 @@
 #include "sheet/xlsx_output.h"
 
-#include <unistd.h>
 #include <xlsxwriter.h>
 
-#include <cerrno>
-#include <cstdlib>
 #include <memory>
 #include <system_error>
 #include <vector>
 
 #include "runtime/error.h"
+#include "sheet/workbook_file.h"
 
 namespace telvaro::sheet {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr int kMostNames = 100000;
 
 lxw_color_t fileColor(std::uint32_t color) { return color == 0 ? lxw_color_t{LXW_COLOR_BLACK} : lxw_color_t{color}; }
 
@@ -93,11 +89,11 @@ void writeCells(lxw_workbook* book, lxw_worksheet* page, const SheetData& sheet)
 
 // Writes the whole file under `path`; the file is removed on failure.
 void writeFile(const SheetData& sheet, const fs::path& path, const fs::path& folder) {
-    std::string tmpdir = folder.string();
+    std::string tmpdir = writerPath(folder);
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
     options.tmpdir = tmpdir.data();
-    lxw_workbook* book = workbook_new_opt(path.c_str(), &options);
+    lxw_workbook* book = workbook_new_opt(writerPath(path).c_str(), &options);
     if (!book) raise(err::PathFileAccessError);
     try {
         lxw_worksheet* page = workbook_add_worksheet(book, kSheetName);
@@ -105,36 +101,13 @@ void writeFile(const SheetData& sheet, const fs::path& path, const fs::path& fol
         writeCells(book, page, sheet);
     } catch (...) {
         workbook_close(book);
-        ::unlink(path.c_str());
+        removeFile(path);
         throw;
     }
     if (workbook_close(book) != LXW_NO_ERROR) {
-        ::unlink(path.c_str());
+        removeFile(path);
         raise(err::DeviceIOError);
     }
-}
-
-// A fresh temporary name in the folder, reserved by creating it empty.
-fs::path reserveTemporary(const fs::path& folder) {
-    std::string pattern = (folder / ".libro-XXXXXX.part").string();
-    int fd = ::mkstemps(pattern.data(), 5);
-    if (fd < 0) raise(err::PathFileAccessError);
-    ::close(fd);
-    return pattern;
-}
-
-// Gives the written file the first free final name; never replaces a file.
-fs::path publish(const fs::path& temporary, const fs::path& folder, const std::string& baseName) {
-    for (int n = 1; n <= kMostNames; ++n) {
-        fs::path target = folder / (baseName + std::to_string(n) + ".xlsx");
-        if (::link(temporary.c_str(), target.c_str()) == 0) {
-            ::unlink(temporary.c_str());
-            return target;
-        }
-        if (errno != EEXIST) break;
-    }
-    ::unlink(temporary.c_str());
-    raise(err::PathFileAccessError);
 }
 
 }  // namespace

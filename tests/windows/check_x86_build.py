@@ -4,8 +4,9 @@
     check_x86_build.py WIN32_BUILD
 
 telvaro.dll must be a 32-bit (i386) PE DLL exporting the four entry points
-of an in-process server under their plain names, with its type library
-embedded; the library must be built for 32-bit Windows (SYS_WIN32), carry
+of an in-process server under their plain names, importing only system
+DLLs (zlib, the C++ runtime and the threads library linked in), with its
+type library embedded; the library must be built for 32-bit Windows (SYS_WIN32), carry
 the pre-declared flag on the class Fun, like the x64 one, and give the
 32-bit layouts: 4-byte v-table slots for the IDispatch methods and the
 methods of _Fun, and records of 4-byte longs and 16-byte VARIANTs, as the
@@ -50,6 +51,11 @@ def main(build):
     exported = [line.split()[-1] for line in dump.split("[Ordinal/Name Pointer] Table")[-1].split("\n")
                 if line.strip().startswith("[")]
     expect(sorted(exported) == ENTRY_POINTS, "exports exactly the four entry points: %s" % exported)
+    # One self-contained DLL: the C++ runtime, the threads library and the
+    # spreadsheet writer's zlib are linked in, so only system DLLs are imported.
+    imported = sorted({line.split("DLL Name:")[1].strip().lower() for line in dump.split("\n") if "DLL Name:" in line})
+    own = [name for name in imported if name.startswith(("lib", "zlib"))]
+    expect(imported and not own, "imports only system DLLs: %s" % imported)
     headers = subprocess.run(["i686-w64-mingw32-objdump", "-h", dll], capture_output=True, text=True).stdout
     expect(".rsrc" in headers, "resources are embedded")
 

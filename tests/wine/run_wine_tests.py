@@ -6,8 +6,13 @@
 In a new Wine prefix: regsvr32 registers telvaro.dll and the test-only
 database server (the library's data objects under the database ProgIDs,
 reaching an SQLite file through Wine's ODBC and the host's SQLite driver);
-the C++ client and the type-library check run; the VBScript clients run
-with cscript (each may use the constant TestDatabase, a new file); the
+the C++ client, the type-library check and the sheet files' check
+(workbooks written into folders named outside the ANSI code page, read
+back) run; the VBScript clients run
+with cscript (each may use the constant TestDatabase, a new file), and
+the workbooks export.vbs makes (no spreadsheet application is installed,
+so the server's embedded one writes them into the user's Documents) and
+the files database.vbs writes from Byte arrays are read back; the
 calls of parity.tsv are made from VBScript and compared with the Linux
 build's answers; regsvr32 /u unregisters, and no entry naming the
 library's identities may remain in the registry. Exits non-zero when
@@ -17,7 +22,18 @@ import os
 import subprocess
 import sys
 
-from wine_prefix import DLL, FOLDER, new_prefix
+# The workbooks are read back with Debian's openpyxl (python3-openpyxl,
+# installed by scripts/setup), which belongs to the system's interpreter:
+# another python3 first on the PATH hands over to it.
+SYSTEM_PYTHON = "/usr/bin/python3"
+try:
+    import openpyxl
+except ImportError:
+    if os.path.exists(SYSTEM_PYTHON) and os.path.realpath(sys.executable) != os.path.realpath(SYSTEM_PYTHON):
+        os.execv(SYSTEM_PYTHON, [SYSTEM_PYTHON, *sys.argv])
+    raise
+
+from wine_prefix import DLL, FOLDER, new_prefix  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 DATABASE_SERVER = "database_server.dll"
@@ -25,6 +41,38 @@ IDENTITIES = ["4C93F8DD-15B8-41E9-A125-4A84D77E1B1A", "6CE2A736-78E9-4882-B138-7
               "CC6D850A-0003-43B1-AEE8-89E52B79C200", "D41F957A-54AD-4162-835A-6F914662BC33",
               "4C0D0C89-3622-494B-8A64-7A494921F448", "Telvaro.Fun"]
 
+# What the two exports of vbs/export.vbs write, in order (Libro1, Libro2):
+# every cell with a value, the bold cells, the font sizes other than 11,
+# the column widths set.
+PRODUCTS = [(7, "Jabón de avena", 12.5), (12, "Café molido", 3.25), (30, "Ñame", 0.75)]
+HEADERS = ("Código", "Nombre", "Precio")
+
+
+def table_cells(first_row):
+    cells = {}
+    for column, header in zip("BCD", HEADERS):
+        cells[column + "4"] = header
+    for row, record in enumerate(PRODUCTS, first_row):
+        for column, value in zip("BCD", record):
+            cells["%s%d" % (column, row)] = value
+    return cells
+
+
+EXPORTS = [
+    ("fn_ExportaExcelGrid", "Libro1.xlsx",
+     dict(table_cells(5), B1="Lista de precios", B3="Productos en bodega"),
+     {"B1", "B3", "B4", "C4", "D4"}, {"B1": 12}, {"B": 15, "C": 30, "D": 10}),
+    ("ExportExcelReg", "Libro2.xlsx",
+     dict(table_cells(5), C2="Productos"),
+     {"C2", "B4", "C4", "D4"}, {"C2": 14}, {"A": 6, "B": 8, "C": 25, "D": 12}),
+]
+# The bytes of the binary field of vbs/database.vbs, and the files its
+# Byte arrays were written to.
+BINARY_FIELD = bytes.fromhex("00FF7F80410D0A1A")
+BINARY_FILES = ("adjunto.bin", "adjunto-2.bin")
+# The folders sheet_files.exe writes workbooks into: names in and outside
+# the ANSI code page.
+SHEET_FOLDERS = ("plain", "Años", "Ωμέγα", "報告")
 
 failures = []
 
@@ -78,10 +126,71 @@ def parity_script(calls):
     return "\n".join(lines) + "\n"
 
 
+def same_value(got, expected):
+    if isinstance(expected, str):
+        return got == expected
+    return isinstance(got, (int, float)) and not isinstance(got, bool) and float(got) == float(expected)
+
+
+def check_exports(wine):
+    """The workbooks of vbs/export.vbs, read back with openpyxl."""
+    import glob
+
+    folders = glob.glob(os.path.join(wine.drive, "users", "*", "Documents", "Telvaro", "exports"))
+    expect(len(folders) == 1, "the exports are in the user's Documents\\Telvaro\\exports", str(folders))
+    if len(folders) != 1:
+        return
+    folder = folders[0]
+    names = sorted(os.listdir(folder))
+    # Nothing half-written: no temporary .part file, no libxlsxwriter scratch file.
+    expect(names == sorted(e[1] for e in EXPORTS), "the exports folder holds the two workbooks only", str(names))
+    for method, name, values, bold, sizes, widths in EXPORTS:
+        path = os.path.join(folder, name)
+        if not os.path.exists(path):
+            expect(False, "%s wrote %s" % (method, name))
+            continue
+        sheet = openpyxl.load_workbook(path).worksheets[0]
+        got = {c.coordinate: c.value for row in sheet.iter_rows() for c in row if c.value is not None}
+        wrong = ["%s=%r (expected %r)" % (k, got.get(k), v) for k, v in values.items() if not same_value(got.get(k), v)]
+        wrong += ["%s=%r (expected nothing)" % (k, v) for k, v in got.items() if k not in values]
+        expect(not wrong, "%s: every value of %s" % (method, name), "; ".join(wrong))
+        bold_cells = {c.coordinate for row in sheet.iter_rows() for c in row if c.font.b}
+        expect(bold_cells == bold, "%s: the bold cells" % method, str(sorted(bold_cells)))
+        sized = {c.coordinate: float(c.font.sz) for row in sheet.iter_rows() for c in row
+                 if c.font.sz is not None and float(c.font.sz) != 11}
+        expect(sized == sizes, "%s: the font sizes" % method, str(sized))
+        # The file keeps widths in whole pixels; openpyxl reads them 0.71 wider.
+        set_widths = {k: d.width for k, d in sheet.column_dimensions.items() if d.customWidth}
+        expect(set(set_widths) == set(widths) and all(abs(set_widths[k] - 0.71 - w) < 0.1 for k, w in widths.items()),
+               "%s: the column widths" % method, str(set_widths))
+        expect(sheet.title == "Hoja1", "%s: the sheet's name" % method, sheet.title)
+
+
+def check_sheet_files(wine):
+    """The workbooks sheet_files.exe wrote: each folder's Libro1 and Libro3
+    hold the folder's name in A1 (Libro2 was there before)."""
+    root = os.path.join(wine.work, "sheet-files")
+    names = sorted(os.listdir(root)) if os.path.isdir(root) else []
+    expect(names == sorted(SHEET_FOLDERS), "sheet_files.exe wrote into every folder", str(names))
+    for folder in SHEET_FOLDERS:
+        for name, text in (("Libro1.xlsx", folder), ("Libro3.xlsx", folder + " 2")):
+            path = os.path.join(root, folder, name)
+            got = openpyxl.load_workbook(path).worksheets[0]["A1"].value if os.path.exists(path) else None
+            expect(got == text, "the workbook %s/%s reads back" % (folder, name), repr(got))
+
+
+def check_binary_files(wine):
+    """The files vbs/database.vbs wrote from Byte arrays."""
+    for name in BINARY_FILES:
+        path = os.path.join(wine.work, name)
+        data = open(path, "rb").read() if os.path.exists(path) else None
+        expect(data == BINARY_FIELD, "the Byte array written to %s holds the field's bytes" % name, repr(data))
+
+
 def main(build, telvaro):
     telvaro = os.path.abspath(telvaro)
     build = os.path.abspath(build)
-    clients = ("com_client.exe", "typelib_check.exe")
+    clients = ("com_client.exe", "typelib_check.exe", "sheet_files.exe")
     wine, booted = new_prefix(build, "wine-prefix",
                               [os.path.join("wine-tests", exe) for exe in clients + (DATABASE_SERVER,)])
     expect(booted, "new Wine prefix")
@@ -96,6 +205,7 @@ def main(build, telvaro):
         code, out = wine.run(FOLDER + exe)
         print(out.strip())
         expect(code == 0, exe)
+    check_sheet_files(wine)
 
     with open(os.path.join(HERE, "vbs", "prelude.vbs"), encoding="utf-8") as f:
         prelude = f.read()
@@ -115,6 +225,10 @@ def main(build, telvaro):
         summary = "%s: " % name[:-4]
         expect(code == 0 and any(l.startswith(summary) and l.endswith(" 0 failed") for l in out.split("\n")),
                "cscript " + name)
+        if name == "export.vbs":
+            check_exports(wine)
+        if name == "database.vbs":
+            check_binary_files(wine)
 
     calls = parity_calls()
     with open(os.path.join(work, "parity.vbs"), "w", encoding="cp1252", newline="\r\n") as f:

@@ -25,8 +25,11 @@ class Wine:
         self.prefix = prefix
         self.wine = find_wine()
         # WINEDEBUG set outside (trace+vbscript ...) reaches the programs.
+        # A workbook a client shows is handed to %TELVARO_OPENER%: here a
+        # program that only prints the machine's name, not the desktop's opener.
         self.env = dict(os.environ, WINEPREFIX=prefix, WINEDEBUG=os.environ.get("WINEDEBUG", "-all"),
-                        WINEDLLOVERRIDES="mscoree,mshtml=", DISPLAY="")
+                        WINEDLLOVERRIDES="mscoree,mshtml=", DISPLAY="",
+                        TELVARO_OPENER="C:\\windows\\system32\\hostname.exe")
         self.drive = os.path.join(prefix, "drive_c")
         self.work = os.path.join(self.drive, "telvaro-tests")
 
@@ -47,6 +50,16 @@ def new_prefix(build, name, programs):
     shutil.rmtree(prefix, ignore_errors=True)
     wine = Wine(prefix)
     code, _ = wine.run("wineboot", "-i")
+    # Wine links the user's Documents, Desktop and the like to the Unix home
+    # folder; they become folders of the prefix, so that nothing a client
+    # writes there (the exported workbooks) leaves the build folder.
+    users = os.path.join(wine.drive, "users")
+    for user in os.listdir(users):
+        for entry in os.listdir(os.path.join(users, user)):
+            path = os.path.join(users, user, entry)
+            if os.path.islink(path):
+                os.remove(path)
+                os.makedirs(path)
     os.makedirs(wine.work)
     for program in ["telvaro.dll", *programs]:
         shutil.copy(os.path.join(build, program), wine.work)

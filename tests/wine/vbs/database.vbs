@@ -138,6 +138,24 @@ fun.RegistroSiguiente ficha
 Check "RegistroSiguiente at the end reloads the last record", ficha.Loaded, ",9,12,12"
 ficha.Lista.Close
 
+' Binary fields cross the automation boundary as Byte arrays both ways: the
+' field's bytes reach the script, go to regGuardaStream, come back from
+' regLeeStream and go out again; the runner compares both files with the
+' bytes stored. (Wine's TypeName calls every array "Variant()" and its
+' UBound refuses a Byte array: VarType tells the element type.)
+Dim rs, adjunto, leidos
+cn.Execute "CREATE TABLE adjuntos (datos BLOB)"
+cn.Execute "INSERT INTO adjuntos VALUES (X'00FF7F80410D0A1A')"
+Set rs = CreateObject("ADODB.Recordset")
+rs.Open "SELECT datos FROM adjuntos", cn, 3, 1
+adjunto = rs.Fields.Item(0).Value
+rs.Close
+Check "a binary field is a Byte array", VarType(adjunto), vbArray + vbByte
+Check "regGuardaStream writes a Byte array", fun.regGuardaStream(adjunto, "C:\telvaro-tests\adjunto.bin"), "C:\telvaro-tests\adjunto.bin"
+leidos = fun.regLeeStream("C:\telvaro-tests\adjunto.bin")
+Check "regLeeStream reads a Byte array", VarType(leidos), vbArray + vbByte
+Check "regGuardaStream writes it again", fun.regGuardaStream(leidos, "C:\telvaro-tests\adjunto-2.bin"), "C:\telvaro-tests\adjunto-2.bin"
+
 ' A database failure reaches the script as the provider's error.
 On Error Resume Next
 r = fun.regDevuelveDatoCampoSQL(cn, "SELECT nada FROM ninguna")
