@@ -49,12 +49,12 @@ ObjectRef products(std::int32_t location = 3) {
 
 const char16_t* const kAll = u"SELECT codigo, nombre, precio, stock, alta FROM productos ORDER BY codigo";
 
-// RegLlenaGridRegSql's arguments after the connection and the grid.
-std::vector<Variant> fillArgs(const ObjectRef& connection, const Grid& grid, const char16_t* sql,
-                              const char16_t* campos, std::vector<Variant> options = {}) {
+// RegLlenaGridRegSql in `session`; `options` are its arguments after Campos.
+Outcome fill(Session& session, const ObjectRef& connection, const Grid& grid, const char16_t* sql,
+             const char16_t* campos, std::vector<Variant> options = {}) {
     std::vector<Variant> args = {Variant(connection), Variant(ObjectRef(grid)), v(sql), v(campos)};
     args.insert(args.end(), options.begin(), options.end());
-    return args;
+    return session.run("RegLlenaGridRegSql", std::move(args));
 }
 
 TEST(GridLoading, EveryFormatCode) {
@@ -133,11 +133,10 @@ TEST(GridLoading, EveryFormatCode) {
 TEST(GridLoading, CheckBoxColumns) {
     auto grid = newGrid(2, 3);
     Session session;
-    const Outcome out = session.run(
-        "RegLlenaGridRegSql",
-        fillArgs(products(), grid,
-                 u"SELECT codigo, CASE WHEN stock > 0 THEN 1 ELSE 0 END AS hay FROM productos ORDER BY codigo",
-                 u"codigo, hay|V"));
+    const Outcome out =
+        fill(session, products(), grid,
+             u"SELECT codigo, CASE WHEN stock > 0 THEN 1 ELSE 0 END AS hay FROM productos ORDER BY codigo",
+             u"codigo, hay|V");
     ASSERT_EQ(out.error, 0) << toUtf8(out.description);
     EXPECT_EQ(textsOf(*grid), (Texts{"||", "|1|1", "|2|0", "|3|0"}));
     EXPECT_EQ(pictureOf(*grid, 1, 2), "imSI");
@@ -181,8 +180,7 @@ TEST(GridLoading, ColumnsChosenByTheList) {
             for (std::int32_t col = 0; col < 5; ++col) grid->setTextMatrix(r, col, u"-");
         Session session;
         const Outcome out =
-            session.run("RegLlenaGridRegSql",
-                        fillArgs(products(), grid, kAll, c.campos, {v(False), v(False), v(1), Variant(c.colInicio)}));
+            fill(session, products(), grid, kAll, c.campos, {v(False), v(False), v(1), Variant(c.colInicio)});
         EXPECT_EQ(out.error, c.error) << toUtf8(out.description);
         Texts expected = {"||||"};
         expected.insert(expected.end(), c.rows.begin(), c.rows.end());
@@ -222,8 +220,7 @@ TEST(GridLoading, RowsClearedAndKept) {
             grid->setTextMatrix(r, 1, u"b");
         }
         Session session;
-        const Outcome out = session.run("RegLlenaGridRegSql",
-                                        fillArgs(products(c.location), grid, c.sql, u"codigo, nombre", c.options));
+        const Outcome out = fill(session, products(c.location), grid, c.sql, u"codigo, nombre", c.options);
         ASSERT_EQ(out.error, 0) << toUtf8(out.description);
         EXPECT_EQ(textsOf(*grid), c.cells);
     }
@@ -257,9 +254,8 @@ TEST(GridLoading, ProgressFormSequence) {
         SCOPED_TRACE(c.what);
         auto grid = newGrid(2, 3);
         Session session;
-        const Outcome out = session.run(
-            "RegLlenaGridRegSql", fillArgs(products(), grid, c.sql, u"codigo, nombre",
-                                           {v(True), v(False), v(1), i16(1), v(False), v(u"##0.00"), c.progresB}));
+        const Outcome out = fill(session, products(), grid, c.sql, u"codigo, nombre",
+                                 {v(True), v(False), v(1), i16(1), v(False), v(u"##0.00"), c.progresB});
         ASSERT_EQ(out.error, 0) << toUtf8(out.description);
         EXPECT_EQ(session.progress(), c.progress);
     }
@@ -270,8 +266,7 @@ TEST(GridLoading, ProgressFormLeftOnScreenByAFailure) {
     auto narrow = newGrid(2, 2);
     const std::vector<Variant> options = {v(True), v(False), v(1), i16(1), v(False), v(u"##0.00"), v(True)};
     // The second column is past the grid: the first cell is written, then 381.
-    const Outcome failed =
-        session.run("RegLlenaGridRegSql", fillArgs(products(), narrow, kAll, u"codigo, nombre", options));
+    const Outcome failed = fill(session, products(), narrow, kAll, u"codigo, nombre", options);
     EXPECT_EQ(failed.error, 381);
     EXPECT_EQ(toUtf8(narrow->textMatrix(1, 1)), "1");
     EXPECT_EQ(session.progress(), (std::vector<std::string>{"Load", "PB.Value=0", "PB.Max=3", "Show", "PB.Value=1",
@@ -279,8 +274,7 @@ TEST(GridLoading, ProgressFormLeftOnScreenByAFailure) {
     // The next call finds the form loaded and shown as it was.
     auto wide = newGrid(2, 3);
     const Outcome next =
-        session.run("RegLlenaGridRegSql",
-                    fillArgs(products(), wide, u"SELECT codigo FROM productos WHERE codigo = 2", u"codigo", options));
+        fill(session, products(), wide, u"SELECT codigo FROM productos WHERE codigo = 2", u"codigo", options);
     ASSERT_EQ(next.error, 0) << toUtf8(next.description);
     EXPECT_EQ(session.progress(), (std::vector<std::string>{"PB.Value=0", "PB.Max=1", "Show", "PB.Value=1",
                                                             "Caption=Progreso . . .      (1 de 1)", "Unload"}));
@@ -290,8 +284,8 @@ TEST(GridLoading, ProgressFormLeftOnScreenByAFailure) {
     auto grid = newGrid(2, 2);
     std::vector<Variant> counted = options;
     counted.back() = Variant(Boolean::fromBits(1));
-    const Outcome over = session.run("RegLlenaGridRegSql", fillArgs(data::testing::memoryConnection(many, 3), grid,
-                                                                    u"SELECT i FROM n ORDER BY i", u"i", counted));
+    const Outcome over =
+        fill(session, data::testing::memoryConnection(many, 3), grid, u"SELECT i FROM n ORDER BY i", u"i", counted);
     EXPECT_EQ(over.error, 380);
     EXPECT_EQ(toUtf8(grid->textMatrix(100, 1)), "100");
     EXPECT_EQ(toUtf8(grid->textMatrix(101, 1)), "");
@@ -322,8 +316,7 @@ TEST(GridLoading, TitleRows) {
         font->put(u"Size", Variant(11.0));
         Session session;
         const Outcome out =
-            session.run("RegLlenaGridRegSql",
-                        fillArgs(products(), grid, kAll, u"codigo", {v(True), v(False), v(2), i16(1), c.negritaTit}));
+            fill(session, products(), grid, kAll, u"codigo", {v(True), v(False), v(2), i16(1), c.negritaTit});
         ASSERT_EQ(out.error, 0) << toUtf8(out.description);
         EXPECT_EQ(toUtf8(grid->textMatrix(0, 1)), "Código");  // the titles are the form's
         for (std::int32_t r = 0; r < 3; ++r)
@@ -418,7 +411,7 @@ TEST(GridLoading, Failures) {
         auto grid = newGrid(2, 2);
         grid->setTextMatrix(1, 1, u"x");
         Session session;
-        const Outcome out = session.run("RegLlenaGridRegSql", fillArgs(c.connection, grid, c.sql, c.campos));
+        const Outcome out = fill(session, c.connection, grid, c.sql, c.campos);
         EXPECT_EQ(out.error, c.error) << toUtf8(out.description);
         EXPECT_EQ(textsOf(*grid), c.cells);
     }
@@ -469,11 +462,9 @@ TEST(GridLoading, OnPostgreSQL) {
         client->call(u"Execute", {Variant(String(sql))});
     auto grid = newGrid(2, 7);
     Session session;
-    const Outcome out =
-        session.run("RegLlenaGridRegSql",
-                    fillArgs(client, grid, u"SELECT * FROM gridventas ORDER BY codigo",
+    const Outcome out = fill(session, client, grid, u"SELECT * FROM gridventas ORDER BY codigo",
                              u"CODIGO, Cliente, total|N$, fecha|FL, saldo|;(0.00);:cero;0.00;:sin dato, pagado|V",
-                             {v(True), v(False), v(1), i16(1), v(True), v(u"##0.00"), v(True)}));
+                             {v(True), v(False), v(1), i16(1), v(True), v(u"##0.00"), v(True)});
     ASSERT_EQ(out.error, 0) << toUtf8(out.description);
     EXPECT_EQ(textsOf(*grid),
               (Texts{"||||||", "|1|Ana|$ 12.50|vie, 15 de marzo del 2024|(4.00)|1",
@@ -484,11 +475,7 @@ TEST(GridLoading, OnPostgreSQL) {
     // A server-side cursor cannot count: nothing is written, the rows are cleared.
     auto cleared = newGrid(3, 2);
     cleared->setTextMatrix(2, 1, u"viejo");
-    EXPECT_EQ(session
-                  .run("RegLlenaGridRegSql",
-                       fillArgs(serverConnection(2), cleared, u"SELECT codigo FROM gridventas", u"codigo"))
-                  .error,
-              0);
+    EXPECT_EQ(fill(session, serverConnection(2), cleared, u"SELECT codigo FROM gridventas", u"codigo").error, 0);
     EXPECT_EQ(textsOf(*cleared), (Texts{"|"}));
     EXPECT_TRUE(session.progress().empty());
 }

@@ -88,7 +88,6 @@ TEST(Reports, Failures) {
         ObjectRef recordset;
         int error;
     };
-    auto threeSections = std::make_shared<DataReport>(u"rpt", std::vector<String>{u"a", u"b", u"c"});
     auto fourSections = std::make_shared<DataReport>(u"rpt", std::vector<String>{u"a", u"b", u"c", u"d"});
     auto bound = std::make_shared<DataReport>();
     const std::vector<Case> cases = {
@@ -105,7 +104,6 @@ TEST(Reports, Failures) {
     }
     // What was bound before the failure stays bound.
     EXPECT_EQ(fourSections->dataMember, u"x");
-    (void)threeSections;
 }
 
 Variant matrix(std::vector<std::vector<Variant>> rows) {
