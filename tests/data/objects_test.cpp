@@ -138,6 +138,7 @@ TEST(Objects, AFieldReadsTheCurrentRecordOfItsRecordset) {
 TEST(Objects, ClosedAndOpenObjects) {
     ObjectRef connection = memoryConnection(kPeople, 3);
     ObjectRef rs = create(u"ADODB.Recordset");
+    auto openWith = [&](std::vector<Variant> args) { return [&rs, args] { rs->call(u"Open", args); }; };
     struct Case {
         const char* what;
         std::function<void()> call;
@@ -149,26 +150,12 @@ TEST(Objects, ClosedAndOpenObjects) {
         {"move on a closed recordset", [&] { rs->call(u"MoveNext"); }, ado::ObjectClosed},
         {"close a closed recordset", [&] { rs->call(u"Close"); }, ado::ObjectClosed},
         {"field of a closed recordset", [&] { rs->get(u"", {Variant(0)}); }, ado::ItemNotFound},
-        {"open without a connection", [&] { rs->call(u"Open", {Variant(u"SELECT 1")}); }, ado::InvalidConnection},
-        {"open without a source",
-         [&] {
-             rs->call(u"Open", {Variant::missing(), Variant(connection)});
-         },
+        {"open without a connection", openWith({Variant(u"SELECT 1")}), ado::InvalidConnection},
+        {"open without a source", openWith({Variant::missing(), Variant(connection)}), ado::InvalidArgument},
+        {"cursor type 4", openWith({Variant(u"SELECT 1"), Variant(connection), Variant(4)}), ado::InvalidArgument},
+        {"lock type 5", openWith({Variant(u"SELECT 1"), Variant(connection), Variant(0), Variant(5)}),
          ado::InvalidArgument},
-        {"cursor type 4",
-         [&] {
-             rs->call(u"Open", {Variant(u"SELECT 1"), Variant(connection), Variant(4)});
-         },
-         ado::InvalidArgument},
-        {"lock type 5",
-         [&] {
-             rs->call(u"Open", {Variant(u"SELECT 1"), Variant(connection), Variant(0), Variant(5)});
-         },
-         ado::InvalidArgument},
-        {"a connection that is not one",
-         [&] {
-             rs->call(u"Open", {Variant(u"SELECT 1"), Variant(create(u"ADODB.Stream"))});
-         },
+        {"a connection that is not one", openWith({Variant(u"SELECT 1"), Variant(create(u"ADODB.Stream"))}),
          ado::InvalidConnection},
         {"cursor location 1", [&] { rs->put(u"CursorLocation", Variant(1)); }, ado::InvalidArgument},
         {"open twice",

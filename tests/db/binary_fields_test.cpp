@@ -137,11 +137,7 @@ TEST(BinaryFields, ValuesRoundTripByteForByteOnTheEmbeddedEngine) {
 }
 
 TEST(BinaryFields, ValuesRoundTripByteForByteOnTheServer) {
-    auto& server = data::testing::PostgresServer::instance();
-    ASSERT_TRUE(server.ready()) << server.failure();
-    const ObjectRef connection = data::testing::create(u"ADODB.Connection");
-    connection->put(u"CursorLocation", Variant(3));
-    connection->call(u"Open", {Variant(server.connectionString())});
+    const ObjectRef connection = serverConnection(3);
     connection->call(u"Execute", {v(u"DROP TABLE IF EXISTS fotos")});
     connection->call(u"Execute", {v(u"CREATE TABLE fotos (id INTEGER, foto BYTEA)")});
     roundTrip(connection, u"'\\x", u"'::bytea");
@@ -173,55 +169,35 @@ TEST(BinaryFields, FailuresOfFoldersPathsAndValues) {
         std::vector<Variant> args;
         int error;
     };
-    const Variant some = byteValue("foto");
+    const Variant some = byteValue("foto"), picture = byteValue(bigPicture());
+    const std::function<void()> nothing = [] {};
+    const std::function<void()> noScratchFolder = [] { fs::remove_all(driveFile(u"C:\\windows\\temp")); };
+    const std::function<void()> scratchFolderIsAFile = [] {
+        fs::remove_all(driveFile(u"C:\\windows\\temp"));
+        writeFile(driveFile(u"C:\\windows\\temp"), "x");
+    };
+    const std::function<void()> scratchFileIsAFolder = [] { fs::create_directories(driveFile(kScratch)); };
+    const std::function<void()> fotosFolder = [] { fs::create_directories(driveFile(u"C:\\fotos")); };
+    const char* const save = "regGuardaStream";
+    const char* const read = "regLeeStream";
+    const char* const show = "regImgStream";
     const std::vector<Case> cases = {
-        {"no scratch folder",
-         [] { fs::remove_all(driveFile(u"C:\\windows\\temp")); },
-         "regGuardaStream",
-         {some},
-         kWritingFile},
-        {"the scratch folder is a file",
-         [] {
-             fs::remove_all(driveFile(u"C:\\windows\\temp"));
-             writeFile(driveFile(u"C:\\windows\\temp"), "x");
-         },
-         "regGuardaStream",
-         {some},
-         kWritingFile},
-        {"the scratch file is a folder",
-         [] { fs::create_directories(driveFile(kScratch)); },
-         "regGuardaStream",
-         {some},
-         kWritingFile},
-        {"a folder given for the file",
-         [] { fs::create_directories(driveFile(u"C:\\fotos")); },
-         "regGuardaStream",
-         {some, v(u"C:\\fotos")},
-         kWritingFile},
-        {"a file in a missing folder", [] {}, "regGuardaStream", {some, v(u"C:\\no\\hay\\foto.bin")}, kWritingFile},
-        {"a text is no binary value", [] {}, "regGuardaStream", {v(u"foto")}, kInvalidArgument},
-        {"Null is no binary value", [] {}, "regGuardaStream", {Variant(Null{})}, kInvalidArgument},
-        {"Empty is no binary value", [] {}, "regGuardaStream", {Variant()}, kInvalidArgument},
-        {"an array of numbers is no binary value",
-         [] {},
-         "regGuardaStream",
-         {Variant(Array::ofValues({Variant(1), Variant(2)}))},
-         kInvalidArgument},
-        {"no value at all", [] {}, "regGuardaStream", {}, 449},
-        {"a missing file", [] {}, "regLeeStream", {v(u"C:\\fotos\\no.bin")}, kOpeningFile},
-        {"a folder to read",
-         [] { fs::create_directories(driveFile(u"C:\\fotos")); },
-         "regLeeStream",
-         {v(u"C:\\fotos")},
-         kOpeningFile},
-        {"an empty path to read", [] {}, "regLeeStream", {v(u"")}, kInvalidArgument},
-        {"a value that is no picture", [] {}, "regImgStream", {some}, 481},
-        {"no bytes are no picture", [] {}, "regImgStream", {byteValue("")}, 481},
-        {"a picture into a missing folder",
-         [] {},
-         "regImgStream",
-         {byteValue(bigPicture()), v(u"C:\\no\\f.png")},
-         kWritingFile},
+        {"no scratch folder", noScratchFolder, save, {some}, kWritingFile},
+        {"the scratch folder is a file", scratchFolderIsAFile, save, {some}, kWritingFile},
+        {"the scratch file is a folder", scratchFileIsAFolder, save, {some}, kWritingFile},
+        {"a folder given for the file", fotosFolder, save, {some, v(u"C:\\fotos")}, kWritingFile},
+        {"a file in a missing folder", nothing, save, {some, v(u"C:\\no\\hay\\foto.bin")}, kWritingFile},
+        {"a text is no binary value", nothing, save, {v(u"foto")}, kInvalidArgument},
+        {"Null is no binary value", nothing, save, {Variant(Null{})}, kInvalidArgument},
+        {"Empty is no binary value", nothing, save, {Variant()}, kInvalidArgument},
+        {"numbers are no binary value", nothing, save, {Variant(Array::ofValues({v(1), v(2)}))}, kInvalidArgument},
+        {"no value at all", nothing, save, {}, 449},
+        {"a missing file", nothing, read, {v(u"C:\\fotos\\no.bin")}, kOpeningFile},
+        {"a folder to read", fotosFolder, read, {v(u"C:\\fotos")}, kOpeningFile},
+        {"an empty path to read", nothing, read, {v(u"")}, kInvalidArgument},
+        {"a value that is no picture", nothing, show, {some}, 481},
+        {"no bytes are no picture", nothing, show, {byteValue("")}, 481},
+        {"a picture into a missing folder", nothing, show, {picture, v(u"C:\\no\\f.png")}, kWritingFile},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);

@@ -1,14 +1,18 @@
 #include "db_support.h"
 
-#include "context/fun.h"
 #include "frame/invoke.h"
 #include "host/default_platform.h"
 
+#include <stdexcept>
+
 namespace telvaro::dbtest {
 
-Outcome run(const char* method, std::vector<Variant> args, std::vector<int> answers) {
-    ScriptedPlatform platform(defaultPlatform(), std::move(answers));
-    Fun fun(platform);
+Session::Session(std::vector<int> answers) : platform_(defaultPlatform(), std::move(answers)) {
+    platform_.use(std::shared_ptr<ProgressDisplay>(recorder_));
+}
+
+Outcome Session::run(const char* method, std::vector<Variant> args) {
+    Fun fun(platform_);
     Outcome out;
     try {
         out.result = invoke(fun, method, args);
@@ -16,7 +20,13 @@ Outcome run(const char* method, std::vector<Variant> args, std::vector<int> answ
         out.error = e.number();
         out.description = e.description();
     }
-    out.boxes = platform.boxes().shown();
+    out.boxes = platform_.boxes().shown();
+    return out;
+}
+
+std::vector<std::string> Session::progress() {
+    std::vector<std::string> out;
+    for (const auto& entry : recorder_->take()) out.push_back(toUtf8(entry));
     return out;
 }
 
@@ -32,6 +42,15 @@ std::vector<String> clientTable(int rows) {
 
 ObjectRef clientConnection(int rows, std::int32_t cursorLocation) {
     return data::testing::memoryConnection(clientTable(rows), cursorLocation);
+}
+
+ObjectRef serverConnection(std::int32_t cursorLocation) {
+    auto& server = data::testing::PostgresServer::instance();
+    if (!server.ready()) throw std::runtime_error("PostgreSQL is not running: " + server.failure());
+    ObjectRef connection = data::testing::create(u"ADODB.Connection");
+    connection->put(u"CursorLocation", Variant(cursorLocation));
+    connection->call(u"Open", {Variant(server.connectionString())});
+    return connection;
 }
 
 }  // namespace telvaro::dbtest

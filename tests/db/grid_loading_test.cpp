@@ -3,22 +3,18 @@
 // search variant, the failures, and the same on PostgreSQL through ODBC.
 #include <gtest/gtest.h>
 
-#include "cli/batch.h"
-#include "cli/object_json.h"
 #include "context/frm_prog.h"
 #include "context/fun.h"
 #include "db/grid_loading.h"
 #include "db_support.h"
-#include "frame/invoke.h"
-#include "host/default_platform.h"
 #include "objects/flex_grid.h"
 #include "objects/picture.h"
-#include "platform/recording_progress_display.h"
 
 namespace telvaro::dbtest {
 namespace {
 
-using Texts = std::vector<std::vector<std::string>>;
+// A grid's texts, one string per row with "|" between the cells.
+using Texts = std::vector<std::string>;
 using Grid = std::shared_ptr<objects::FlexGrid>;
 
 Grid newGrid(std::int32_t rows, std::int32_t cols, std::int32_t fixedRows = 1) {
@@ -31,7 +27,7 @@ Texts textsOf(const objects::FlexGrid& grid) {
     Texts out;
     for (std::int32_t r = 0; r < grid.rows(); ++r) {
         out.emplace_back();
-        for (std::int32_t c = 0; c < grid.cols(); ++c) out.back().push_back(toUtf8(grid.textMatrix(r, c)));
+        for (std::int32_t c = 0; c < grid.cols(); ++c) out.back() += (c ? "|" : "") + toUtf8(grid.textMatrix(r, c));
     }
     return out;
 }
@@ -41,34 +37,6 @@ std::string pictureOf(const objects::FlexGrid& grid, std::int32_t row, std::int3
     if (!cell || !cell->picture) return "";
     return toUtf8(std::static_pointer_cast<objects::Picture>(cell->picture)->source());
 }
-
-// Calls on one platform whose progress form is recorded; the form stays
-// loaded between the calls of one session, as on one client thread.
-class Session {
-public:
-    Session() : platform_(defaultPlatform(), {}) { platform_.use(std::shared_ptr<ProgressDisplay>(recorder_)); }
-    Outcome run(const char* method, std::vector<Variant> args) {
-        Fun fun(platform_);
-        Outcome out;
-        try {
-            out.result = invoke(fun, method, args);
-        } catch (const RuntimeError& e) {
-            out.error = e.number();
-            out.description = e.description();
-        }
-        return out;
-    }
-    std::vector<std::string> progress() {
-        std::vector<std::string> out;
-        for (const auto& entry : recorder_->take()) out.push_back(toUtf8(entry));
-        return out;
-    }
-    Fun fun() { return Fun(platform_); }
-
-private:
-    std::shared_ptr<RecordingProgressDisplay> recorder_ = std::make_shared<RecordingProgressDisplay>();
-    ScriptedPlatform platform_;
-};
 
 ObjectRef products(std::int32_t location = 3) {
     return data::testing::memoryConnection(
@@ -81,12 +49,12 @@ ObjectRef products(std::int32_t location = 3) {
 
 const char16_t* const kAll = u"SELECT codigo, nombre, precio, stock, alta FROM productos ORDER BY codigo";
 
-// RegLlenaGridRegSql's arguments after the connection and the grid.
-std::vector<Variant> fillArgs(const ObjectRef& connection, const Grid& grid, const char16_t* sql,
-                              const char16_t* campos, std::vector<Variant> options = {}) {
+// RegLlenaGridRegSql in `session`; `options` are its arguments after Campos.
+Outcome fill(Session& session, const ObjectRef& connection, const Grid& grid, const char16_t* sql,
+             const char16_t* campos, std::vector<Variant> options = {}) {
     std::vector<Variant> args = {Variant(connection), Variant(ObjectRef(grid)), v(sql), v(campos)};
     args.insert(args.end(), options.begin(), options.end());
-    return args;
+    return session.run("RegLlenaGridRegSql", std::move(args));
 }
 
 TEST(GridLoading, EveryFormatCode) {
@@ -154,10 +122,9 @@ TEST(GridLoading, EveryFormatCode) {
         const String campos = String(u"valor") + (*c.code ? u"|" + String(c.code) : String());
         const String sql = u"SELECT " + String(c.value) + u" AS valor";
         Session session;
-        const Outcome out =
-            session.run("RegLlenaGridRegSql", {Variant(products()), Variant(ObjectRef(grid)), Variant(sql),
-                                               Variant(campos), Variant(Boolean(false)), Variant(Boolean(false)), v(1),
-                                               Variant(std::int16_t(1)), Variant(Boolean(false)), v(c.numDeci)});
+        const Outcome out = session.run("RegLlenaGridRegSql",
+                                        {Variant(products()), Variant(ObjectRef(grid)), Variant(sql), Variant(campos),
+                                         v(False), v(False), v(1), i16(1), v(False), v(c.numDeci)});
         EXPECT_EQ(out.error, c.error) << toUtf8(out.description);
         EXPECT_EQ(toUtf8(grid->textMatrix(1, 1)), c.cell);
     }
@@ -166,13 +133,12 @@ TEST(GridLoading, EveryFormatCode) {
 TEST(GridLoading, CheckBoxColumns) {
     auto grid = newGrid(2, 3);
     Session session;
-    const Outcome out = session.run(
-        "RegLlenaGridRegSql",
-        fillArgs(products(), grid,
-                 u"SELECT codigo, CASE WHEN stock > 0 THEN 1 ELSE 0 END AS hay FROM productos ORDER BY codigo",
-                 u"codigo, hay|V"));
+    const Outcome out =
+        fill(session, products(), grid,
+             u"SELECT codigo, CASE WHEN stock > 0 THEN 1 ELSE 0 END AS hay FROM productos ORDER BY codigo",
+             u"codigo, hay|V");
     ASSERT_EQ(out.error, 0) << toUtf8(out.description);
-    EXPECT_EQ(textsOf(*grid), (Texts{{"", "", ""}, {"", "1", "1"}, {"", "2", "0"}, {"", "3", "0"}}));
+    EXPECT_EQ(textsOf(*grid), (Texts{"||", "|1|1", "|2|0", "|3|0"}));
     EXPECT_EQ(pictureOf(*grid, 1, 2), "imSI");
     EXPECT_EQ(pictureOf(*grid, 2, 2), "imNO");
     EXPECT_EQ(grid->cellFormat(1, 2)->fontName, String(u"Small Fonts"));  // the value kept as hidden text
@@ -191,23 +157,20 @@ TEST(GridLoading, ColumnsChosenByTheList) {
         {"three entries from column 1, stock ignored",
          u"Codigo, Nombre, Precio|N$",
          1,
-         {{"-", "1", "Arroz", "$ 12.50", "-"}, {"-", "2", "Azúcar", "$ 0.75", "-"}, {"-", "3", "Café", "$ 3.00", "-"}}},
+         {"-|1|Arroz|$ 12.50|-", "-|2|Azúcar|$ 0.75|-", "-|3|Café|$ 3.00|-"}},
         {"names trimmed, any case, in another order; the code as written",
          u" PRECIO |n, nombre ",
          0,
-         {{"12.50", "Arroz", "-", "-", "-"}, {"0.75", "Azúcar", "-", "-", "-"}, {"3.00", "Café", "-", "-", "-"}}},
+         {"12.50|Arroz|-|-|-", "0.75|Azúcar|-|-|-", "3.00|Café|-|-|-"}},
         {"an entry naming no field leaves its column",
          u"codigo, apellido, nombre",
          2,
-         {{"-", "-", "1", "-", "Arroz"}, {"-", "-", "2", "-", "Azúcar"}, {"-", "-", "3", "-", "Café"}}},
-        {"the first of two equal entries",
-         u"nombre, NOMBRE|>",
-         1,
-         {{"-", "Arroz", "-", "-", "-"}, {"-", "Azúcar", "-", "-", "-"}, {"-", "Café", "-", "-", "-"}}},
+         {"-|-|1|-|Arroz", "-|-|2|-|Azúcar", "-|-|3|-|Café"}},
+        {"the first of two equal entries", u"nombre, NOMBRE|>", 1, {"-|Arroz|-|-|-", "-|Azúcar|-|-|-", "-|Café|-|-|-"}},
         {"a column past the grid: what was written stays",
          u"codigo, nombre",
          4,
-         {{"-", "-", "-", "-", "1"}, {"-", "-", "-", "-", "-"}, {"-", "-", "-", "-", "-"}},
+         {"-|-|-|-|1", "-|-|-|-|-", "-|-|-|-|-"},
          381},
     };
     for (const auto& c : cases) {
@@ -217,11 +180,9 @@ TEST(GridLoading, ColumnsChosenByTheList) {
             for (std::int32_t col = 0; col < 5; ++col) grid->setTextMatrix(r, col, u"-");
         Session session;
         const Outcome out =
-            session.run("RegLlenaGridRegSql",
-                        fillArgs(products(), grid, kAll, c.campos,
-                                 {Variant(Boolean(false)), Variant(Boolean(false)), v(1), Variant(c.colInicio)}));
+            fill(session, products(), grid, kAll, c.campos, {v(False), v(False), v(1), Variant(c.colInicio)});
         EXPECT_EQ(out.error, c.error) << toUtf8(out.description);
-        Texts expected = {{"", "", "", "", ""}};
+        Texts expected = {"||||"};
         expected.insert(expected.end(), c.rows.begin(), c.rows.end());
         EXPECT_EQ(textsOf(*grid), expected);
     }
@@ -238,36 +199,16 @@ TEST(GridLoading, RowsClearedAndKept) {
     const char16_t* const none = u"SELECT codigo, nombre FROM productos WHERE codigo > 9";
     const char16_t* const two = u"SELECT codigo, nombre FROM productos WHERE codigo < 3 ORDER BY codigo";
     const std::vector<Case> cases = {
-        {"empty result, one empty row left",
-         none,
-         3,
-         {Variant(True), Variant(True), v(1), Variant(std::int16_t(0))},
-         {{"T0", "T1"}, {"", ""}}},
-        {"empty result, no row left",
-         none,
-         3,
-         {Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(0))},
-         {{"T0", "T1"}}},
-        {"two records from row 1",
-         two,
-         3,
-         {Variant(True), Variant(True), v(1), Variant(std::int16_t(0))},
-         {{"T0", "T1"}, {"1", "Arroz"}, {"2", "Azúcar"}}},
-        {"from row 0 the whole grid is cleared",
-         two,
-         3,
-         {Variant(True), Variant(Boolean(false)), v(0), Variant(std::int16_t(0))},
-         {{"1", "Arroz"}, {"2", "Azúcar"}}},
+        {"empty result, one empty row left", none, 3, {v(True), v(True), v(1), i16(0)}, {"T0|T1", "|"}},
+        {"empty result, no row left", none, 3, {v(True), v(False), v(1), i16(0)}, {"T0|T1"}},
+        {"two records from row 1", two, 3, {v(True), v(True), v(1), i16(0)}, {"T0|T1", "1|Arroz", "2|Azúcar"}},
+        {"from row 0 the whole grid is cleared", two, 3, {v(True), v(False), v(0), i16(0)}, {"1|Arroz", "2|Azúcar"}},
         {"without Limpiar the rows above FilInicio stay",
          two,
          3,
-         {Variant(Boolean(false)), Variant(Boolean(false)), v(2), Variant(std::int16_t(0))},
-         {{"T0", "T1"}, {"a", "b"}, {"1", "Arroz"}, {"2", "Azúcar"}}},
-        {"a server cursor counts -1: nothing written",
-         two,
-         2,
-         {Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(0))},
-         {{"T0", "T1"}}},
+         {v(False), v(False), v(2), i16(0)},
+         {"T0|T1", "a|b", "1|Arroz", "2|Azúcar"}},
+        {"a server cursor counts -1: nothing written", two, 2, {v(True), v(False), v(1), i16(0)}, {"T0|T1"}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -279,8 +220,7 @@ TEST(GridLoading, RowsClearedAndKept) {
             grid->setTextMatrix(r, 1, u"b");
         }
         Session session;
-        const Outcome out = session.run("RegLlenaGridRegSql",
-                                        fillArgs(products(c.location), grid, c.sql, u"codigo, nombre", c.options));
+        const Outcome out = fill(session, products(c.location), grid, c.sql, u"codigo, nombre", c.options);
         ASSERT_EQ(out.error, 0) << toUtf8(out.description);
         EXPECT_EQ(textsOf(*grid), c.cells);
     }
@@ -300,9 +240,9 @@ TEST(GridLoading, ProgressFormSequence) {
         std::vector<std::string> progress;
     };
     const std::vector<Case> cases = {
-        {"shown while three rows are written", kAll, Variant(True), shown},
-        {"not asked", kAll, Variant(Boolean(false)), {}},
-        {"no rows: never loaded", u"SELECT codigo FROM productos WHERE codigo = 0", Variant(True), {}},
+        {"shown while three rows are written", kAll, v(True), shown},
+        {"not asked", kAll, v(False), {}},
+        {"no rows: never loaded", u"SELECT codigo FROM productos WHERE codigo = 0", v(True), {}},
         // Only exactly True shows it; another non-zero value counts on it unseen, against the designed Max.
         {"ProgresB 1",
          kAll,
@@ -314,10 +254,8 @@ TEST(GridLoading, ProgressFormSequence) {
         SCOPED_TRACE(c.what);
         auto grid = newGrid(2, 3);
         Session session;
-        const Outcome out = session.run(
-            "RegLlenaGridRegSql", fillArgs(products(), grid, c.sql, u"codigo, nombre",
-                                           {Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(1)),
-                                            Variant(Boolean(false)), v(u"##0.00"), c.progresB}));
+        const Outcome out = fill(session, products(), grid, c.sql, u"codigo, nombre",
+                                 {v(True), v(False), v(1), i16(1), v(False), v(u"##0.00"), c.progresB});
         ASSERT_EQ(out.error, 0) << toUtf8(out.description);
         EXPECT_EQ(session.progress(), c.progress);
     }
@@ -326,12 +264,9 @@ TEST(GridLoading, ProgressFormSequence) {
 TEST(GridLoading, ProgressFormLeftOnScreenByAFailure) {
     Session session;
     auto narrow = newGrid(2, 2);
-    const std::vector<Variant> options = {
-        Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(1)), Variant(Boolean(false)), v(u"##0.00"),
-        Variant(True)};
+    const std::vector<Variant> options = {v(True), v(False), v(1), i16(1), v(False), v(u"##0.00"), v(True)};
     // The second column is past the grid: the first cell is written, then 381.
-    const Outcome failed =
-        session.run("RegLlenaGridRegSql", fillArgs(products(), narrow, kAll, u"codigo, nombre", options));
+    const Outcome failed = fill(session, products(), narrow, kAll, u"codigo, nombre", options);
     EXPECT_EQ(failed.error, 381);
     EXPECT_EQ(toUtf8(narrow->textMatrix(1, 1)), "1");
     EXPECT_EQ(session.progress(), (std::vector<std::string>{"Load", "PB.Value=0", "PB.Max=3", "Show", "PB.Value=1",
@@ -339,8 +274,7 @@ TEST(GridLoading, ProgressFormLeftOnScreenByAFailure) {
     // The next call finds the form loaded and shown as it was.
     auto wide = newGrid(2, 3);
     const Outcome next =
-        session.run("RegLlenaGridRegSql",
-                    fillArgs(products(), wide, u"SELECT codigo FROM productos WHERE codigo = 2", u"codigo", options));
+        fill(session, products(), wide, u"SELECT codigo FROM productos WHERE codigo = 2", u"codigo", options);
     ASSERT_EQ(next.error, 0) << toUtf8(next.description);
     EXPECT_EQ(session.progress(), (std::vector<std::string>{"PB.Value=0", "PB.Max=1", "Show", "PB.Value=1",
                                                             "Caption=Progreso . . .      (1 de 1)", "Unload"}));
@@ -350,8 +284,8 @@ TEST(GridLoading, ProgressFormLeftOnScreenByAFailure) {
     auto grid = newGrid(2, 2);
     std::vector<Variant> counted = options;
     counted.back() = Variant(Boolean::fromBits(1));
-    const Outcome over = session.run("RegLlenaGridRegSql", fillArgs(data::testing::memoryConnection(many, 3), grid,
-                                                                    u"SELECT i FROM n ORDER BY i", u"i", counted));
+    const Outcome over =
+        fill(session, data::testing::memoryConnection(many, 3), grid, u"SELECT i FROM n ORDER BY i", u"i", counted);
     EXPECT_EQ(over.error, 380);
     EXPECT_EQ(toUtf8(grid->textMatrix(100, 1)), "100");
     EXPECT_EQ(toUtf8(grid->textMatrix(101, 1)), "");
@@ -369,9 +303,9 @@ TEST(GridLoading, TitleRows) {
         bool formatted;
     };
     const std::vector<Case> cases = {
-        {"bold and centred", 2, Variant(True), true},
-        {"not asked", 1, Variant(Boolean(false)), false},
-        {"no title rows", 0, Variant(True), false},
+        {"bold and centred", 2, v(True), true},
+        {"not asked", 1, v(False), false},
+        {"no title rows", 0, v(True), false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -381,9 +315,8 @@ TEST(GridLoading, TitleRows) {
         font->put(u"Name", v(u"Tahoma"));
         font->put(u"Size", Variant(11.0));
         Session session;
-        const Outcome out = session.run("RegLlenaGridRegSql", fillArgs(products(), grid, kAll, u"codigo",
-                                                                       {Variant(True), Variant(Boolean(false)), v(2),
-                                                                        Variant(std::int16_t(1)), c.negritaTit}));
+        const Outcome out =
+            fill(session, products(), grid, kAll, u"codigo", {v(True), v(False), v(2), i16(1), c.negritaTit});
         ASSERT_EQ(out.error, 0) << toUtf8(out.description);
         EXPECT_EQ(toUtf8(grid->textMatrix(0, 1)), "Código");  // the titles are the form's
         for (std::int32_t r = 0; r < 3; ++r)
@@ -411,24 +344,14 @@ TEST(GridLoading, SearchAsTheUserTypes) {
         std::int32_t rows;
     };
     const std::vector<Case> cases = {
-        {"a match from row 1", u"'%car%'", {v(1), Variant(std::int16_t(0))}, false, true, 2},
-        {"empty search from row 1: hidden", u"'%'", {v(1), Variant(std::int16_t(0))}, true, false, 1},
-        {"empty search with a blank", u"' %'", {v(1), Variant(std::int16_t(0))}, true, false, 1},
-        {"an empty row left is a row",
-         u"'%'",
-         {v(1), Variant(std::int16_t(0)), Variant(True), Variant(True)},
-         false,
-         true,
-         2},
-        {"from row 0, one record shows", u"'%car%'", {v(0), Variant(std::int16_t(0))}, false, true, 1},
-        {"from row 0, nothing found: the last cell is empty", u"'%'", {v(0), Variant(std::int16_t(0))}, true, false, 1},
-        {"OcultaSiNo False leaves Visible",
-         u"'%'",
-         {v(1), Variant(std::int16_t(0)), Variant(Boolean(false))},
-         true,
-         true,
-         1},
-        {"a negative row leaves Visible", u"'%'", {v(-1), Variant(std::int16_t(0))}, true, true, -1},
+        {"a match from row 1", u"'%car%'", {v(1), i16(0)}, false, true, 2},
+        {"empty search from row 1: hidden", u"'%'", {v(1), i16(0)}, true, false, 1},
+        {"empty search with a blank", u"' %'", {v(1), i16(0)}, true, false, 1},
+        {"an empty row left is a row", u"'%'", {v(1), i16(0), v(True), v(True)}, false, true, 2},
+        {"from row 0, one record shows", u"'%car%'", {v(0), i16(0)}, false, true, 1},
+        {"from row 0, nothing found: the last cell is empty", u"'%'", {v(0), i16(0)}, true, false, 1},
+        {"OcultaSiNo False leaves Visible", u"'%'", {v(1), i16(0), v(False)}, true, true, 1},
+        {"a negative row leaves Visible", u"'%'", {v(-1), i16(0)}, true, true, -1},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -475,20 +398,20 @@ TEST(GridLoading, Failures) {
          u"SELECT * FROM nada",
          u"codigo",
          -2147217900,
-         {{"", ""}, {"", "x"}}},
+         {"|", "|x"}},
         {"a text under a date code: the rows before stay",
          products(),
          u"SELECT CASE WHEN codigo = 3 THEN 'pronto' ELSE alta END AS alta FROM productos ORDER BY codigo",
          u"alta|F",
          13,
-         {{"", ""}, {"", "15/03/2024"}, {"", "01/12/2024"}, {"", ""}}},
+         {"|", "|15/03/2024", "|01/12/2024", "|"}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         auto grid = newGrid(2, 2);
         grid->setTextMatrix(1, 1, u"x");
         Session session;
-        const Outcome out = session.run("RegLlenaGridRegSql", fillArgs(c.connection, grid, c.sql, c.campos));
+        const Outcome out = fill(session, c.connection, grid, c.sql, c.campos);
         EXPECT_EQ(out.error, c.error) << toUtf8(out.description);
         EXPECT_EQ(textsOf(*grid), c.cells);
     }
@@ -514,10 +437,10 @@ TEST(GridLoading, FrmProgMembers) {
         {"a value above Max", [&] { form.setValue(Variant(101.0)); }, 380},
         {"a value below Min", [&] { form.setValue(Variant(-1.0)); }, 380},
         {"a Max not above Min", [&] { form.setMax(Variant(0.0)); }, 380},
-        {"a modal Show", [&] { form.object().call(u"Show", {Variant(std::int16_t(1))}); }, 5},
-        {"a ZOrder of 2", [&] { form.zOrder(Variant(std::int16_t(2))); }, 5},
+        {"a modal Show", [&] { form.object().call(u"Show", {i16(1)}); }, 5},
+        {"a ZOrder of 2", [&] { form.zOrder(i16(2)); }, 5},
         {"a member it has not", [&] { form.object().get(u"Picture"); }, 438},
-        {"ZOrder 0", [&] { form.zOrder(Variant(std::int16_t(0))); }, 0},
+        {"ZOrder 0", [&] { form.zOrder(i16(0)); }, 0},
         {"Unload", [&] { form.unload(); }, 0},
         {"a member after Unload", [&] { form.setValue(Variant(1.0)); }, 364},
     };
@@ -528,31 +451,8 @@ TEST(GridLoading, FrmProgMembers) {
     EXPECT_EQ(session.progress(), std::vector<std::string>{"Load"});
 }
 
-TEST(GridLoading, BatchAnswerCarriesTheProgressForm) {
-    const std::string request =
-        R"J({"id":1,"method":"RegLlenaGridRegSql","args":[{"object":"connection","setup":["CREATE TABLE t(k)","INSERT INTO t VALUES (7),(8)"],"cursorLocation":3},)J"
-        R"J({"object":"grid","rows":2,"cols":2},"SELECT k FROM t","k|N$",true,false,1,1,false,"##0.00",true]})J";
-    const cli::Json answer = cli::Json::parse(cli::answerRequest(request));
-    ASSERT_FALSE(answer.contains("error")) << answer.dump();
-    EXPECT_EQ(answer.at("byref").at(1).at("value").at("cells").at(2).at(1), "$ 8.00");
-    EXPECT_EQ(answer.at("progress"), cli::Json::parse(R"J(["Load","PB.Value=0","PB.Max=2","Show","PB.Value=1",
-        "Caption=Progreso . . .      (1 de 2)","PB.Value=2","Caption=Progreso . . .      (2 de 2)","Unload"])J"));
-    // Without the form, no field.
-    const cli::Json quiet =
-        cli::Json::parse(cli::answerRequest(R"({"id":2,"method":"strCuentaCaracteres","args":["aaa","a"]})"));
-    EXPECT_FALSE(quiet.contains("progress"));
-}
-
 TEST(GridLoading, OnPostgreSQL) {
-    auto& server = data::testing::PostgresServer::instance();
-    ASSERT_TRUE(server.ready()) << server.failure();
-    const auto connect = [&](std::int32_t location) {
-        ObjectRef connection = data::testing::create(u"ADODB.Connection");
-        connection->put(u"CursorLocation", Variant(location));
-        connection->call(u"Open", {Variant(server.connectionString())});
-        return connection;
-    };
-    const ObjectRef client = connect(3);
+    const ObjectRef client = serverConnection(3);
     for (const char16_t* sql :
          {u"DROP TABLE IF EXISTS gridventas",
           u"CREATE TABLE gridventas (codigo INTEGER, cliente VARCHAR(20), total NUMERIC(10,2), fecha DATE, saldo "
@@ -562,28 +462,21 @@ TEST(GridLoading, OnPostgreSQL) {
         client->call(u"Execute", {Variant(String(sql))});
     auto grid = newGrid(2, 7);
     Session session;
-    const Outcome out =
-        session.run("RegLlenaGridRegSql",
-                    fillArgs(client, grid, u"SELECT * FROM gridventas ORDER BY codigo",
+    const Outcome out = fill(session, client, grid, u"SELECT * FROM gridventas ORDER BY codigo",
                              u"CODIGO, Cliente, total|N$, fecha|FL, saldo|;(0.00);:cero;0.00;:sin dato, pagado|V",
-                             {Variant(True), Variant(Boolean(false)), v(1), Variant(std::int16_t(1)), Variant(True),
-                              v(u"##0.00"), Variant(True)}));
+                             {v(True), v(False), v(1), i16(1), v(True), v(u"##0.00"), v(True)});
     ASSERT_EQ(out.error, 0) << toUtf8(out.description);
-    EXPECT_EQ(textsOf(*grid), (Texts{{"", "", "", "", "", "", ""},
-                                     {"", "1", "Ana", "$ 12.50", "vie, 15 de marzo del 2024", "(4.00)", "1"},
-                                     {"", "2", "QUITO", "$ 0.00", "dom, 01 de diciembre del 2024", "cero", "0"},
-                                     {"", "3", "", "$ 1234.50", "", "sin dato", "1"}}));
+    EXPECT_EQ(textsOf(*grid),
+              (Texts{"||||||", "|1|Ana|$ 12.50|vie, 15 de marzo del 2024|(4.00)|1",
+                     "|2|QUITO|$ 0.00|dom, 01 de diciembre del 2024|cero|0", "|3||$ 1234.50||sin dato|1"}));
     EXPECT_EQ(pictureOf(*grid, 2, 6), "imNO");
     EXPECT_EQ(grid->cellFormat(0, 3)->fontBold, true);
     EXPECT_EQ(session.progress().size(), 11u);
     // A server-side cursor cannot count: nothing is written, the rows are cleared.
     auto cleared = newGrid(3, 2);
     cleared->setTextMatrix(2, 1, u"viejo");
-    EXPECT_EQ(
-        session.run("RegLlenaGridRegSql", fillArgs(connect(2), cleared, u"SELECT codigo FROM gridventas", u"codigo"))
-            .error,
-        0);
-    EXPECT_EQ(textsOf(*cleared), (Texts{{"", ""}}));
+    EXPECT_EQ(fill(session, serverConnection(2), cleared, u"SELECT codigo FROM gridventas", u"codigo").error, 0);
+    EXPECT_EQ(textsOf(*cleared), (Texts{"|"}));
     EXPECT_TRUE(session.progress().empty());
 }
 

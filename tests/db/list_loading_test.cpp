@@ -20,15 +20,16 @@ std::shared_ptr<ListControl> newList(std::vector<std::pair<String, std::int32_t>
     return list;
 }
 
-std::vector<String> texts(const ListControl& list) {
-    std::vector<String> out;
-    for (const auto& item : list.items()) out.push_back(item.text);
+// A list's items, each followed by "|": its texts, and its ItemData.
+std::string texts(const ListControl& list) {
+    std::string out;
+    for (const auto& item : list.items()) out += toUtf8(item.text) + "|";
     return out;
 }
 
-std::vector<std::int32_t> datas(const ListControl& list) {
-    std::vector<std::int32_t> out;
-    for (const auto& item : list.items()) out.push_back(item.data);
+std::string datas(const ListControl& list) {
+    std::string out;
+    for (const auto& item : list.items()) out += std::to_string(item.data) + "|";
     return out;
 }
 
@@ -38,30 +39,19 @@ TEST(ListLoading, TextAndCodeLists) {
     struct Case {
         const char* what;
         std::vector<Variant> options;  // after CampoText: ListaCod is added first
-        std::vector<String> text;
-        std::vector<String> code;
+        std::string text, code;
         std::int32_t textIndex, codeIndex;
     };
     const std::vector<Case> cases = {
         {"with a first item",
-         {v(u"codigo"), Variant(True), Variant(True), v(u"(Todos)"), v(u"0")},
-         {u"(Todos)", u"Ana1", u"Luis2", u"QUITO3"},
-         {u"0", u"1", u"2", u"3"},
+         {v(u"codigo"), v(True), v(True), v(u"(Todos)"), v(u"0")},
+         "(Todos)|Ana1|Luis2|QUITO3|",
+         "0|1|2|3|",
          0,
          0},
-        {"no selection",
-         {v(u"CODIGO"), Variant(Boolean(false))},
-         {u"Ana1", u"Luis2", u"QUITO3"},
-         {u"1", u"2", u"3"},
-         -1,
-         -1},
-        {"appending",
-         {v(u"codigo"), Variant(True), Variant(Boolean(false))},
-         {u"viejo", u"Ana1", u"Luis2", u"QUITO3"},
-         {u"9", u"1", u"2", u"3"},
-         0,
-         0},
-        {"unknown code field", {v(u"apellido")}, {u"Ana1", u"Luis2", u"QUITO3"}, {}, 0, -1},
+        {"no selection", {v(u"CODIGO"), v(False)}, "Ana1|Luis2|QUITO3|", "1|2|3|", -1, -1},
+        {"appending", {v(u"codigo"), v(True), v(False)}, "viejo|Ana1|Luis2|QUITO3|", "9|1|2|3|", 0, 0},
+        {"unknown code field", {v(u"apellido")}, "Ana1|Luis2|QUITO3|", "", 0, -1},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -85,7 +75,7 @@ TEST(ListLoading, IgnoredErrorsAfterOpening) {
     EXPECT_EQ(run("regCargaListaSQL", {Variant(clientConnection(3)), v(kThree), Variant(ObjectRef(text)), v(u"nombre")})
                   .error,
               0);
-    EXPECT_EQ(texts(*text), (std::vector<String>{u"Ana1", u"Luis2", u"QUITO3"}));
+    EXPECT_EQ(texts(*text), "Ana1|Luis2|QUITO3|");
     auto none = newList();
     EXPECT_EQ(
         run("regCargaListaSQL", {Variant(clientConnection(3)), v(kThree), Variant(ObjectRef(none)), v(u"x")}).error, 0);
@@ -102,7 +92,7 @@ TEST(ListLoading, IgnoredErrorsAfterOpening) {
                                                   Variant(ObjectRef(kept)), v(u"nombre")});
     EXPECT_EQ(bad.error, -2147217900);
     EXPECT_NE(bad.description.find(u"SELECT * FROM nada"), String::npos);
-    EXPECT_EQ(texts(*kept), std::vector<String>{u"viejo"});
+    EXPECT_EQ(texts(*kept), "viejo|");
 }
 
 TEST(ListLoading, CodesInItemData) {
@@ -110,30 +100,30 @@ TEST(ListLoading, CodesInItemData) {
         const char* what;
         const char16_t* sql;
         std::vector<Variant> options;
-        std::vector<String> text;
-        std::vector<std::int32_t> data;
+        std::string text, data;
         std::int32_t index;
     };
     const std::vector<Case> cases = {
         {"fresh, first item",
          kThree,
-         {v(u"codigo"), Variant(True), Variant(True), v(u"Todos"), v(-1)},
-         {u"Todos", u"Ana1", u"Luis2", u"QUITO3"},
-         {-1, 1, 2, 3},
+         {v(u"codigo"), v(True), v(True), v(u"Todos"), v(-1)},
+         "Todos|Ana1|Luis2|QUITO3|",
+         "-1|1|2|3|",
          0},
+        // Appending keeps the selection as it was.
         {"appending, no selection",
          kThree,
-         {v(u"codigo"), Variant(Boolean(false)), Variant(Boolean(false))},
-         {u"viejo", u"Ana1", u"Luis2", u"QUITO3"},
-         {7, 1, 2, 3},
-         0},  // the selection as it was
+         {v(u"codigo"), v(False), v(False)},
+         "viejo|Ana1|Luis2|QUITO3|",
+         "7|1|2|3|",
+         0},
         {"text codes stay 0",
          u"SELECT nombre, ciudad FROM clientes ORDER BY codigo",
          {v(u"ciudad")},
-         {u"Ana1", u"Luis2", u"QUITO3"},
-         {0, 0, 0},
+         "Ana1|Luis2|QUITO3|",
+         "0|0|0|",
          0},
-        {"Null text loses its item", u"SELECT NULL AS nombre, 4 AS codigo", {v(u"codigo")}, {}, {}, -1},
+        {"Null text loses its item", u"SELECT NULL AS nombre, 4 AS codigo", {v(u"codigo")}, "", "", -1},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -165,17 +155,16 @@ TEST(ListLoading, SearchFillsTheList) {
         const char* what;
         std::int32_t location;
         const char16_t* pattern;
-        std::vector<String> text;
-        std::vector<std::int32_t> data;
+        std::string text, data;
         bool visible;
         int error;
     };
     const std::vector<Case> cases = {
-        {"a match", 3, u"'%2'", {u"Luis2"}, {2}, true, 0},
-        {"empty search", 3, u"'%'", {}, {}, false, 0},
-        {"empty search with a blank", 3, u"' %'", {}, {}, false, 0},
+        {"a match", 3, u"'%2'", "Luis2|", "2|", true, 0},
+        {"empty search", 3, u"'%'", "", "", false, 0},
+        {"empty search with a blank", 3, u"' %'", "", "", false, 0},
         // A count of -1 shows the list.
-        {"server cursor", 2, u"'%2'", {u"Luis2"}, {2}, true, 0},
+        {"server cursor", 2, u"'%2'", "Luis2|", "2|", true, 0},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -194,7 +183,7 @@ TEST(ListLoading, SearchFillsTheList) {
         run("LlenaListLIKE",
             {Variant(clientConnection(3)), v(u"SELECT NULL, 5 UNION ALL SELECT 'b', NULL"), Variant(ObjectRef(list))});
     EXPECT_EQ(nullCode.error, 94);
-    EXPECT_EQ(texts(*list), (std::vector<String>{u"", u"b"}));
+    EXPECT_EQ(texts(*list), "|b|");
 }
 
 TEST(ListLoading, SearchRerunsTheGridsRecordset) {
@@ -206,8 +195,7 @@ TEST(ListLoading, SearchRerunsTheGridsRecordset) {
         Variant hide;
         bool visible;
     };
-    const std::vector<Case> cases = {
-        {u"'%'", Variant(), false}, {u"'Lu%'", Variant(), true}, {u"'%'", Variant(Boolean(false)), true}};
+    const std::vector<Case> cases = {{u"'%'", Variant(), false}, {u"'Lu%'", Variant(), true}, {u"'%'", v(False), true}};
     for (const auto& c : cases) {
         std::vector<Variant> args = {
             Variant(table), Variant(String(u"SELECT codigo, nombre FROM clientes WHERE nombre LIKE ") + c.pattern),
@@ -229,16 +217,16 @@ TEST(ListLoading, FindingItems) {
     const std::vector<MethodCase> cases = {
         {"fn_BuscaItem", {l, v(u"quito")}, Variant(std::int32_t(2))},
         {"fn_BuscaItem", {l, v(u"Pedro")}, Variant(std::int32_t(-1))},
-        {"fn_BuscaItem", {l, Variant(std::int16_t(5))}, Variant(std::int32_t(3))},
+        {"fn_BuscaItem", {l, i16(5)}, Variant(std::int32_t(3))},
         {"fn_BuscaItem", {e, v(u"x")}, Variant(std::int32_t(-1))},
         {"fn_BuscaItem", {l, Variant(Null{})}, Variant(), 94},
         {"fn_BuscaItem", {e, Variant(Null{})}, Variant(std::int32_t(-1))},
-        {"fn_ExisteItem", {l, v(u"LUIS")}, Variant(True)},
-        {"fn_ExisteItem", {l, v(u"Lu")}, Variant(Boolean(false))},
-        {"fn_ExisteItem", {e, v(u"")}, Variant(Boolean(false))},
-        {"fnBuscaIndex", {l, v(20)}, Variant(std::int16_t(1))},
-        {"fnBuscaIndex", {l, v(99)}, Variant(std::int16_t(-1))},
-        {"fnBuscaIndex", {e, v(0)}, Variant(std::int16_t(-1))},
+        {"fn_ExisteItem", {l, v(u"LUIS")}, v(True)},
+        {"fn_ExisteItem", {l, v(u"Lu")}, v(False)},
+        {"fn_ExisteItem", {e, v(u"")}, v(False)},
+        {"fnBuscaIndex", {l, v(20)}, i16(1)},
+        {"fnBuscaIndex", {l, v(99)}, i16(-1)},
+        {"fnBuscaIndex", {e, v(0)}, i16(-1)},
         {"fnBuscaIndex", {l, v(u"treinta")}, Variant(), 13},
         {"ItemD", {l}, Variant(), 381},
         {"fn_BuscaItem", {Variant(ObjectRef()), v(u"x")}, Variant(), 91},
@@ -253,7 +241,7 @@ TEST(ListLoading, IndexSearchOverflowsPastAnInteger) {
     for (int i = 0; i < 32769; ++i) big->addItem(u"x");
     EXPECT_EQ(run("fnBuscaIndex", {Variant(ObjectRef(big)), v(5)}).error, 6);
     big->removeItem(0);
-    EXPECT_TRUE(identical(run("fnBuscaIndex", {Variant(ObjectRef(big)), v(5)}).result, Variant(std::int16_t(-1))));
+    EXPECT_TRUE(identical(run("fnBuscaIndex", {Variant(ObjectRef(big)), v(5)}).result, i16(-1)));
 }
 
 }  // namespace

@@ -3,14 +3,8 @@
 // records, every value with its type, and texts that read as dates kept.
 #include <gtest/gtest.h>
 
-#include "cli/batch.h"
-#include "cli/object_json.h"
-#include "context/fun.h"
 #include "db_support.h"
-#include "frame/invoke.h"
-#include "host/default_platform.h"
 #include "host/exported_sheets.h"
-#include "platform/recording_progress_display.h"
 #include "sheet/sheet_file.h"
 #include "support/support.h"
 
@@ -166,15 +160,14 @@ TEST(QueryExport, BadQueriesAndListsReachTheCaller) {
 // The progress form counts the records: its maximum and the caption's total
 // are RecordCount.
 TEST(QueryExport, ShowsItsProgressOnFrmProg) {
-    auto recorder = std::make_shared<RecordingProgressDisplay>();
-    ScriptedPlatform platform(defaultPlatform(), {});
-    platform.use(std::shared_ptr<ProgressDisplay>(recorder));
-    Fun fun(platform);
-    std::vector<Variant> args = {Variant(ventas()), v(u"Nombre"), v(u"20"), v(u"SELECT nombre FROM ventas"), v(u"T")};
-    invoke(fun, std::string_view("ExportExcelReg"), args);
+    Session session;
+    ASSERT_EQ(session
+                  .run("ExportExcelReg",
+                       {Variant(ventas()), v(u"Nombre"), v(u"20"), v(u"SELECT nombre FROM ventas"), v(u"T")})
+                  .error,
+              0);
     EXPECT_EQ(host::takeExportReport().files.size(), 1u);
-    std::vector<std::string> made;
-    for (const auto& entry : recorder->entries()) made.push_back(toUtf8(entry));
+    const std::vector<std::string> made = session.progress();
     ASSERT_GE(made.size(), 3u);
     EXPECT_EQ(made[1], "PB.Max=3");
     EXPECT_EQ(made[made.size() - 2], "Caption=Progreso . . .      (3 de 3)");
@@ -183,30 +176,3 @@ TEST(QueryExport, ShowsItsProgressOnFrmProg) {
 
 }  // namespace
 }  // namespace telvaro::dbtest
-
-namespace telvaro {
-namespace {
-
-using sheet::testing::readSheetFile;
-
-// Through the batch protocol: the answer names the file written.
-TEST(QueryExportBatch, TheAnswerNamesTheFile) {
-    const std::string request =
-        R"J({"id":1,"method":"ExportExcelReg","args":[{"object":"connection","setup":["CREATE TABLE c(k, n)",)J"
-        R"J("INSERT INTO c VALUES (1,'Ana')"],"cursorLocation":3},"Código,Nombre","8,20","SELECT k, n FROM c","Clientes"]})J";
-    const cli::Json answer = cli::Json::parse(cli::answerRequest(request));
-    ASSERT_FALSE(answer.contains("error")) << answer.dump();
-    ASSERT_EQ(answer.at("files").size(), 1u) << answer.dump();
-    const cli::Json& file = answer.at("files").at(0);
-    const std::filesystem::path path = file.at("path").get<std::string>();
-    EXPECT_EQ(path.parent_path(), host::exportsFolder());
-    EXPECT_TRUE(file.at("visible").get<bool>());
-    EXPECT_FALSE(file.at("opened").get<bool>());  // no display in the tests
-    EXPECT_EQ(readSheetFile(path).cells[3], "B5 n:1.0 T=thin/000000 L=thin/000000 R=thin/000000");
-    // A request that writes nothing has no "files".
-    EXPECT_FALSE(cli::Json::parse(cli::answerRequest(R"({"id":2,"method":"strCuentaCaracteres","args":["aa","a"]})"))
-                     .contains("files"));
-}
-
-}  // namespace
-}  // namespace telvaro

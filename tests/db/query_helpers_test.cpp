@@ -66,17 +66,17 @@ TEST(QueryHelpers, NextCode) {
     };
     const std::vector<Case> cases = {
         {"empty table", {}, u"1=1", Variant(), Variant(std::int32_t(1)), 0},
-        {"empty table, step 5", {}, u"1=1", Variant(std::int16_t(5)), Variant(std::int32_t(5)), 0},
+        {"empty table, step 5", {}, u"1=1", i16(5), Variant(std::int32_t(5)), 0},
         {"max 41", {u"41, 1", u"7, 1"}, u"1=1", Variant(), Variant(std::int32_t(42)), 0},
         {"condition", {u"41, 1", u"7, 2"}, u"k = 2", Variant(), Variant(std::int32_t(8)), 0},
         {"no row meets it", {u"41, 1"}, u"k = 9", Variant(), Variant(std::int32_t(1)), 0},
-        {"zero step", {u"41, 1"}, u"1=1", Variant(std::int16_t(0)), Variant(std::int32_t(41)), 0},
-        {"negative step", {u"41, 1"}, u"1=1", Variant(std::int16_t(-1)), Variant(std::int32_t(40)), 0},
+        {"zero step", {u"41, 1"}, u"1=1", i16(0), Variant(std::int32_t(41)), 0},
+        {"negative step", {u"41, 1"}, u"1=1", i16(-1), Variant(std::int32_t(40)), 0},
         {"numeric text", {u"'0007', 1"}, u"1=1", Variant(), Variant(std::int32_t(8)), 0},
         {"half rounds to even", {u"2.5, 1"}, u"1=1", Variant(), Variant(std::int32_t(3)), 0},
         {"text", {u"'abc', 1"}, u"1=1", Variant(), Variant(), 13},
         {"Long overflow", {u"2147483647, 1"}, u"1=1", Variant(), Variant(), 6},
-        {"Long underflow", {u"-2147483648, 1"}, u"1=1", Variant(std::int16_t(-1)), Variant(), 6},
+        {"Long underflow", {u"-2147483648, 1"}, u"1=1", i16(-1), Variant(), 6},
         {"empty condition", {u"1, 1"}, u"", Variant(), Variant(), kCommandError},
     };
     for (const auto& c : cases) {

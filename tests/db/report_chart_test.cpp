@@ -88,7 +88,6 @@ TEST(Reports, Failures) {
         ObjectRef recordset;
         int error;
     };
-    auto threeSections = std::make_shared<DataReport>(u"rpt", std::vector<String>{u"a", u"b", u"c"});
     auto fourSections = std::make_shared<DataReport>(u"rpt", std::vector<String>{u"a", u"b", u"c", u"d"});
     auto bound = std::make_shared<DataReport>();
     const std::vector<Case> cases = {
@@ -105,7 +104,6 @@ TEST(Reports, Failures) {
     }
     // What was bound before the failure stays bound.
     EXPECT_EQ(fourSections->dataMember, u"x");
-    (void)threeSections;
 }
 
 Variant matrix(std::vector<std::vector<Variant>> rows) {
@@ -143,12 +141,12 @@ TEST(ChartData, MatricesFromQueries) {
          matrix({{v(u"1"), v(u"Enero")}, {v(u"2"), v(u"Febrero")}, {v(u"3"), Variant(Null{})}}), false},
         {"one row: the second stays Empty", 3, u"SELECT mes, total FROM ventas WHERE orden = 2", u"", Variant(), true,
          matrix({{v(u"Febrero"), Variant(950.0)}, {E, E}}), false},
-        {"no rows, no message", 3, u"SELECT mes, total FROM ventas WHERE orden > 9", u"", Variant(False), true,
+        {"no rows, no message", 3, u"SELECT mes, total FROM ventas WHERE orden > 9", u"", v(False), true,
          matrix({{E, E}, {E, E}}), false},
         {"no rows, the message", 3, u"SELECT mes, total FROM ventas WHERE orden > 9", u"", Variant(), true,
          matrix({{E, E}, {E, E}}), true},
-        {"no rows and no chart: still the matrix", 3, u"SELECT mes, total FROM ventas WHERE orden > 9", u"",
-         Variant(False), false, matrix({{E, E}, {E, E}}), false},
+        {"no rows and no chart: still the matrix", 3, u"SELECT mes, total FROM ventas WHERE orden > 9", u"", v(False),
+         false, matrix({{E, E}, {E, E}}), false},
         {"rows and no chart: Empty", 3, u"SELECT mes, total FROM ventas", u"", Variant(), false, Variant(), false},
         // A server cursor cannot count: no rows as far as the method knows.
         {"a server cursor", 2, u"SELECT mes, total FROM ventas", u"", Variant(), true, matrix({{E, E}, {E, E}}), true},
@@ -179,7 +177,7 @@ TEST(ChartData, OnlyTheChartsFailureIsSkipped) {
     const char16_t* sql = u"SELECT mes, total FROM ventas";
     // A control that has no ChartData, or refuses it: the rows are read,
     // the result is Empty, no error.
-    EXPECT_TRUE(run("fn_MatrizParaEstadistica", {Variant(sales()), v(sql), v(u""), Variant(True),
+    EXPECT_TRUE(run("fn_MatrizParaEstadistica", {Variant(sales()), v(sql), v(u""), v(True),
                                                  Variant(ObjectRef(std::make_shared<objects::TextBox>()))})
                     .result.isEmpty());
     // The query's own failures reach the caller.
@@ -199,22 +197,18 @@ TEST(ChartData, OnlyTheChartsFailureIsSkipped) {
         SCOPED_TRACE(c.what);
         auto chart = std::make_shared<objects::Chart>();
         std::vector<Variant> args = c.args;
-        args.insert(args.end(), {v(u""), Variant(True), Variant(ObjectRef(chart))});
+        args.insert(args.end(), {v(u""), v(True), Variant(ObjectRef(chart))});
         EXPECT_EQ(run("fn_MatrizParaEstadistica", args).error, c.error);
         EXPECT_TRUE(chart->chartData().isEmpty());
     }
 }
 
 TEST(ChartData, OnTheServer) {
-    auto& server = data::testing::PostgresServer::instance();
-    ASSERT_TRUE(server.ready()) << server.failure();
-    const ObjectRef connection = data::testing::create(u"ADODB.Connection");
-    connection->put(u"CursorLocation", Variant(3));
-    connection->call(u"Open", {Variant(server.connectionString())});
+    const ObjectRef connection = serverConnection(3);
     auto chart = std::make_shared<objects::Chart>();
     const Outcome out =
         run("fn_MatrizParaEstadistica", {Variant(connection), v(u"SELECT 'Enero', 12.50 UNION ALL SELECT 'Marzo', 3"),
-                                         v(u" $"), Variant(True), Variant(ObjectRef(chart))});
+                                         v(u" $"), v(True), Variant(ObjectRef(chart))});
     ASSERT_EQ(out.error, 0) << toUtf8(out.description);
     const Array& m = out.result.array();
     ASSERT_EQ(m.ubound(1), 1);

@@ -8,12 +8,8 @@
 namespace telvaro::dbtest {
 namespace {
 
-ObjectRef serverConnection(std::int32_t location) {
-    auto& server = data::testing::PostgresServer::instance();
-    if (!server.ready()) throw std::runtime_error("PostgreSQL is not running: " + server.failure());
-    ObjectRef connection = data::testing::create(u"ADODB.Connection");
-    connection->put(u"CursorLocation", Variant(location));
-    connection->call(u"Open", {Variant(server.connectionString())});
+ObjectRef clients(std::int32_t location) {
+    ObjectRef connection = serverConnection(location);
     for (const char16_t* sql :
          {u"DROP TABLE IF EXISTS dbclientes", u"CREATE TABLE dbclientes (codigo INTEGER, nombre VARCHAR(20))",
           u"INSERT INTO dbclientes VALUES (1, 'Ana'), (41, 'QUITO'), (7, NULL)"})
@@ -22,7 +18,7 @@ ObjectRef serverConnection(std::int32_t location) {
 }
 
 TEST(OnTheServer, QueriesAndLists) {
-    const ObjectRef client = serverConnection(3);
+    const ObjectRef client = clients(3);
     struct Case {
         const char* method;
         std::vector<Variant> args;
@@ -70,7 +66,7 @@ TEST(OnTheServer, QueriesAndLists) {
     EXPECT_EQ(list->items()[0].data, 7);
     EXPECT_EQ(list->items()[1].data, 41);
     // A server-side cursor cannot count: the value stays Empty.
-    const ObjectRef server = serverConnection(2);
+    const ObjectRef server = clients(2);
     EXPECT_TRUE(run("regDevuelveDatoCampoSQL", {Variant(server), v(u"SELECT 1")}).result.isEmpty());
 }
 

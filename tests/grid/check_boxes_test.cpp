@@ -27,8 +27,8 @@ void expectHiddenText(const objects::FlexGrid& grid, std::int32_t row, std::int3
     EXPECT_EQ(cell->fontBold, false);
     EXPECT_EQ(cell->fontName, String(u"Small Fonts"));
     EXPECT_EQ(cell->fontSize, 1.0);
-    EXPECT_EQ(cell->alignment, std::int16_t{6});
-    EXPECT_EQ(cell->pictureAlignment, std::int16_t{4});
+    EXPECT_EQ(cell->alignment, I16{6});
+    EXPECT_EQ(cell->pictureAlignment, I16{4});
 }
 
 class CheckBoxes : public GridMethods {};
@@ -54,12 +54,12 @@ TEST_F(CheckBoxes, OneCheckBoxShowsItsValue) {
         {"x", {m, m, m, m, True}, "x", ""},
         {"SÍ", {u"sí", u"no"}, "SÍ", "imSI"},
         // Equal values: the later test wins (ValorSI before ValorNO).
-        {"1", {std::int16_t{1}, std::int16_t{1}}, "1", "imNO"},
+        {"1", {I16{1}, I16{1}}, "1", "imNO"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.cell) + " " + std::to_string(c.more.size()));
         auto grid = makeGrid({{"h", "v"}, {"1", c.cell}});
-        std::vector<Variant> args = {1, std::int16_t{1}};
+        std::vector<Variant> args = {1, I16{1}};
         args.insert(args.end(), c.more.begin(), c.more.end());
         run("fn_PoneCheckGrid", grid, args);
         EXPECT_EQ(toUtf8(grid->textMatrix(1, 1)), c.text);
@@ -73,51 +73,28 @@ TEST_F(CheckBoxes, AColumnTestsTheDisabledValuesFirst) {
     auto grid = makeGrid({{"h", "v"}, {"1", "1"}, {"2", "0"}, {"3", "11"}, {"4", "10"}, {"5", "?"}});
     grid->setRow(0);
     grid->setCol(0);
-    run("fn_PoneCheckColumnaGrid", grid, {std::int16_t{1}});
+    run("fn_PoneCheckColumnaGrid", grid, {I16{1}});
     const std::vector<std::string> expected = {"imSI", "imNO", "imSid", "imNOd", ""};
     for (std::int32_t row = 1; row <= 5; ++row) EXPECT_EQ(pictureOf(*grid, row, 1), expected[row - 1]) << row;
     EXPECT_EQ(grid->row(), 0);
     EXPECT_EQ(grid->col(), 0);
     // Equal values: the later test wins, and here ValorNO comes last.
     auto same = makeGrid({{"h", "v"}, {"1", "s"}});
-    run("fn_PoneCheckColumnaGrid", same, {std::int16_t{1}, u"s", u"s"});
+    run("fn_PoneCheckColumnaGrid", same, {I16{1}, u"s", u"s"});
     EXPECT_EQ(pictureOf(*same, 1, 1), "imNO");
     auto disabledSame = makeGrid({{"h", "v"}, {"1", "s"}});
-    run("fn_PoneCheckColumnaGrid", disabledSame, {std::int16_t{1}, Variant::missing(), Variant::missing(), u"s", u"s"});
+    run("fn_PoneCheckColumnaGrid", disabledSame, {I16{1}, Variant::missing(), Variant::missing(), u"s", u"s"});
     EXPECT_EQ(pictureOf(*disabledSame, 1, 1), "imNOd");
 }
 
 TEST_F(CheckBoxes, AColumnsCallOrderAndSizes) {
     auto grid = makeGrid({{"h", "v"}, {"1", "1"}});
     const Variant m = Variant::missing();
-    run("fn_PoneCheckColumnaGrid", grid,
-        {std::int16_t{1}, m, m, m, m, True, m, m, std::int16_t{300}, std::int16_t{200}});
-    EXPECT_EQ(callsOf(*grid), (std::vector<std::string>{"Col",
-                                                        "Row",
-                                                        "Redraw=",
-                                                        "ColWidth=",
-                                                        "Rows",
-                                                        "Col=",
-                                                        "Row=",
-                                                        "RowHeight=",
-                                                        "CellForeColor=",
-                                                        "CellFontBold=",
-                                                        "CellFontName=",
-                                                        "CellFontSize=",
-                                                        "CellAlignment=",
-                                                        "TextMatrix",
-                                                        "TextMatrix",
-                                                        "TextMatrix",
-                                                        "TextMatrix=",
-                                                        "TextMatrix",
-                                                        "TextMatrix",
-                                                        "TextMatrix",
-                                                        "TextMatrix",
-                                                        "CellPicture=",
-                                                        "CellPictureAlignment=",
-                                                        "Col=",
-                                                        "Row=",
-                                                        "Redraw="}));
+    run("fn_PoneCheckColumnaGrid", grid, {I16{1}, m, m, m, m, True, m, m, I16{300}, I16{200}});
+    EXPECT_EQ(callsOf(*grid),
+              "Col Row Redraw= ColWidth= Rows Col= Row= RowHeight= CellForeColor= CellFontBold= CellFontName= "
+              "CellFontSize= CellAlignment= TextMatrix TextMatrix TextMatrix TextMatrix= TextMatrix TextMatrix "
+              "TextMatrix TextMatrix CellPicture= CellPictureAlignment= Col= Row= Redraw=");
     EXPECT_EQ(grid->colWidth(1), 300);
     EXPECT_EQ(grid->rowHeight(1), 200);
     EXPECT_EQ(toUtf8(grid->textMatrix(1, 1)), "0");
@@ -125,7 +102,7 @@ TEST_F(CheckBoxes, AColumnsCallOrderAndSizes) {
 
 TEST_F(CheckBoxes, CellsShareTheHiddenFormsPictures) {
     auto grid = makeGrid({{"h", "v"}, {"1", "1"}, {"2", "1"}});
-    run("fn_PoneCheckColumnaGrid", grid, {std::int16_t{1}});
+    run("fn_PoneCheckColumnaGrid", grid, {I16{1}});
     const auto first = grid->cellFormat(1, 1)->picture;
     EXPECT_EQ(first, grid->cellFormat(2, 1)->picture);
     auto picture = std::static_pointer_cast<objects::Picture>(first);
@@ -145,13 +122,13 @@ TEST_F(CheckBoxes, ByStateNotByText) {
         {{False}, "v", "imNO"},
         {{False, False, u""}, "v", "imNO"},
         {{True, True}, "v", "imSid"},
-        {{False, True, std::int16_t{10}}, "10", "imNOd"},
+        {{False, True, I16{10}}, "10", "imNOd"},
         {{True, False, Variant(Null{})}, "v", "imSI"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.picture);
         auto grid = makeGrid({{"h", "v"}, {"1", "v"}});
-        std::vector<Variant> args = {1, std::int16_t{1}};
+        std::vector<Variant> args = {1, I16{1}};
         args.insert(args.end(), c.args.begin(), c.args.end());
         run("fn_PoneCheck", grid, args);
         EXPECT_EQ(toUtf8(grid->textMatrix(1, 1)), c.text);
@@ -163,14 +140,14 @@ TEST_F(CheckBoxes, ByStateNotByText) {
 
 TEST_F(CheckBoxes, FailuresLeaveTheGridWhereTheyFoundIt) {
     auto grid = makeGrid({{"h", "v"}, {"1", "1"}});
-    EXPECT_EQ(errorOf("fn_PoneCheckGrid", grid, {5, std::int16_t{1}}), 30009);
+    EXPECT_EQ(errorOf("fn_PoneCheckGrid", grid, {5, I16{1}}), 30009);
     EXPECT_EQ(grid->col(), 1) << "Col was already moved";
     EXPECT_EQ(errorOf("fn_PoneCheckGrid", grid,
-                      {1, std::int16_t{1}, Variant::missing(), Variant::missing(), Variant::missing(),
-                       Variant::missing(), False, std::int16_t{-5}, std::int16_t{-1}}),
+                      {1, I16{1}, Variant::missing(), Variant::missing(), Variant::missing(), Variant::missing(), False,
+                       I16{-5}, I16{-1}}),
               0);
-    EXPECT_EQ(errorOf("fn_PoneCheck", Variant(ObjectRef()), {1, std::int16_t{1}}), 91);
-    EXPECT_EQ(errorOf("fn_PoneCheckColumnaGrid", grid, {std::int16_t{1}, Variant(Null{})}), 0);
+    EXPECT_EQ(errorOf("fn_PoneCheck", Variant(ObjectRef()), {1, I16{1}}), 91);
+    EXPECT_EQ(errorOf("fn_PoneCheckColumnaGrid", grid, {I16{1}, Variant(Null{})}), 0);
 }
 
 class PictureCells : public GridMethods {
@@ -205,13 +182,13 @@ TEST_F(PictureCells, LoadsFromTheApplicationsFolderOrAFullPath) {
     for (const auto& c : cases) {
         SCOPED_TRACE(toUtf8(c.path));
         auto grid = makeGrid({{"h", "v"}, {"1", "x"}});
-        EXPECT_EQ(errorOf("fn_PoneImagenGrid", grid, {1, std::int16_t{1}, String(c.path), c.keepText}), c.error);
+        EXPECT_EQ(errorOf("fn_PoneImagenGrid", grid, {1, I16{1}, String(c.path), c.keepText}), c.error);
         if (c.error) {
             EXPECT_FALSE(grid->redraw());
             continue;
         }
         EXPECT_TRUE(grid->redraw());
-        EXPECT_EQ(grid->cellFormat(1, 1)->pictureAlignment, std::int16_t{4});
+        EXPECT_EQ(grid->cellFormat(1, 1)->pictureAlignment, I16{4});
         EXPECT_EQ(grid->cellFormat(1, 1)->fontName.has_value(), !c.keepText.isTrue());
         const std::string source = pictureOf(*grid, 1, 1);
         if (*c.source)

@@ -16,40 +16,20 @@ TEST_F(Editing, RemovesARowOrShrinksTheGrid) {
         std::int32_t fixedRows;
         std::vector<Variant> args;  // Fila, Dejar1Fila
         Rows expected;
-        std::vector<std::string> calls;
+        std::string calls;
     };
     const std::vector<Case> cases = {
-        {"more than two rows: RemoveItem",
-         {{"h"}, {"a"}, {"b"}},
-         1,
-         {std::int16_t{1}},
-         {{"h"}, {"b"}},
-         {"Rows", "RemoveItem"}},
-        {"the only data row: back to the header",
-         {{"h"}, {"a"}},
-         1,
-         {std::int16_t{1}},
-         {{"h"}},
-         {"Rows", "FixedRows", "Rows="}},
+        {"more than two rows: RemoveItem", {{"h"}, {"a"}, {"b"}}, 1, {I16{1}}, {{"h"}, {"b"}}, "Rows RemoveItem"},
+        {"the only data row: back to the header", {{"h"}, {"a"}}, 1, {I16{1}}, {{"h"}}, "Rows FixedRows Rows="},
         {"the only data row, one left empty",
          {{"h"}, {"a"}},
          1,
-         {std::int16_t{1}, True},
+         {I16{1}, True},
          {{"h"}, {""}},
-         {"Rows", "FixedRows", "Rows=", "Rows="}},
-        {"whatever the row asked", {{"h"}, {"a"}}, 1, {std::int16_t{0}}, {{"h"}}, {"Rows", "FixedRows", "Rows="}},
-        {"no fixed rows, two rows",
-         {{"a"}, {"b"}},
-         0,
-         {std::int16_t{0}},
-         {{"b"}},
-         {"Rows", "FixedRows", "Rows", "RemoveItem"}},
-        {"no fixed rows, one row: Clear",
-         {{"a"}},
-         0,
-         {std::int16_t{0}},
-         {{""}},
-         {"Rows", "FixedRows", "Rows", "Clear"}},
+         "Rows FixedRows Rows= Rows="},
+        {"whatever the row asked", {{"h"}, {"a"}}, 1, {I16{0}}, {{"h"}}, "Rows FixedRows Rows="},
+        {"no fixed rows, two rows", {{"a"}, {"b"}}, 0, {I16{0}}, {{"b"}}, "Rows FixedRows Rows RemoveItem"},
+        {"no fixed rows, one row: Clear", {{"a"}}, 0, {I16{0}}, {{""}}, "Rows FixedRows Rows Clear"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -68,18 +48,15 @@ TEST_F(Editing, RemovesTheInvalidRows) {
         Rows expected;
     };
     const std::vector<Case> cases = {
-        {"empty keys go, x stays",
-         {{"h", "k"}, {"1", ""}, {"2", ""}, {"3", "x"}},
-         {std::int16_t{1}},
-         {{"h", "k"}, {"3", "x"}}},
-        {"all empty: only the header", {{"h", "k"}, {"1", ""}, {"2", ""}}, {std::int16_t{1}}, {{"h", "k"}}},
+        {"empty keys go, x stays", {{"h", "k"}, {"1", ""}, {"2", ""}, {"3", "x"}}, {I16{1}}, {{"h", "k"}, {"3", "x"}}},
+        {"all empty: only the header", {{"h", "k"}, {"1", ""}, {"2", ""}}, {I16{1}}, {{"h", "k"}}},
         {"a chosen value, any case",
          {{"h", "k"}, {"1", "NULO"}, {"2", "y"}, {"3", "nulo"}},
-         {std::int16_t{1}, u"nulo"},
+         {I16{1}, u"nulo"},
          {{"h", "k"}, {"2", "y"}}},
         {"rows above FilasFixed are kept",
          {{"h", "k"}, {"1", ""}, {"2", ""}, {"3", "x"}},
-         {std::int16_t{1}, u"", std::uint8_t{2}},
+         {I16{1}, u"", std::uint8_t{2}},
          {{"h", "k"}, {"1", ""}, {"3", "x"}}},
     };
     for (const auto& c : cases) {
@@ -93,13 +70,13 @@ TEST_F(Editing, RemovesTheInvalidRows) {
 TEST_F(Editing, InvalidRowsNeverFailNorHang) {
     // A column outside the grid, a header row that matches but cannot be
     // removed, Nothing, an object that is no grid: the method returns.
-    EXPECT_EQ(errorOf("fn_QuitaFilasInvalidas", makeGrid({{"h", "k"}, {"1", ""}}), {std::int16_t{9}}), 0);
+    EXPECT_EQ(errorOf("fn_QuitaFilasInvalidas", makeGrid({{"h", "k"}, {"1", ""}}), {I16{9}}), 0);
     auto header = makeGrid({{"", "k"}, {"1", "a"}, {"2", "b"}});
-    EXPECT_EQ(errorOf("fn_QuitaFilasInvalidas", header, {std::int16_t{0}, u"", std::uint8_t{0}}), 0);
+    EXPECT_EQ(errorOf("fn_QuitaFilasInvalidas", header, {I16{0}, u"", std::uint8_t{0}}), 0);
     EXPECT_EQ(textsOf(*header), (Rows{{"", "k"}, {"1", "a"}, {"2", "b"}}));
-    EXPECT_EQ(errorOf("fn_QuitaFilasInvalidas", Variant(ObjectRef()), {std::int16_t{1}}), 0);
+    EXPECT_EQ(errorOf("fn_QuitaFilasInvalidas", Variant(ObjectRef()), {I16{1}}), 0);
     auto box = std::make_shared<objects::TextBox>(u"txt");
-    EXPECT_EQ(errorOf("fn_QuitaFilasInvalidas", Variant(ObjectRef(box)), {std::int16_t{1}}), 0);
+    EXPECT_EQ(errorOf("fn_QuitaFilasInvalidas", Variant(ObjectRef(box)), {I16{1}}), 0);
 }
 
 TEST_F(Editing, ReplacesAndFills) {
@@ -111,19 +88,19 @@ TEST_F(Editing, ReplacesAndFills) {
     };
     const std::vector<Case> cases = {
         {"fn_ReemplazaValorColumnaGrid",
-         {std::int16_t{1}, u"x", u"w"},
+         {I16{1}, u"x", u"w"},
          {{"h", "a", "b"}, {"1", "w", "y"}, {"2", "w", ""}, {"3", "z", ""}}},
-        {"fn_ReemplazaValorColumnaGrid", {std::int16_t{2}}, start},  // "" by "": nothing changes
+        {"fn_ReemplazaValorColumnaGrid", {I16{2}}, start},  // "" by "": nothing changes
         {"fn_ReemplazaValorColumnaGrid",
-         {std::int16_t{2}, u"", 7, 2, 2},
+         {I16{2}, u"", 7, 2, 2},
          {{"h", "a", "b"}, {"1", "x", "y"}, {"2", "X", "7"}, {"3", "z", ""}}},
         {"fn_LimpiaFilaGrid", {2}, {{"h", "a", "b"}, {"1", "x", "y"}, {"2", "", ""}, {"3", "z", ""}}},
         {"fn_LimpiaFilaGrid",
-         {1, u"-", std::int16_t{0}, std::int16_t{1}},
+         {1, u"-", I16{0}, I16{1}},
          {{"h", "a", "b"}, {"-", "-", "y"}, {"2", "X", ""}, {"3", "z", ""}}},
         {"fn_LimpiaAreaGrid", {}, {{"h", "a", "b"}, {"1", "", ""}, {"2", "", ""}, {"3", "", ""}}},
         {"fn_LimpiaAreaGrid",
-         {std::int16_t{0}, std::int16_t{2}, std::int16_t{1}, std::int16_t{-1}, u"o"},
+         {I16{0}, I16{2}, I16{1}, I16{-1}, u"o"},
          {{"h", "a", "o"}, {"1", "x", "o"}, {"2", "X", ""}, {"3", "z", ""}}},
     };
     for (const auto& c : cases) {
@@ -136,7 +113,7 @@ TEST_F(Editing, ReplacesAndFills) {
 
 TEST_F(Editing, CellsWrittenBeforeAFailureStayWritten) {
     auto grid = makeGrid({{"h", "a"}, {"1", "x"}, {"2", "y"}});
-    EXPECT_EQ(errorOf("fn_LimpiaFilaGrid", grid, {1, u"-", std::int16_t{0}, std::int16_t{3}}), 381);
+    EXPECT_EQ(errorOf("fn_LimpiaFilaGrid", grid, {1, u"-", I16{0}, I16{3}}), 381);
     EXPECT_EQ(textsOf(*grid), (Rows{{"h", "a"}, {"-", "-"}, {"2", "y"}}));
 }
 
@@ -148,10 +125,8 @@ TEST_F(Editing, NumbersAColumn) {
     };
     const std::vector<Case> cases = {
         {"defaults", {}, {"1", "2", "3"}},
-        {"down by 2.5 with a suffix",
-         {std::int16_t{0}, std::int16_t{1}, std::int16_t{-1}, 10.0, -2.5, u")"},
-         {"10)", "7.5)", "5)"}},
-        {"a dot after each", {std::int16_t{0}, std::int16_t{2}, std::int16_t{-1}, 1.0, 1.0, u"."}, {"a", "1.", "2."}},
+        {"down by 2.5 with a suffix", {I16{0}, I16{1}, I16{-1}, 10.0, -2.5, u")"}, {"10)", "7.5)", "5)"}},
+        {"a dot after each", {I16{0}, I16{2}, I16{-1}, 1.0, 1.0, u"."}, {"a", "1.", "2."}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -161,10 +136,9 @@ TEST_F(Editing, NumbersAColumn) {
     }
     Variant start(10.0);
     auto grid = makeGrid({{"#"}, {""}});
-    run("fn_NumeraColumnaGrid", grid, {std::int16_t{0}, std::int16_t{1}, std::int16_t{-1}, start, 1e308});
+    run("fn_NumeraColumnaGrid", grid, {I16{0}, I16{1}, I16{-1}, start, 1e308});
     EXPECT_EQ(describe(lastArgs()[4]), describe(Variant(10.0))) << "the caller's NumeroInicial is kept";
-    EXPECT_EQ(errorOf("fn_NumeraColumnaGrid", makeGrid({{"#"}, {""}, {""}}),
-                      {std::int16_t{0}, std::int16_t{1}, std::int16_t{-1}, 1e308, 1e308}),
+    EXPECT_EQ(errorOf("fn_NumeraColumnaGrid", makeGrid({{"#"}, {""}, {""}}), {I16{0}, I16{1}, I16{-1}, 1e308, 1e308}),
               6);
 }
 
@@ -177,8 +151,8 @@ TEST_F(Editing, IntegerCountersOverflowPast32767) {
     const std::vector<Case> cases = {
         {"fn_NumeraColumnaGrid", {}},
         {"fn_LimpiaAreaGrid", {}},
-        {"fn_CuentaElementosColGrid", {std::int16_t{1}, u""}},
-        {"fn_NumeraColumnaGrid", {std::int16_t{0}, std::int16_t{32760}, std::int16_t{32767}}},
+        {"fn_CuentaElementosColGrid", {I16{1}, u""}},
+        {"fn_NumeraColumnaGrid", {I16{0}, I16{32760}, I16{32767}}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.method);
@@ -207,8 +181,8 @@ TEST_F(Editing, TypesIntoTheCurrentCell) {
         EXPECT_EQ(describe(lastArgs()[1]), describe(Variant(c.keyAfter)));
     }
     auto grid = makeGrid({{"h", "a"}, {"1", ""}});
-    EXPECT_EQ(errorOf("EscribeGrid", grid, {std::int16_t{300}}), 5);
-    EXPECT_EQ(errorOf("EscribeGrid", grid, {std::int16_t{-3}}), 5);
+    EXPECT_EQ(errorOf("EscribeGrid", grid, {I16{300}}), 5);
+    EXPECT_EQ(errorOf("EscribeGrid", grid, {I16{-3}}), 5);
 }
 
 TEST_F(Editing, WrongObjectsGiveTheRuntimeErrors) {
@@ -220,11 +194,11 @@ TEST_F(Editing, WrongObjectsGiveTheRuntimeErrors) {
         int error;
     };
     const std::vector<Case> cases = {
-        {"fn_BuscaColGrid", Variant(ObjectRef()), {std::int16_t{1}, u"x"}, 91},
+        {"fn_BuscaColGrid", Variant(ObjectRef()), {I16{1}, u"x"}, 91},
         {"fn_LimpiaAreaGrid", Variant(ObjectRef(box)), {}, 438},
-        {"fn_QuitaFilaGrid2", Variant(u"Grid"), {std::int16_t{1}}, 13},
+        {"fn_QuitaFilaGrid2", Variant(u"Grid"), {I16{1}}, 13},
         {"fn_NumeraColumnaGrid", Variant(ObjectRef(makeGrid({{"a"}}))), {u"x"}, 13},
-        {"fn_LimpiaFilaGrid", Variant(ObjectRef(makeGrid({{"a"}}))), {1, u"", std::int16_t{0}, 40000}, 6},
+        {"fn_LimpiaFilaGrid", Variant(ObjectRef(makeGrid({{"a"}}))), {1, u"", I16{0}, 40000}, 6},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.method);

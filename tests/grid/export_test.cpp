@@ -58,23 +58,23 @@ TEST_F(GridExport, PagesTheGridAsAsked) {
     };
     const std::vector<Case> cases = {
         {"columns 1 to the end, with lines",
-         {std::int16_t{0}, u"Ventas de julio", u"Sucursal norte", std::int16_t{1}},
+         {I16{0}, u"Ventas de julio", u"Sucursal norte", I16{1}},
          {"B1 s:Ventas de julio bold size=12", "B3 s:Sucursal norte bold", "B4 s:Código bold" + kBox,
           "C4 s:Nombre bold" + kBox, "D4 s:Saldo bold" + kBox, "B5 n:1.0" + kTop, "C5 s:Ana Ñúñez" + kTop,
           "D5 n:12.5" + kTop, "B6 n:2.0" + kBottom, "C6 s:Luis" + kBottom, "D6 s:abc" + kBottom}},
         {"default columns export the fixed column too",
-         {std::int16_t{0}, u"T"},
+         {I16{0}, u"T"},
          {"B1 s:T bold size=12", "B3 bold", "B4 s:# bold" + kBox, "C4 s:Código bold" + kBox, "D4 s:Nombre bold" + kBox,
           "E4 s:Saldo bold" + kBox, "B5 n:1.0" + kTop, "C5 n:1.0" + kTop, "D5 s:Ana Ñúñez" + kTop, "E5 n:12.5" + kTop,
           "B6 n:2.0" + kBottom, "C6 n:2.0" + kBottom, "D6 s:Luis" + kBottom, "E6 s:abc" + kBottom}},
         {"header only: the empty data box is B4:B5",
-         {std::int16_t{0}, u"T", u"", std::int16_t{2}, std::int16_t{2}, std::int16_t{0}},
+         {I16{0}, u"T", u"", I16{2}, I16{2}, I16{0}},
          {"B1 s:T bold size=12", "B3 bold", "B4 s:Nombre bold" + kBox, "B5" + kBottom}},
         {"lines given as 1 draw nothing, headers stay bold",
-         {std::int16_t{1}, u"", u"", std::int16_t{2}, std::int16_t{3}, std::int16_t{-1}, Variant(Boolean::fromBits(1))},
+         {I16{1}, u"", u"", I16{2}, I16{3}, I16{-1}, Variant(Boolean::fromBits(1))},
          {"B1 bold size=12", "B3 bold", "B4 s:Ana Ñúñez bold", "C4 n:12.5 bold", "B5 s:Luis", "C5 s:abc"}},
         {"lines False",
-         {std::int16_t{0}, u"", u"", std::int16_t{3}, std::int16_t{3}, std::int16_t{1}, False},
+         {I16{0}, u"", u"", I16{3}, I16{3}, I16{1}, False},
          {"B1 bold size=12", "B3 bold", "B4 s:Saldo bold", "B5 n:12.5"}},
     };
     for (const auto& c : cases) {
@@ -86,7 +86,7 @@ TEST_F(GridExport, PagesTheGridAsAsked) {
 TEST_F(GridExport, WidthsAreTheGridsOverEightyFive) {
     auto grid = makeGrid(ventas());
     for (auto [col, twips] : {std::pair{1, 850}, {2, 2040}, {3, 1275}}) grid->setColWidth(col, twips);
-    SheetFile file = exported(grid, {std::int16_t{0}, u"", u"", std::int16_t{1}});
+    SheetFile file = exported(grid, {I16{0}, u"", u"", I16{1}});
     ASSERT_EQ(file.widths.size(), 3u);
     for (auto [letter, set] : {std::pair{"B", 10.0}, {"C", 24.0}, {"D", 15.0}})
         EXPECT_NEAR(file.widths[letter], widthReadBack(set), sheet::testing::kWidthTolerance) << letter;
@@ -94,10 +94,10 @@ TEST_F(GridExport, WidthsAreTheGridsOverEightyFive) {
 
 TEST_F(GridExport, OpenEndsAreWrittenBack) {
     auto grid = makeGrid(ventas());
-    run("fn_ExportaExcelGrid", grid, {std::int16_t{0}, u"", u"", std::int16_t{1}, std::int16_t{-1}, std::int16_t{-1}});
+    run("fn_ExportaExcelGrid", grid, {I16{0}, u"", u"", I16{1}, I16{-1}, I16{-1}});
     (void)host::takeExportReport();
-    EXPECT_EQ(shown(lastArgs()[5]), shown(Variant(std::int16_t{3})));  // ColFin = Cols - 1
-    EXPECT_EQ(shown(lastArgs()[6]), shown(Variant(std::int16_t{2})));  // FilaFin = Rows - 1
+    EXPECT_EQ(shown(lastArgs()[5]), shown(Variant(I16{3})));  // ColFin = Cols - 1
+    EXPECT_EQ(shown(lastArgs()[6]), shown(Variant(I16{2})));  // FilaFin = Rows - 1
 }
 
 // Wide grids: every column's data, widths for B to Z only.
@@ -111,7 +111,7 @@ TEST_F(GridExport, WidthsStopAtColumnZ) {
         }
         auto grid = makeGrid(rows);
         for (int i = 0; i < columns; ++i) grid->setColWidth(i, 85 * (i + 1));
-        SheetFile file = exported(grid, {std::int16_t{0}});
+        SheetFile file = exported(grid, {I16{0}});
         ASSERT_EQ(file.widths.size(), 25u);
         for (int i = 0; i < 25; ++i) {
             const std::string letter(1, static_cast<char>('B' + i));
@@ -134,20 +134,20 @@ TEST_F(GridExport, SkipsWhatTheGridCannotGive) {
     const std::vector<Case> cases = {
         {"columns past the grid's last: boxed, empty, no width",
          Variant(ObjectRef(makeGrid({{"a", "b"}, {"1", "2"}}))),
-         {std::int16_t{0}, u"T", u"", std::int16_t{1}, std::int16_t{3}},
+         {I16{0}, u"T", u"", I16{1}, I16{3}},
          {"B1 s:T bold size=12", "B3 bold", "B4 s:b bold" + kBox, "C4 bold" + kBox, "D4 bold" + kBox, "B5 n:2.0" + kBox,
           "C5" + kBox, "D5" + kBox}},
         {"rows past the grid's last are left empty",
          Variant(ObjectRef(makeGrid({{"a", "b"}, {"1", "2"}}))),
-         {std::int16_t{0}, u"T", u"", std::int16_t{1}, std::int16_t{1}, std::int16_t{3}},
+         {I16{0}, u"T", u"", I16{1}, I16{1}, I16{3}},
          {"B1 s:T bold size=12", "B3 bold", "B4 s:b bold" + kBox, "B5 n:2.0" + kTop, "B6" + kSides, "B7" + kBottom}},
         {"a grid of Nothing: the titles only",
          Variant(ObjectRef()),
-         {std::int16_t{0}, u"Vacío", u"Nada"},
+         {I16{0}, u"Vacío", u"Nada"},
          {"B1 s:Vacío bold size=12", "B3 s:Nada bold"}},
         {"an object that is no grid: the titles only",
          Variant(ObjectRef(std::make_shared<objects::TextBox>())),
-         {std::int16_t{0}, u"Sin filas"},
+         {I16{0}, u"Sin filas"},
          {"B1 s:Sin filas bold size=12", "B3 bold"}},
     };
     for (const auto& c : cases) {
@@ -163,7 +163,7 @@ TEST_F(GridExport, WithoutASpreadsheetReturnsQuietly) {
     ScriptedPlatform platform(defaultPlatform(), {});
     platform.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>()));
     Fun fun(platform);
-    std::vector<Variant> args = {Variant(ObjectRef(makeGrid(ventas()))), Variant(std::int16_t{0}), Variant(u"T")};
+    std::vector<Variant> args = {Variant(ObjectRef(makeGrid(ventas()))), Variant(I16{0}), Variant(u"T")};
     EXPECT_EQ(errorNumberOf([&] { invoke(fun, std::string_view("fn_ExportaExcelGrid"), args); }), 0);
     EXPECT_TRUE(host::takeExportReport().empty());
 }
@@ -188,13 +188,8 @@ TEST_F(GridExport, ShowsItsProgressOnFrmProg) {
         ScriptedPlatform platform(defaultPlatform(), {});
         platform.use(std::shared_ptr<ProgressDisplay>(recorder));
         Fun fun(platform);
-        std::vector<Variant> args = {Variant(ObjectRef(makeGrid(ventas()))),
-                                     Variant(std::int16_t{0}),
-                                     Variant(u""),
-                                     Variant(u""),
-                                     Variant(std::int16_t{1}),
-                                     Variant(std::int16_t{-1}),
-                                     Variant(c.lastRow)};
+        std::vector<Variant> args = {
+            Variant(ObjectRef(makeGrid(ventas()))), I16{0}, u"", u"", I16{1}, I16{-1}, c.lastRow};
         invoke(fun, std::string_view("fn_ExportaExcelGrid"), args);
         (void)host::takeExportReport();
         std::vector<std::string> made;

@@ -38,9 +38,9 @@ TEST_F(Formatting, PaintsARowOrAColumnAndPutsTheCurrentCellBack) {
     };
     const std::vector<Case> cases = {
         {"fn_PintaFilaGrid", {1}, {"1,1", "1,2", "1,3"}},
-        {"fn_PintaFilaGrid", {0, 255, 0, std::int16_t{0}, std::int16_t{1}}, {"0,0", "0,1"}},
-        {"fn_PintaColumnaGrid", {std::int16_t{2}}, {"1,2", "2,2", "3,2"}},
-        {"fn_PintaColumnaGrid", {std::int16_t{0}, 255, 0, 2, -7}, {"2,0", "3,0"}},
+        {"fn_PintaFilaGrid", {0, 255, 0, I16{0}, I16{1}}, {"0,0", "0,1"}},
+        {"fn_PintaColumnaGrid", {I16{2}}, {"1,2", "2,2", "3,2"}},
+        {"fn_PintaColumnaGrid", {I16{0}, 255, 0, 2, -7}, {"2,0", "3,0"}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.method);
@@ -63,29 +63,23 @@ TEST_F(Formatting, MemberCallsFollowTheMethodsOrder) {
     struct Case {
         const char* method;
         std::vector<Variant> args;
-        std::vector<std::string> calls;
+        std::string calls;
     };
     const std::vector<Case> cases = {
-        {"fn_PintaFilaGrid",
-         {1, 1, 2, std::int16_t{1}, std::int16_t{1}},
-         {"Col", "Row", "Row=", "Col=", "CellBackColor=", "CellForeColor=", "Col=", "Row="}},
-        {"fn_PintaColumnaGrid",
-         {std::int16_t{1}, 1, 2, 1, 1},
-         {"Col", "Row", "Col=", "Row=", "CellBackColor=", "CellForeColor=", "Col=", "Row="}},
+        {"fn_PintaFilaGrid", {1, 1, 2, I16{1}, I16{1}}, "Col Row Row= Col= CellBackColor= CellForeColor= Col= Row="},
+        {"fn_PintaColumnaGrid", {I16{1}, 1, 2, 1, 1}, "Col Row Col= Row= CellBackColor= CellForeColor= Col= Row="},
         {"fn_CentraFilaGrid",
-         {1, std::int16_t{4}, std::int16_t{1}, std::int16_t{1}},
-         {"Redraw=", "Col", "Row", "Row=", "Col=", "CellAlignment=", "Col=", "Row=", "Redraw="}},
-        {"fn_CentraColumGrid",
-         {std::int16_t{1}, std::int16_t{4}, 1, 1},
-         {"Col", "Row", "Redraw=", "Col=", "Row=", "CellAlignment=", "Col=", "Row=", "Redraw="}},
+         {1, I16{4}, I16{1}, I16{1}},
+         "Redraw= Col Row Row= Col= CellAlignment= Col= Row= Redraw="},
+        {"fn_CentraColumGrid", {I16{1}, I16{4}, 1, 1}, "Col Row Redraw= Col= Row= CellAlignment= Col= Row= Redraw="},
         {"fn_CambiaLetraFilaGrid",
-         {1, 12.0, True, False, False, u"Arial", std::int16_t{1}, std::int16_t{1}},
-         {"Col", "Row", "Row=", "Redraw=", "Col=", "CellFontBold=", "CellFontItalic=", "CellFontUnderline=",
-          "CellFontSize=", "CellFontName=", "Row=", "Col=", "Redraw="}},
+         {1, 12.0, True, False, False, u"Arial", I16{1}, I16{1}},
+         "Col Row Row= Redraw= Col= CellFontBold= CellFontItalic= CellFontUnderline= CellFontSize= CellFontName= Row= "
+         "Col= Redraw="},
         {"fn_CentraFilaGrid",
          {},
-         {"Redraw=", "Cols", "Col", "Row", "Row=", "Col=", "CellAlignment=", "Col=", "CellAlignment=", "Col=",
-          "CellAlignment=", "Col=", "CellAlignment=", "Col=", "Row=", "Redraw="}},
+         "Redraw= Cols Col Row Row= Col= CellAlignment= Col= CellAlignment= Col= CellAlignment= Col= CellAlignment= "
+         "Col= Row= Redraw="},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.method);
@@ -98,7 +92,7 @@ TEST_F(Formatting, MemberCallsFollowTheMethodsOrder) {
 TEST_F(Formatting, CentresAndRefonts) {
     auto g = grid();
     run("fn_CentraFilaGrid", g);
-    for (int col = 0; col < 4; ++col) EXPECT_EQ(g->cellFormat(0, col)->alignment, std::int16_t{4}) << col;
+    for (int col = 0; col < 4; ++col) EXPECT_EQ(g->cellFormat(0, col)->alignment, I16{4}) << col;
     run("fn_CambiaLetraFilaGrid", g, {3});
     const objects::CellFormat* cell = g->cellFormat(3, 3);
     ASSERT_NE(cell, nullptr);
@@ -113,13 +107,13 @@ TEST_F(Formatting, ACurrentColumnAbove255OverflowsInTheCentringMethods) {
     auto wide = std::make_shared<objects::FlexGrid>(u"Grid", 3, 400);
     wide->setCol(300);
     wide->clearCalls();
-    EXPECT_EQ(errorOf("fn_CentraColumGrid", wide, {std::int16_t{1}}), 6);
+    EXPECT_EQ(errorOf("fn_CentraColumGrid", wide, {I16{1}}), 6);
     EXPECT_EQ(formattedCells(*wide), std::vector<std::string>{});
     EXPECT_TRUE(wide->redraw()) << "untouched";
     EXPECT_EQ(errorOf("fn_CentraFilaGrid", wide), 6);
     EXPECT_FALSE(wide->redraw()) << "painting was already off";
     wide->setRedraw(true);
-    EXPECT_EQ(errorOf("fn_PintaFilaGrid", wide, {1, 0, 0, std::int16_t{1}, std::int16_t{1}}), 0);
+    EXPECT_EQ(errorOf("fn_PintaFilaGrid", wide, {1, 0, 0, I16{1}, I16{1}}), 0);
 }
 
 TEST_F(Formatting, ChangesColumnWidths) {

@@ -17,6 +17,8 @@
 namespace telvaro::gridtest {
 
 using Rows = std::vector<std::vector<std::string>>;
+// Integer arguments, as the methods declare them.
+using I16 = std::int16_t;
 
 // A grid with one fixed row and column, its texts row by row.
 inline std::shared_ptr<objects::FlexGrid> makeGrid(const Rows& rows, std::int32_t fixedRows = 1) {
@@ -50,9 +52,10 @@ inline std::vector<std::string> columnOf(const objects::FlexGrid& grid, std::int
 // A value with its type, for comparisons that tell an Integer from a Long.
 inline std::string shown(const Variant& v) { return describe(v); }
 
-inline std::vector<std::string> callsOf(const objects::FlexGrid& grid) {
-    std::vector<std::string> calls;
-    for (const auto& c : grid.calls()) calls.push_back(toUtf8(c));
+// The member calls the grid received, in order, one blank between them.
+inline std::string callsOf(const objects::FlexGrid& grid) {
+    std::string calls;
+    for (const auto& c : grid.calls()) calls += (calls.empty() ? "" : " ") + toUtf8(c);
     return calls;
 }
 

@@ -1,5 +1,7 @@
 // The spreadsheet's objects member by member: what assigned values become,
-// the errors bad arguments raise, and when and how the files are written.
+// the errors bad arguments raise, when and how the files are written, and
+// the borders and fonts set through the members, read back from the file.
+// The exports' whole pages are read back by the grid and query export tests.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -38,6 +40,89 @@ std::shared_ptr<SheetApplication> application(const fs::path& folder) {
 ObjectRef newSheet(Object& app) {
     objectOf(app.get(u"Workbooks")).call(u"Add");
     return app.get(u"ActiveSheet").object();
+}
+
+// Workbooks.Add, ActiveSheet, Visible = True.
+ObjectRef openSheet(Object& app) {
+    ObjectRef sheet = newSheet(app);
+    app.put(u"Visible", Variant(True));
+    return sheet;
+}
+
+struct Written {
+    std::vector<WrittenWorkbook> files;
+    std::vector<int> failures;
+};
+
+// Runs `fill` on a new application and releases it; what it wrote.
+template <typename Fill>
+Written releaseAfter(const fs::path& folder, Fill fill) {
+    Written written;
+    {
+        SheetOptions options;
+        options.folder = folder;
+        options.written = [&](const WrittenWorkbook& w) { written.files.push_back(w); };
+        options.failed = [&](const RuntimeError& e) { written.failures.push_back(e.number()); };
+        auto app = SheetApplication::create(std::move(options));
+        fill(*app);
+    }
+    return written;
+}
+
+testing::SheetFile onlyFile(const Written& written) {
+    EXPECT_TRUE(written.failures.empty());
+    if (written.files.size() != 1) {
+        ADD_FAILURE() << written.files.size() << " files written";
+        return {};
+    }
+    testing::SheetFile file = testing::readSheetFile(written.files[0].path);
+    EXPECT_TRUE(file.readable) << written.files[0].path;
+    return file;
+}
+
+TEST(Borders, TakeLineStyleWeightAndColourIndex) {
+    struct Case {
+        std::vector<Variant> args;
+        std::string edges;
+    } cases[] = {
+        {{}, "T=thin L=thin B=thin R=thin"},
+        {{Variant(std::int32_t(-4115)), Variant(std::int32_t(-4138)), Variant(std::int32_t(3))},
+         "T=mediumDashed/FF0000 L=mediumDashed/FF0000 B=mediumDashed/FF0000 R=mediumDashed/FF0000"},
+        {{Variant(std::int32_t(-4119)), Variant(std::int32_t(4)), Variant(std::int32_t(5))},
+         "T=double/0000FF L=double/0000FF B=double/0000FF R=double/0000FF"},
+        {{Variant(std::int32_t(1)), Variant(std::int32_t(4)), Variant::missing(), Variant(std::int32_t(0x00FF00))},
+         "T=thick/00FF00 L=thick/00FF00 B=thick/00FF00 R=thick/00FF00"},
+    };
+    for (const auto& c : cases) {
+        testing::SheetFile file = onlyFile(releaseAfter(freshFolder("borders"), [&](Object& app) {
+            ObjectRef sheet = openSheet(app);
+            std::vector<Variant> args = c.args;
+            objectOf(sheet->get(u"Range", {Variant(u"C3")})).call(u"BorderAround", args);
+        }));
+        EXPECT_EQ(file.cells, std::vector<std::string>{"C3 " + c.edges});
+    }
+}
+
+TEST(Borders, OfABlockAreOnItsEdgesOnly) {
+    testing::SheetFile file = onlyFile(releaseAfter(freshFolder("block"), [&](Object& app) {
+        ObjectRef sheet = openSheet(app);
+        objectOf(sheet->get(u"Range", {Variant(u"D4:B2")})).call(u"BorderAround");
+        sheet->put(u"Range", {Variant(u"C3")}, Variant(u"centro"));
+    }));
+    EXPECT_EQ(file.cells,
+              (std::vector<std::string>{"B2 T=thin L=thin", "C2 T=thin", "D2 T=thin R=thin", "B3 L=thin", "C3 s:centro",
+                                        "D3 R=thin", "B4 L=thin B=thin", "C4 B=thin", "D4 B=thin R=thin"}));
+}
+
+TEST(Fonts, OfWholeColumnsReachCellsWrittenLater) {
+    testing::SheetFile file = onlyFile(releaseAfter(freshFolder("columns"), [&](Object& app) {
+        ObjectRef sheet = openSheet(app);
+        sheet->put(u"Cells", {Variant(2), Variant(4)}, Variant(u"antes"));
+        objectOf(objectOf(sheet->get(u"Columns", {Variant(u"D")})).get(u"Font")).put(u"Bold", Variant(True));
+        sheet->put(u"Cells", {Variant(9), Variant(4)}, Variant(u"después"));
+        sheet->put(u"Cells", {Variant(9), Variant(5)}, Variant(u"al lado"));
+    }));
+    EXPECT_EQ(file.cells, (std::vector<std::string>{"D2 s:antes bold", "D9 s:después bold", "E9 s:al lado"}));
 }
 
 TEST(CellValues, AreTakenAsTheSpreadsheetTakesThem) {
@@ -98,6 +183,9 @@ TEST(Members, RaiseTheSpreadsheetsErrorsForBadArguments) {
     auto get = [](Object& o, const char16_t* member, std::vector<Variant> args) {
         return [&o, member, args] { o.get(member, args); };
     };
+    auto call = [](Object& o, const char16_t* member, std::vector<Variant> args) {
+        return [&o, member, args]() mutable { o.call(member, args); };
+    };
     struct Case {
         const char* what;
         std::function<void()> call;
@@ -132,27 +220,16 @@ TEST(Members, RaiseTheSpreadsheetsErrorsForBadArguments) {
         {"Value = array", put(b2, u"Value", Variant(Array::vector(0, 1))), 13},
         {"Value = Nothing", put(b2, u"Value", Variant(ObjectRef())), 91},
         {"Range(\"A:B\").Value = 1", put(*columnsAB, u"Value", Variant(1)), 7},
-        {"BorderAround(2)", [&] { b2.call(u"BorderAround", {Variant(2)}); }, 1004},
-        {"BorderAround(1, 3)",
-         [&] {
-             b2.call(u"BorderAround", {Variant(1), Variant(3)});
-         },
-         1004},
-        {"BorderAround(1, 2, 57)",
-         [&] {
-             b2.call(u"BorderAround", {Variant(1), Variant(2), Variant(57)});
-         },
-         1004},
+        {"BorderAround(2)", call(b2, u"BorderAround", {Variant(2)}), 1004},
+        {"BorderAround(1, 3)", call(b2, u"BorderAround", {Variant(1), Variant(3)}), 1004},
+        {"BorderAround(1, 2, 57)", call(b2, u"BorderAround", {Variant(1), Variant(2), Variant(57)}), 1004},
         {"BorderAround(1, 2, , -1)",
-         [&] {
-             b2.call(u"BorderAround", {Variant(1), Variant(2), Variant::missing(), Variant(-1)});
-         },
-         1004},
-        {"Range.Merge", [&] { b2.call(u"Merge"); }, 438},
+         call(b2, u"BorderAround", {Variant(1), Variant(2), Variant::missing(), Variant(-1)}), 1004},
+        {"Range.Merge", call(b2, u"Merge", {}), 438},
         {"Sheet.Name", get(*sheet, u"Name", {}), 438},
         {"Workbooks.Add(\"plantilla.xlt\")",
          [&] { objectOf(app->get(u"Workbooks")).call(u"Add", {Variant(u"plantilla.xlt")}); }, 1004},
-        {"Application.Quit", [&] { app->call(u"Quit"); }, 438},
+        {"Application.Quit", call(*app, u"Quit", {}), 438},
     };
     for (const auto& c : cases) EXPECT_EQ(errorNumberOf(c.call), c.error) << c.what;
 }
