@@ -157,14 +157,12 @@ TEST_F(IniFiles, AWriteRemovesWhatKilledWritesLeftInItsFolder) {
     const struct {
         const char* name;
         bool stale;
-    } files[] = {
-        {".app.ini.telvaro-tmp-Ab12Cd", true},
-        {".otro.ini.telvaro-tmp-000000", true},
-        {"app.ini.telvaro-tmp-Ab12Cd", false},  // not hidden: not ours
-        {".app.ini.telvaro-tmp-Ab12C", false},  // not six characters
-        {".app.ini.XXXXXX", false},
-        {"notas.txt", false},
-    };
+    } files[] = {{".app.ini.telvaro-tmp-Ab12Cd", true},
+                 {".otro.ini.telvaro-tmp-000000", true},
+                 {"app.ini.telvaro-tmp-Ab12Cd", false},  // not hidden: not ours
+                 {".app.ini.telvaro-tmp-Ab12C", false},  // not six characters
+                 {".app.ini.XXXXXX", false},
+                 {"notas.txt", false}};
     for (const auto& f : files) std::ofstream(folder / f.name) << "x";
     write(u"S", u"k", u"v");
     for (const auto& f : files) EXPECT_EQ(fs::exists(folder / f.name), !f.stale) << f.name;
@@ -199,19 +197,6 @@ TEST(ProfileWrites, CreateDriveCAsTheFileWritesDo) {
     invoke(fun, "INI_GuardarIni", other);
     EXPECT_FALSE(fs::exists(home / "drives" / "q")) << "another drive exists only when its folder does";
     fs::remove_all(home);
-}
-
-TEST(Paths, WindowsFormPathsMapUnderTheHomeFolder) {
-    ScopedVariable home("TELVARO_HOME", "/tmp/th");
-    ScopedVariable noDriveD("TELVARO_DRIVE_D", nullptr);
-    EXPECT_EQ(posix::mapPath(u"C:\\Errores\\ErrLog\\7.txt"), fs::path("/tmp/th/drives/c/Errores/ErrLog/7.txt"));
-    EXPECT_EQ(posix::mapPath(u"d:/datos/./x.db"), fs::path("/tmp/th/drives/d/datos/x.db"));
-    EXPECT_EQ(posix::mapPath(u"\\windows\\temp"), fs::path("/tmp/th/drives/c/windows/temp"));
-    EXPECT_EQ(posix::mapPath(u"\\\\srv\\share\\a.txt"), fs::path("/tmp/th/unc/srv/share/a.txt"));
-    EXPECT_EQ(posix::mapPath(u"/var/tmp/a"), fs::path("/tmp/th/drives/c/var/tmp/a"));
-    EXPECT_EQ(posix::mapPath(u"sub\\a.ini"), fs::path("sub/a.ini"));
-    ScopedVariable driveD("TELVARO_DRIVE_D", "/mnt/datos");
-    EXPECT_EQ(posix::mapPath(u"D:\\x"), fs::path("/mnt/datos/x"));
 }
 
 TEST(Ansi, EveryByteRoundTrips) {
