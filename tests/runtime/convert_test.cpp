@@ -54,6 +54,16 @@ std::string outcome(F&& f) {
     }
 }
 
+// The text `f` gives, or "error N".
+template <typename F>
+std::string textOutcome(F&& f) {
+    try {
+        return toUtf8(f());
+    } catch (const RuntimeError& e) {
+        return "error " + std::to_string(e.number());
+    }
+}
+
 TEST(ConvertDoubleText, FifteenDigitsPlainWhileTheyFitElseExponent) {
     struct Case {
         double value;
@@ -69,23 +79,16 @@ TEST(ConvertDoubleText, FifteenDigitsPlainWhileTheyFitElseExponent) {
         {3.141592653589793, "3.14159265358979"},
         {3.14159265359, "3.14159265359"},
         {12.345678901234567, "12.3456789012346"},
-        {1234.567890123456789, "1234.56789012346"},
-        {0.56789, "0.56789"},
         {5.6789e-5, "0.000056789"},
-        {0.00003, "0.00003"},
         {5.6789e-11, "0.000000000056789"},
         {1e-15, "0.000000000000001"},
         {5.6789e-12, "5.6789E-12"},
         {1e-16, "1E-16"},
-        {5.6789e-16, "5.6789E-16"},
-        {1e8, "100000000"},
         {1e14, "100000000000000"},
         {999999999999999.0, "999999999999999"},
         {999999999999999.5, "1E+15"},
         {1e15, "1E+15"},
         {1.2e15, "1.2E+15"},
-        {1.234e16, "1.234E+16"},
-        {1e20, "1E+20"},
         {-1e20, "-1E+20"},
         {1e-300, "1E-300"},
         {1.7976931348623157e308, "1.79769313486232E+308"},
@@ -144,15 +147,7 @@ TEST(ConvertToText, EveryTypeOfValue) {
         {objectWith(Variant(Null{})), "error 94"},
         {Variant(ObjectRef(std::make_shared<PlainObject>())), "error 438"},
     };
-    for (const auto& c : cases) {
-        std::string got;
-        try {
-            got = toUtf8(toString(c.value));
-        } catch (const RuntimeError& e) {
-            got = "error " + std::to_string(e.number());
-        }
-        EXPECT_EQ(got, c.text) << describe(c.value);
-    }
+    for (const auto& c : cases) EXPECT_EQ(textOutcome([&] { return toString(c.value); }), c.text) << describe(c.value);
     RegionalScope comma(commaDecimal());
     EXPECT_EQ(toString(Variant(Currency{15000})), u"1,5");
     EXPECT_EQ(toString(dec(u"2.50")), u"2,5");
@@ -240,6 +235,7 @@ TEST(ConvertRounding, HalfToEvenIntoIntegerLongByteAndCurrency) {
         {Variant(-0.5), 0, -5000},
         {Variant(-1.5), -2, -15000},
         {Variant(-2.5), -2, -25000},
+        {Variant(-32768.5), -32768, -327685000},
         {Variant(2.5000001), 3, 25000},
         {Variant(0.4999999), 0, 5000},
         {Variant(1.23456), 1, 12346},
@@ -506,15 +502,7 @@ TEST(ConvertStr, SignPositionAndPoint) {
         {Variant(u"abc"), "error 13"},
         {Variant(Null{}), "error 94"},
     };
-    for (const auto& c : cases) {
-        std::string got;
-        try {
-            got = toUtf8(str(c.value));
-        } catch (const RuntimeError& e) {
-            got = "error " + std::to_string(e.number());
-        }
-        EXPECT_EQ(got, c.text) << describe(c.value);
-    }
+    for (const auto& c : cases) EXPECT_EQ(textOutcome([&] { return str(c.value); }), c.text) << describe(c.value);
     EXPECT_TRUE(strValue(Variant(Null{})).isNull());
     EXPECT_TRUE(identical(strValue(Variant(5.0)), Variant(u" 5")));
 
