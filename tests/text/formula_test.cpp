@@ -81,7 +81,8 @@ TEST(Formula, RunawayRewritingIsOutOfStackSpace) {
     for (int i = 0; i < 5000; ++i) sum += u"+1";
     String groups;
     for (int i = 0; i < 3000; ++i) groups += u"(1)+";
-    for (const String& f : {String(40000, u'\\'), String(4000, u'\\'), u"2" + String(4000, u'^') + u"3", sum, groups})
+    // (The sweep's rows hold long runs of "\\" and of "*".)
+    for (const String& f : {u"2" + String(4000, u'^') + u"3", sum, groups})
         EXPECT_EQ(errorNumberOf([&] { calc(f.c_str()); }), err::OutOfStackSpace) << f.size();
     // Within the bound, long formulas are evaluated as always.
     String shortSum = u"1";
