@@ -3,6 +3,7 @@
 // configurations.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -364,30 +365,29 @@ TEST(ConvertSpecialValues, NullEmptyErrorArrayAndObjects) {
         {"CCur", [](const Variant& v) { return Variant(toCurrency(v)); }},
         {"CDate", [](const Variant& v) { return Variant(toDate(v)); }},
     };
-    struct Case {
-        Variant value;
-        const char* results[8];  // in the order of `conversions`
+    using Results = std::array<const char*, std::size(conversions)>;  // in the order of `conversions`
+    auto every = [](const char* result) {
+        Results r;
+        r.fill(result);
+        return r;
     };
-    const Case cases[] = {
-        {Variant(Null{}),
-         {"error 94", "error 94", "error 94", "error 94", "error 94", "error 94", "error 94", "error 94"}},
+    const std::pair<Variant, Results> cases[] = {
+        {Variant(Null{}), every("error 94")},
         {Variant(),
          {"String \"\"", "Double 0", "Integer 0", "Long 0", "Byte 0", "Boolean False", "Currency 0", "Date 00:00:00"}},
-        {Variant::missing(),
-         {"error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13"}},
-        {Variant(Array::vector(0, 2)),
-         {"error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13"}},
-        {nothing(), {"error 91", "error 91", "error 91", "error 91", "error 91", "error 91", "error 91", "error 91"}},
+        {Variant::missing(), every("error 13")},
+        {Variant(Array::vector(0, 2)), every("error 13")},
+        {nothing(), every("error 91")},
         {objectWith(Variant(u"42")),
          {"String \"42\"", "Double 42", "Integer 42", "Long 42", "Byte 42", "Boolean True", "Currency 42", "error 13"}},
         {objectWith(Variant(Date{36160})),
          {"String \"31/12/1998\"", "Double 36160", "error 6", "Long 36160", "error 6", "Boolean True", "Currency 36160",
           "Date 31/12/1998"}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [value, results] : cases) {
         for (std::size_t i = 0; i < std::size(conversions); ++i) {
-            EXPECT_EQ(outcome([&] { return conversions[i].second(c.value); }), c.results[i])
-                << conversions[i].first << "(" << describe(c.value) << ")";
+            EXPECT_EQ(outcome([&] { return conversions[i].second(value); }), results[i])
+                << conversions[i].first << "(" << describe(value) << ")";
         }
     }
 }
