@@ -76,10 +76,12 @@ TEST(RegionalChange, WritesTheEightItemsInOrderAndReportsAnyFailure) {
     StorePlatform platform;
     Fun fun(platform);
     EXPECT_TRUE(identical(call(fun, "fn_CambiaConfRegional"), Variant(True)));
-    const std::vector<std::pair<int, String>> expected = {{31, u"dd/MM/yyyy"}, {32, u"dddd, d' de 'MMMM' de 'yyyy"},
-                                                          {14, u"."},          {15, u","},
-                                                          {4099, u"HH:mm:ss"}, {22, u"."},
-                                                          {23, u","},          {20, u"$"}};
+    const std::vector<std::pair<int, String>> expected = {
+        {31, u"dd/MM/yyyy"}, {32, u"dddd, d' de 'MMMM' de 'yyyy"},
+        {14, u"."},          {15, u","},
+        {4099, u"HH:mm:ss"}, {22, u"."},
+        {23, u","},          {20, u"$"},
+    };
     EXPECT_EQ(platform.store.written, expected);
 
     platform.store.written.clear();

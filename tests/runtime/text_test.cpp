@@ -28,20 +28,22 @@ TEST(TextEquality, CaseIgnoredAccentsKept) {
         const char16_t* b;
         bool equal;
     };
-    const Case cases[] = {{u"A", u"a", true},
-                          {u"Á", u"á", true},
-                          {u"Ñ", u"ñ", true},
-                          {u"ÁRBOL", u"árbol", true},
-                          {u"á", u"a", false},
-                          {u"Á", u"a", false},
-                          {u"ñ", u"n", false},
-                          {u"é", u"è", false},
-                          {u"", u"", true},
-                          {u"a", u"", false},
-                          {u"a ", u"a", false},
-                          {u"a\u0301", u"á", false},    // combining accent: other units, other text
-                          {u"ab", u"a\u00ADb", false},  // a soft hyphen is a character too
-                          {u"1", u"01", false}};
+    const Case cases[] = {
+        {u"A", u"a", true},
+        {u"Á", u"á", true},
+        {u"Ñ", u"ñ", true},
+        {u"ÁRBOL", u"árbol", true},
+        {u"á", u"a", false},
+        {u"Á", u"a", false},
+        {u"ñ", u"n", false},
+        {u"é", u"è", false},
+        {u"", u"", true},
+        {u"a", u"", false},
+        {u"a ", u"a", false},
+        {u"a\u0301", u"á", false},    // combining accent: other units, other text
+        {u"ab", u"a\u00ADb", false},  // a soft hyphen is a character too
+        {u"1", u"01", false},
+    };
     for (const auto& c : cases) {
         EXPECT_EQ(textEquals(c.a, c.b), c.equal) << show(c.a) << " = " << show(c.b);
         EXPECT_EQ(textEquals(c.b, c.a), c.equal) << show(c.b) << " = " << show(c.a);
@@ -113,27 +115,29 @@ TEST(InStr, FindsFromStartIgnoringCase) {
         std::int32_t expected;
         int error = kNone;
     };
-    const Case cases[] = {{1, u"Hola Mundo", u"MUNDO", 6},
-                          {7, u"Hola Mundo", u"mundo", 0},
-                          {1, u"arbol", u"á", 0},
-                          {1, u"aÑo", u"ñ", 2},
-                          {1, u"abababc", u"ababc", 3},
-                          {1, u"abc", u"abcd", 0},
-                          {3, u"abc", u"c", 3},
-                          {4, u"abc", u"c", 0},
-                          {1, u"", u"a", 0},
-                          // An empty find is found at `start` while start <= Len + 1.
-                          {1, u"abc", u"", 1},
-                          {3, u"abc", u"", 3},
-                          {4, u"abc", u"", 4},
-                          {5, u"abc", u"", 0},
-                          // An empty text is tested first: nothing is found in it.
-                          {1, u"", u"", 0},
-                          {2, u"", u"", 0},
-                          {std::numeric_limits<std::int32_t>::max(), u"abc", u"a", 0},
-                          {0, u"abc", u"a", 0, err::InvalidProcedureCall},
-                          {-1, u"abc", u"", 0, err::InvalidProcedureCall},
-                          {0, u"", u"", 0, err::InvalidProcedureCall}};
+    const Case cases[] = {
+        {1, u"Hola Mundo", u"MUNDO", 6},
+        {7, u"Hola Mundo", u"mundo", 0},
+        {1, u"arbol", u"á", 0},
+        {1, u"aÑo", u"ñ", 2},
+        {1, u"abababc", u"ababc", 3},
+        {1, u"abc", u"abcd", 0},
+        {3, u"abc", u"c", 3},
+        {4, u"abc", u"c", 0},
+        {1, u"", u"a", 0},
+        // An empty find is found at `start` while start <= Len + 1.
+        {1, u"abc", u"", 1},
+        {3, u"abc", u"", 3},
+        {4, u"abc", u"", 4},
+        {5, u"abc", u"", 0},
+        // An empty text is tested first: nothing is found in it.
+        {1, u"", u"", 0},
+        {2, u"", u"", 0},
+        {std::numeric_limits<std::int32_t>::max(), u"abc", u"a", 0},
+        {0, u"abc", u"a", 0, err::InvalidProcedureCall},
+        {-1, u"abc", u"", 0, err::InvalidProcedureCall},
+        {0, u"", u"", 0, err::InvalidProcedureCall},
+    };
     for (const auto& c : cases) {
         const std::string label = "InStr(" + std::to_string(c.start) + ", " + show(c.s) + ", " + show(c.find) + ")";
         std::int32_t got = -99;
@@ -152,22 +156,24 @@ TEST(InStrRev, LastOccurrenceWithinTheFirstStartUnits) {
         std::int32_t expected;
         int error = kNone;
     };
-    const Case cases[] = {{u"a/b/c", u"/", -1, 4},
-                          {u"a/b/c", u"/", 3, 2},
-                          {u"a/b/c", u"/", 4, 4},
-                          {u"a/b/c", u"/", 1, 0},
-                          {u"abcabc", u"bc", 5, 2},  // the one at 5 would end past the 5th unit
-                          {u"ÁRBOL árbol arbol", u"á", -1, 7},
-                          {u"somemoretext", u"somemoretext", -1, 1},
-                          {u"abc", u"abcd", -1, 0},
-                          {u"abc", u"a", 4, 0},  // start beyond the length
-                          {u"abc", u"", -1, 3},
-                          {u"abc", u"", 2, 2},
-                          {u"abc", u"", 4, 0},
-                          {u"", u"", -1, 0},
-                          {u"", u"a", -1, 0},
-                          {u"abc", u"a", 0, 0, err::InvalidProcedureCall},
-                          {u"abc", u"a", -2, 0, err::InvalidProcedureCall}};
+    const Case cases[] = {
+        {u"a/b/c", u"/", -1, 4},
+        {u"a/b/c", u"/", 3, 2},
+        {u"a/b/c", u"/", 4, 4},
+        {u"a/b/c", u"/", 1, 0},
+        {u"abcabc", u"bc", 5, 2},  // the one at 5 would end past the 5th unit
+        {u"ÁRBOL árbol arbol", u"á", -1, 7},
+        {u"somemoretext", u"somemoretext", -1, 1},
+        {u"abc", u"abcd", -1, 0},
+        {u"abc", u"a", 4, 0},  // start beyond the length
+        {u"abc", u"", -1, 3},
+        {u"abc", u"", 2, 2},
+        {u"abc", u"", 4, 0},
+        {u"", u"", -1, 0},
+        {u"", u"a", -1, 0},
+        {u"abc", u"a", 0, 0, err::InvalidProcedureCall},
+        {u"abc", u"a", -2, 0, err::InvalidProcedureCall},
+    };
     for (const auto& c : cases) {
         const std::string label = "InStrRev(" + show(c.s) + ", " + show(c.find) + ", " + std::to_string(c.start) + ")";
         std::int32_t got = -99;
@@ -185,14 +191,16 @@ TEST(Replace, OneLeftToRightPassIgnoringCase) {
         const char16_t* with;
         const char16_t* expected;
     };
-    const Case cases[] = {{u"aAa", u"a", u"aa", u"aaaaaa"},  // replaced text is not searched again
-                          {u"aaa", u"aa", u"b", u"ba"},
-                          {u"Ñandú y ñu", u"ñ", u"n", u"nandú y nu"},
-                          {u"'%' y '%'", u"'%'", u"'x.x00x'", u"'x.x00x' y 'x.x00x'"},
-                          {u"abc", u"B", u"", u"ac"},
-                          {u"abc", u"", u"x", u"abc"},
-                          {u"", u"a", u"x", u""},
-                          {u"abc", u"abcd", u"x", u"abc"}};
+    const Case cases[] = {
+        {u"aAa", u"a", u"aa", u"aaaaaa"},  // replaced text is not searched again
+        {u"aaa", u"aa", u"b", u"ba"},
+        {u"Ñandú y ñu", u"ñ", u"n", u"nandú y nu"},
+        {u"'%' y '%'", u"'%'", u"'x.x00x'", u"'x.x00x' y 'x.x00x'"},
+        {u"abc", u"B", u"", u"ac"},
+        {u"abc", u"", u"x", u"abc"},
+        {u"", u"a", u"x", u""},
+        {u"abc", u"abcd", u"x", u"abc"},
+    };
     for (const auto& c : cases)
         EXPECT_EQ(replaceText(c.s, c.find, c.with), c.expected)
             << "Replace(" << show(c.s) << ", " << show(c.find) << ", " << show(c.with) << ")";
@@ -274,41 +282,43 @@ TEST(Like, WildcardsListsAndRangesIgnoringCase) {
         const char16_t* pattern;
         bool expected;
     };
-    const Case cases[] = {{u"Quito", u"q*", true},
-                          {u"quito", u"Q?ITO", true},
-                          {u"quito", u"Q?ITOS", false},
-                          {u"A1", u"[a-c]#", true},
-                          {u"D1", u"[a-c]#", false},
-                          {u"Ax", u"[a-c]#", false},
-                          {u"x", u"[!a-c]", true},
-                          {u"B", u"[!a-c]", false},
-                          {u"z", u"[A-Z]", true},
-                          {u"abcabc", u"*b?a*", true},
-                          {u"abc", u"a*c", true},
-                          {u"abc", u"a*b", false},
-                          {u"mississippi", u"m*iss*ppi", true},
-                          {u"mississippi", u"*sip*", true},
-                          {u"mississippi", u"*sup*", false},
-                          {u"aXbXc", u"*x*x*", true},
-                          {u"Ñandú", u"ñ*Ú", true},
-                          {u"nandu", u"ñ*", false},
-                          {u"á", u"a", false},
-                          {u"Á", u"[á]", true},
-                          {u"", u"*", true},
-                          {u"", u"", true},
-                          {u"a", u"", false},
-                          {u"", u"?", false},
-                          {u"a1b2", u"*#*#", true},
-                          {u"ab", u"#b", false},
-                          {u"-", u"[a-]", true},
-                          {u"-", u"[-a]", true},
-                          {u"[", u"[[]", true},
-                          {u"a*b", u"a[*]b", true},
-                          {u"axb", u"a[*]b", false},
-                          {u"a?b", u"a[?]b", true},
-                          {u"a#", u"a[#]", true},
-                          {u"ab", u"a[]b", true},
-                          {u"a]", u"a]", true}};
+    const Case cases[] = {
+        {u"Quito", u"q*", true},
+        {u"quito", u"Q?ITO", true},
+        {u"quito", u"Q?ITOS", false},
+        {u"A1", u"[a-c]#", true},
+        {u"D1", u"[a-c]#", false},
+        {u"Ax", u"[a-c]#", false},
+        {u"x", u"[!a-c]", true},
+        {u"B", u"[!a-c]", false},
+        {u"z", u"[A-Z]", true},
+        {u"abcabc", u"*b?a*", true},
+        {u"abc", u"a*c", true},
+        {u"abc", u"a*b", false},
+        {u"mississippi", u"m*iss*ppi", true},
+        {u"mississippi", u"*sip*", true},
+        {u"mississippi", u"*sup*", false},
+        {u"aXbXc", u"*x*x*", true},
+        {u"Ñandú", u"ñ*Ú", true},
+        {u"nandu", u"ñ*", false},
+        {u"á", u"a", false},
+        {u"Á", u"[á]", true},
+        {u"", u"*", true},
+        {u"", u"", true},
+        {u"a", u"", false},
+        {u"", u"?", false},
+        {u"a1b2", u"*#*#", true},
+        {u"ab", u"#b", false},
+        {u"-", u"[a-]", true},
+        {u"-", u"[-a]", true},
+        {u"[", u"[[]", true},
+        {u"a*b", u"a[*]b", true},
+        {u"axb", u"a[*]b", false},
+        {u"a?b", u"a[?]b", true},
+        {u"a#", u"a[#]", true},
+        {u"ab", u"a[]b", true},
+        {u"a]", u"a]", true},
+    };
     for (const auto& c : cases)
         EXPECT_EQ(likeText(c.s, c.pattern), c.expected) << show(c.s) << " Like " << show(c.pattern);
 }
@@ -325,28 +335,30 @@ TEST(MidLeftRight, CutWithTheRuntimeChecks) {
         const char16_t* expected;
         int error = kNone;
     };
-    const Case cases[] = {{"Mid(abc, 1)", [] { return mid(u"abc", 1); }, u"abc"},
-                          {"Mid(abc, 3)", [] { return mid(u"abc", 3); }, u"c"},
-                          {"Mid(abc, 4)", [] { return mid(u"abc", 4); }, u""},
-                          {"Mid(abc, 0)", [] { return mid(u"abc", 0); }, u"", err::InvalidProcedureCall},
-                          {"Mid(abcdef, 2, 3)", [] { return mid(u"abcdef", 2, 3); }, u"bcd"},
-                          {"Mid(abc, 2, 100)", [] { return mid(u"abc", 2, 100); }, u"bc"},
-                          {"Mid(abc, 4, 1)", [] { return mid(u"abc", 4, 1); }, u""},
-                          {"Mid(abc, 100, 1)", [] { return mid(u"abc", 100, 1); }, u""},
-                          {"Mid(abc, 1, 0)", [] { return mid(u"abc", 1, 0); }, u""},
-                          {"Mid(, 1, 1)", [] { return mid(u"", 1, 1); }, u""},
-                          {"Mid(abc, 0, 1)", [] { return mid(u"abc", 0, 1); }, u"", err::InvalidProcedureCall},
-                          {"Mid(, 0, 1)", [] { return mid(u"", 0, 1); }, u"", err::InvalidProcedureCall},
-                          {"Mid(abc, 1, -1)", [] { return mid(u"abc", 1, -1); }, u"", err::InvalidProcedureCall},
-                          {"Mid(abc, 9, -1)", [] { return mid(u"abc", 9, -1); }, u"", err::InvalidProcedureCall},
-                          {"Left(abc, 2)", [] { return left(u"abc", 2); }, u"ab"},
-                          {"Left(abc, 5)", [] { return left(u"abc", 5); }, u"abc"},
-                          {"Left(abc, 0)", [] { return left(u"abc", 0); }, u""},
-                          {"Left(abc, -1)", [] { return left(u"abc", -1); }, u"", err::InvalidProcedureCall},
-                          {"Right(abc, 2)", [] { return right(u"abc", 2); }, u"bc"},
-                          {"Right(abc, 5)", [] { return right(u"abc", 5); }, u"abc"},
-                          {"Right(abc, 0)", [] { return right(u"abc", 0); }, u""},
-                          {"Right(abc, -1)", [] { return right(u"abc", -1); }, u"", err::InvalidProcedureCall}};
+    const Case cases[] = {
+        {"Mid(abc, 1)", [] { return mid(u"abc", 1); }, u"abc"},
+        {"Mid(abc, 3)", [] { return mid(u"abc", 3); }, u"c"},
+        {"Mid(abc, 4)", [] { return mid(u"abc", 4); }, u""},
+        {"Mid(abc, 0)", [] { return mid(u"abc", 0); }, u"", err::InvalidProcedureCall},
+        {"Mid(abcdef, 2, 3)", [] { return mid(u"abcdef", 2, 3); }, u"bcd"},
+        {"Mid(abc, 2, 100)", [] { return mid(u"abc", 2, 100); }, u"bc"},
+        {"Mid(abc, 4, 1)", [] { return mid(u"abc", 4, 1); }, u""},
+        {"Mid(abc, 100, 1)", [] { return mid(u"abc", 100, 1); }, u""},
+        {"Mid(abc, 1, 0)", [] { return mid(u"abc", 1, 0); }, u""},
+        {"Mid(, 1, 1)", [] { return mid(u"", 1, 1); }, u""},
+        {"Mid(abc, 0, 1)", [] { return mid(u"abc", 0, 1); }, u"", err::InvalidProcedureCall},
+        {"Mid(, 0, 1)", [] { return mid(u"", 0, 1); }, u"", err::InvalidProcedureCall},
+        {"Mid(abc, 1, -1)", [] { return mid(u"abc", 1, -1); }, u"", err::InvalidProcedureCall},
+        {"Mid(abc, 9, -1)", [] { return mid(u"abc", 9, -1); }, u"", err::InvalidProcedureCall},
+        {"Left(abc, 2)", [] { return left(u"abc", 2); }, u"ab"},
+        {"Left(abc, 5)", [] { return left(u"abc", 5); }, u"abc"},
+        {"Left(abc, 0)", [] { return left(u"abc", 0); }, u""},
+        {"Left(abc, -1)", [] { return left(u"abc", -1); }, u"", err::InvalidProcedureCall},
+        {"Right(abc, 2)", [] { return right(u"abc", 2); }, u"bc"},
+        {"Right(abc, 5)", [] { return right(u"abc", 5); }, u"abc"},
+        {"Right(abc, 0)", [] { return right(u"abc", 0); }, u""},
+        {"Right(abc, -1)", [] { return right(u"abc", -1); }, u"", err::InvalidProcedureCall},
+    };
     for (const auto& c : cases) {
         String got;
         EXPECT_EQ(errorNumberOf([&] { got = c.run(); }), c.error) << c.call;

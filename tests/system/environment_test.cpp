@@ -192,11 +192,13 @@ TEST(InternetProbe, AddressForms) {
         const char* text;
         const char* host;
         const char* port;
-    } cases[] = {{"mail.example.com:8443", "mail.example.com", "8443"},
-                 {"mail.example.com", "mail.example.com", "443"},
-                 {"[::1]:80", "::1", "80"},
-                 {"[::1]", "::1", "443"},
-                 {"::1", "::1", "443"}};
+    } cases[] = {
+        {"mail.example.com:8443", "mail.example.com", "8443"},
+        {"mail.example.com", "mail.example.com", "443"},
+        {"[::1]:80", "::1", "80"},
+        {"[::1]", "::1", "443"},
+        {"::1", "::1", "443"},
+    };
     for (const auto& c : cases) {
         const auto a = posix::parseProbeAddress(c.text);
         EXPECT_EQ(a.host, c.host) << c.text;

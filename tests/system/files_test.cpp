@@ -54,17 +54,19 @@ TEST_F(Files, ExistenceTests) {
         const char* method;
         String path;
         bool expected;
-    } cases[] = {{"fsoExisteArchivo", path(u"f.txt"), true},
-                 {"fsoExisteArchivo", path(u"g.txt"), false},
-                 {"fsoExisteArchivo", path(u"carpeta"), false},
-                 {"fsoExisteArchivo", path(u"*.txt"), false},
-                 {"fsoExisteArchivo", u"", false},
-                 {"fsoExisteCarpeta", path(u"carpeta"), true},
-                 {"fsoExisteCarpeta", path(u"carpeta\\"), true},
-                 {"fsoExisteCarpeta", path(u"f.txt"), false},
-                 {"fsoExisteCarpeta", u"C:\\", true},
-                 {"fsoExisteCarpeta", u"Q:\\", false},
-                 {"fsoExisteCarpeta", u"", false}};
+    } cases[] = {
+        {"fsoExisteArchivo", path(u"f.txt"), true},
+        {"fsoExisteArchivo", path(u"g.txt"), false},
+        {"fsoExisteArchivo", path(u"carpeta"), false},
+        {"fsoExisteArchivo", path(u"*.txt"), false},
+        {"fsoExisteArchivo", u"", false},
+        {"fsoExisteCarpeta", path(u"carpeta"), true},
+        {"fsoExisteCarpeta", path(u"carpeta\\"), true},
+        {"fsoExisteCarpeta", path(u"f.txt"), false},
+        {"fsoExisteCarpeta", u"C:\\", true},
+        {"fsoExisteCarpeta", u"Q:\\", false},
+        {"fsoExisteCarpeta", u"", false},
+    };
     for (const auto& c : cases)
         EXPECT_TRUE(identical(call(c.method, {c.path}), Variant(Boolean(c.expected))))
             << c.method << " " << toUtf8(c.path);
@@ -154,13 +156,15 @@ TEST_F(Files, RecordErrors) {
         const char* method;
         std::vector<Variant> args;
         int error;
-    } cases[] = {{"fsoGrabaArchivo", {file, 0, Variant(1)}, err::BadRecordNumber},
-                 {"fsoLeeArchivo", {file, -1}, err::BadRecordNumber},
-                 {"fsoLeeArchivo", {file, 40000}, err::Overflow},
-                 {"fsoGrabaArchivo", {file, 1, Variant(String(125, u'x'))}, err::BadRecordLength},
-                 {"fsoGrabaArchivo", {file, 1, Variant(ObjectRef())}, err::TypeMismatch},
-                 {"fsoLeeArchivo", {path(u"no\\e.dat"), 1}, err::PathNotFound},
-                 {"fsoGrabaArchivo", {root_, 1, Variant(1)}, err::PathFileAccessError}};
+    } cases[] = {
+        {"fsoGrabaArchivo", {file, 0, Variant(1)}, err::BadRecordNumber},
+        {"fsoLeeArchivo", {file, -1}, err::BadRecordNumber},
+        {"fsoLeeArchivo", {file, 40000}, err::Overflow},
+        {"fsoGrabaArchivo", {file, 1, Variant(String(125, u'x'))}, err::BadRecordLength},
+        {"fsoGrabaArchivo", {file, 1, Variant(ObjectRef())}, err::TypeMismatch},
+        {"fsoLeeArchivo", {path(u"no\\e.dat"), 1}, err::PathNotFound},
+        {"fsoGrabaArchivo", {root_, 1, Variant(1)}, err::PathFileAccessError},
+    };
     for (const auto& c : cases) {
         const std::string label = std::string(c.method) + "(" + describe(c.args[0]) + ", " + describe(c.args[1]) + ")";
         EXPECT_EQ(errorNumberOf([&] { call(c.method, c.args); }), c.error) << label;

@@ -157,12 +157,14 @@ TEST_F(IniFiles, AWriteRemovesWhatKilledWritesLeftInItsFolder) {
     const struct {
         const char* name;
         bool stale;
-    } files[] = {{".app.ini.telvaro-tmp-Ab12Cd", true},
-                 {".otro.ini.telvaro-tmp-000000", true},
-                 {"app.ini.telvaro-tmp-Ab12Cd", false},  // not hidden: not ours
-                 {".app.ini.telvaro-tmp-Ab12C", false},  // not six characters
-                 {".app.ini.XXXXXX", false},
-                 {"notas.txt", false}};
+    } files[] = {
+        {".app.ini.telvaro-tmp-Ab12Cd", true},
+        {".otro.ini.telvaro-tmp-000000", true},
+        {"app.ini.telvaro-tmp-Ab12Cd", false},  // not hidden: not ours
+        {".app.ini.telvaro-tmp-Ab12C", false},  // not six characters
+        {".app.ini.XXXXXX", false},
+        {"notas.txt", false},
+    };
     for (const auto& f : files) std::ofstream(folder / f.name) << "x";
     write(u"S", u"k", u"v");
     for (const auto& f : files) EXPECT_EQ(fs::exists(folder / f.name), !f.stale) << f.name;
