@@ -548,6 +548,8 @@ TEST(ConvertPredicates, IsNumericAndIsDate) {
     }
 }
 
+// Decimal's own reading and its conversion from Double are decimal_test's
+// tables; these rows go through the regional marks and the other types.
 TEST(ConvertDecimal, ExactFromTextAndOtherTypes) {
     struct Case {
         Variant value;
@@ -560,10 +562,7 @@ TEST(ConvertDecimal, ExactFromTextAndOtherTypes) {
         {Variant(u"1.5E3"), "1500"},
         {Variant(u"1E-30"), "0"},
         {Variant(u"0.00000000000000000000000000015"), "0.0000000000000000000000000002"},
-        {Variant(u"0.12345678901234567890123456789"), "0.1234567890123456789012345679"},
         {Variant(u"&HFFFF"), "-1"},
-        {Variant(0.1), "0.1"},
-        {Variant(1.0 / 3), "0.333333333333333"},
         {Variant(Currency{12345}), "1.2345"},
         {Variant(std::int32_t(-7)), "-7"},
     };

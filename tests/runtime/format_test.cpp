@@ -196,6 +196,7 @@ TEST(FormatDates, DayMonthYearLetters) {
         {kFriday, u"DD/MM/YYYY", u"05/07/2024"},
         {kFriday, u"\"dia\" d", u"dia 5"},
         {Variant(Date{45294}), u"dddd d/m/yyyy", u"miércoles 3/1/2024"},
+        {Variant(Date{45294}), u"mmmm", u"enero"},
     });
 }
 
