@@ -11,12 +11,7 @@
 namespace telvaro {
 namespace {
 
-Variant call(const char* method, std::vector<Variant> args) {
-    Fun fun(defaultPlatform());
-    return invoke(fun, method, args);
-}
-
-Variant dateOf(int y, int m, int d) { return Variant(Date{dateSerial(y, m, d)}); }
+Variant dateOf(int y, int m, int d, double time = 0) { return Variant(Date{dateSerial(y, m, d) + time}); }
 
 TEST(EdadExacta, PhraseFromTheFixedLengthCalendar) {
     struct Case {
@@ -39,58 +34,47 @@ TEST(EdadExacta, PhraseFromTheFixedLengthCalendar) {
         {1, u" 0 años con  0 meses y  1 día"},
         {800, u" 2 años con  2 meses y  9 días"},
     };
-    const double birth = dateSerial(2000, 1, 1);
-    for (const auto& c : cases) {
-        Variant got = call("fecEdadExacta", {Variant(Date{birth + c.days}), Variant(Date{birth})});
-        EXPECT_TRUE(identical(got, Variant(String(c.phrase))))
-            << c.days << " days: \"" << toUtf8(toString(got)) << "\"";
-    }
-    EXPECT_TRUE(identical(call("fecEdadExacta", {dateOf(2020, 1, 1), dateOf(2000, 1, 1)}),
-                          Variant(u" 20 años con  0 meses y  0 días")));
-    EXPECT_TRUE(identical(call("fecEdadExacta", {Variant(Date{birth + 45.9}), Variant(Date{birth + 0.8})}),
-                          Variant(u" 0 años con  1 mes y  14 días")))
-        << "the time of day does not count";
-    EXPECT_TRUE(identical(call("fecEdadExacta", {Variant(u"15/02/2000"), Variant(u"01/01/2000")}),
-                          Variant(u" 0 años con  1 mes y  14 días")))
-        << "text arguments are read as dates";
+    std::vector<MethodCase> calls;
+    for (const auto& c : cases)
+        calls.push_back({"fecEdadExacta", {dateOf(2000, 1, 1, c.days), dateOf(2000, 1, 1)}, c.phrase});
+    checkCalls(calls);
 }
 
-TEST(UltimoDiaMes, MonthLengthsWithoutTheCenturyRule) {
-    struct Case {
-        int month, year, days;
+// The other helpers' calls: the time of day does not count in an age, text
+// arguments are read as dates, the month lengths ignore the century rule.
+TEST(DateHelpers, Calls) {
+    const String age = u" 0 años con  1 mes y  14 días";
+    std::vector<MethodCase> calls = {
+        {"fecEdadExacta", {dateOf(2020, 1, 1), dateOf(2000, 1, 1)}, u" 20 años con  0 meses y  0 días"},
+        {"fecEdadExacta", {dateOf(2000, 1, 1, 45.9), dateOf(2000, 1, 1, 0.8)}, age},
+        {"fecEdadExacta", {u"15/02/2000", u"01/01/2000"}, age},
+        {"fecUltimoDiaMes", {256, 2024}, {}, err::Overflow},
+        {"FechaPrimerDia", {u"15/03/2024"}, dateOf(2024, 3, 1)},
+        {"FechaPrimerDia", {dateOf(2024, 3, 15, 0.5)}, dateOf(2024, 3, 1, 0.5)},
+        {"FechaPrimerDia", {u"no es fecha"}, {}, err::TypeMismatch},
+        {"MyFecha", {u"15/03/2024"}, u"2024-03-15"},
+        {"MyFecha", {u"1/2/98"}, u"1998-02-01"},
+        {"MyFecha", {u"ayer"}, u"ayer"},  // text that is not a date
     };
-    const Case cases[] = {{1, 2023, 31}, {4, 2023, 30},  {2, 2024, 29}, {2, 2023, 28}, {2, 1900, 29},
-                          {2, 2100, 29}, {12, 2023, 31}, {13, 2024, 0}, {0, 2024, 0},  {255, 2024, 0}};
-    for (const auto& c : cases) {
-        Variant got = call("fecUltimoDiaMes", {Variant(std::int32_t(c.month)), Variant(std::int32_t(c.year))});
-        EXPECT_TRUE(identical(got, Variant(std::uint8_t(c.days)))) << c.month << "/" << c.year << ": " << describe(got);
-    }
-    EXPECT_EQ(errorNumberOf([] {
-                  call("fecUltimoDiaMes", {Variant(std::int32_t(256)), Variant(std::int32_t(2024))});
-              }),
-              err::Overflow);
+    const int months[][3] = {{1, 2023, 31}, {4, 2023, 30},  {2, 2024, 29}, {2, 2023, 28}, {2, 1900, 29},
+                             {2, 2100, 29}, {12, 2023, 31}, {13, 2024, 0}, {0, 2024, 0},  {255, 2024, 0}};
+    for (auto [month, year, days] : months) calls.push_back({"fecUltimoDiaMes", {month, year}, std::uint8_t(days)});
+    checkCalls(calls);
 }
 
-TEST(PrimerDia, FirstDayOfTheMonthKeepingTheTime) {
-    EXPECT_TRUE(identical(call("FechaPrimerDia", {Variant(u"15/03/2024")}), dateOf(2024, 3, 1)));
-    EXPECT_TRUE(identical(call("FechaPrimerDia", {Variant(Date{dateSerial(2024, 3, 15) + 0.5})}),
-                          Variant(Date{dateSerial(2024, 3, 1) + 0.5})));
-    Variant now = call("FechaPrimerDia", {});
-    CivilDate first = civilDate(now.get<Date>().serial);
+TEST(PrimerDia, WithoutADateTheCurrentMonth) {
+    Fun fun(defaultPlatform());
+    Variant now = call(fun, "FechaPrimerDia");
     CivilDate current = civilDate(today());
-    EXPECT_EQ(first, (CivilDate{current.year, current.month, 1}));
-    EXPECT_TRUE(identical(call("FechaPrimerDia", {Variant(u"")}), now));
-    EXPECT_EQ(errorNumberOf([] { call("FechaPrimerDia", {Variant(u"no es fecha")}); }), err::TypeMismatch);
+    EXPECT_EQ(civilDate(now.get<Date>().serial), (CivilDate{current.year, current.month, 1}));
+    EXPECT_TRUE(identical(call(fun, "FechaPrimerDia", {u""}), now));
 }
 
-TEST(MyFecha, YearMonthDayForSql) {
-    EXPECT_TRUE(identical(call("MyFecha", {Variant(u"15/03/2024")}), Variant(u"2024-03-15")));
-    EXPECT_TRUE(identical(call("MyFecha", {Variant(u"1/2/98")}), Variant(u"1998-02-01")));
-    EXPECT_TRUE(identical(call("MyFecha", {Variant(u"ayer")}), Variant(u"ayer"))) << "text that is not a date";
+TEST(MyFecha, ReadsTheTextInTheRegionalOrder) {
     RegionalSettings monthFirst;
     monthFirst.shortDate = u"MM/dd/yyyy";
     RegionalScope scope(monthFirst);
-    EXPECT_TRUE(identical(call("MyFecha", {Variant(u"03/15/2024")}), Variant(u"2024-03-15")));
+    checkCalls({{"MyFecha", {u"03/15/2024"}, u"2024-03-15"}});
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // The catalogue of Fun's methods as applications bind to it: slots,
 // DISPIDs, names, parameter rules and defaults; the enumerations and
-// records as published, checked against their C++ declarations.
+// records as published, checked against their C++ declarations; and every
+// bound C++ method against its entry (parameter count, declared types,
+// result type, and a parameter the C++ code writes back is by reference).
 #include <gtest/gtest.h>
 
 #include <cctype>
@@ -9,6 +11,7 @@
 #include <string>
 
 #include "context/enums.h"
+#include "frame/bind.h"
 #include "frame/catalogue.h"
 #include "support/support.h"
 
@@ -361,6 +364,29 @@ TEST(PublishedRecords, FieldsInOrder) {
             EXPECT_EQ(c.cppSize, 4 * longs) << c.record;
         }
     }
+}
+
+TEST(Bindings, AgreeWithTheCatalogue) {
+    for (const auto& b : bindings()) {
+        SCOPED_TRACE(std::string(b.name));
+        const MethodInfo* m = findMethod(b.name);
+        ASSERT_NE(m, nullptr) << "bound method missing from the catalogue";
+        EXPECT_EQ(m->name, b.name) << "exact spelling";
+        EXPECT_EQ(argTypeName(b.result), std::string(argTypeName(m->result)));
+        ASSERT_EQ(b.params.size(), m->params.size());
+        for (std::size_t i = 0; i < b.params.size(); ++i) {
+            SCOPED_TRACE(std::string(m->params[i].name));
+            EXPECT_EQ(argTypeName(b.params[i]), std::string(argTypeName(m->params[i].type)));
+            if (b.byRef[i]) {
+                EXPECT_TRUE(m->params[i].byRef) << "written back but declared by value";
+            }
+        }
+    }
+}
+
+TEST(Bindings, EachMethodIsBoundOnce) {
+    std::set<std::string_view> seen;
+    for (const auto& b : bindings()) EXPECT_TRUE(seen.insert(b.name).second) << b.name;
 }
 
 }  // namespace

@@ -57,24 +57,20 @@ struct CoercionCase {
     int error;
 };
 
+// One row or more per declared type; what each conversion gives for every
+// kind of value is in the runtime's conversion tables.
 TEST(Dispatch, CoercesArgumentsAsALateBoundCallDoes) {
     const CoercionCase cases[] = {
         {"text to Integer", ArgType::Integer, Variant(u"12"), Variant(std::int16_t(12)), 0},
-        {"Double 2.5 to Integer rounds to even", ArgType::Integer, Variant(2.5), Variant(std::int16_t(2)), 0},
-        {"Double 3.5 to Integer rounds to even", ArgType::Integer, Variant(3.5), Variant(std::int16_t(4)), 0},
+        {"Double 2.5 to Integer rounds half to even", ArgType::Integer, Variant(2.5), Variant(std::int16_t(2)), 0},
         {"Long past 32767 to Integer", ArgType::Integer, Variant(std::int32_t(32768)), Variant(), err::Overflow},
-        {"letters to Integer", ArgType::Integer, Variant(u"abc"), Variant(), err::TypeMismatch},
         {"Long to String", ArgType::String, Variant(std::int32_t(7)), Variant(u"7"), 0},
-        {"Double to String", ArgType::String, Variant(0.5), Variant(u"0.5"), 0},
-        {"Boolean to String", ArgType::String, Variant(True), Variant(u"True"), 0},
-        {"Empty to String", ArgType::String, Variant(), Variant(u""), 0},
         {"Empty to Long", ArgType::Long, Variant(), Variant(std::int32_t(0)), 0},
         {"Null to String", ArgType::String, Variant(Null{}), Variant(), err::TypeMismatch},
         {"Null to Variant stays Null", ArgType::Variant, Variant(Null{}), Variant(Null{}), 0},
         {"array to Long", ArgType::Long, Variant(Array::vector(0, 1)), Variant(), err::TypeMismatch},
         {"text to Object", ArgType::Object, Variant(u"x"), Variant(), err::TypeMismatch},
         {"text True to Boolean", ArgType::Boolean, Variant(u"True"), Variant(True), 0},
-        {"number to Boolean", ArgType::Boolean, Variant(std::int32_t(5)), Variant(True), 0},
         {"300 to Byte", ArgType::Byte, Variant(std::int32_t(300)), Variant(), err::Overflow},
         {"Integer to Double", ArgType::Double, Variant(std::int16_t(3)), Variant(3.0), 0},
     };
@@ -156,16 +152,15 @@ TEST(Binding, WritesBackByReferenceArgumentsEvenOnFailure) {
 
 TEST(Fun, NamesInAnyCaseAndDispidsReachTheSameMethodUnknownOnesAre438) {
     Fun fun(defaultPlatform());
-    std::vector<Variant> byName{Variant(u"aaaa"), Variant(u"aa")};
-    std::vector<Variant> byOtherCase{Variant(u"aaaa"), Variant(u"aa")};
-    std::vector<Variant> byDispid{Variant(u"aaaa"), Variant(u"aa")};
-    Variant a = invoke(fun, "strCuentaCaracteres", byName);
-    EXPECT_TRUE(identical(a, Variant(std::int16_t(3))));
-    EXPECT_TRUE(identical(invoke(fun, "STRCUENTACARACTERES", byOtherCase), a));
-    EXPECT_TRUE(identical(invoke(fun, std::int32_t(0x60030000), byDispid), a));
-    std::vector<Variant> none;
-    EXPECT_EQ(errorNumberOf([&] { invoke(fun, "NoExisteEsteMetodo", none); }), err::ObjectDoesNotSupport);
-    EXPECT_EQ(errorNumberOf([&] { invoke(fun, std::int32_t(0x60030001), none); }), err::ObjectDoesNotSupport);
+    auto count = [&](auto method) {
+        std::vector<Variant> args{Variant(u"aaaa"), Variant(u"aa")};
+        return invoke(fun, method, args);
+    };
+    EXPECT_TRUE(identical(count("strCuentaCaracteres"), Variant(std::int16_t(3))));
+    EXPECT_TRUE(identical(count("STRCUENTACARACTERES"), Variant(std::int16_t(3))));
+    EXPECT_TRUE(identical(count(std::int32_t(0x60030000)), Variant(std::int16_t(3))));
+    EXPECT_EQ(errorNumberOf([&] { count("NoExisteEsteMetodo"); }), err::ObjectDoesNotSupport);
+    EXPECT_EQ(errorNumberOf([&] { count(std::int32_t(0x60030001)); }), err::ObjectDoesNotSupport);
 }
 
 TEST(Fun, ErrorsCarryTheLibraryAsSource) {

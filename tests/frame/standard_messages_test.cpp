@@ -26,40 +26,31 @@ Shown call(const char* method, std::vector<Variant> args, std::vector<int> answe
 TEST(StandardMessages, DefaultTextsStylesAndTitles) {
     struct Case {
         const char* method;
-        std::vector<Variant> args;
         int style;
         const char16_t* title;
         const char16_t* prompt;
+        std::vector<Variant> args = {};
     };
     const std::vector<Case> cases = {
-        {"MsgGuardarRegistro",
-         {},
-         36,
-         u"Guardar registro?",
+        {"MsgGuardarRegistro", 36, u"Guardar registro?",
          u"Los datos del registro actual no han sido guardados. Desea guardarlos ahora ?"},
-        {"MsgEliminarRegistro",
-         {},
-         52,
-         u"¡Eliminar registro?",
+        {"MsgEliminarRegistro", 52, u"¡Eliminar registro?",
          u"Está seguro que desea eliminar los datos del registro actual ?"},
-        {"MsgRegistroNoGuardado",
-         {},
-         52,
-         u"Registro no guardado!",
+        {"MsgRegistroNoGuardado", 52, u"Registro no guardado!",
          u"El registro no pudo ser guardado. Desea ignorar esto y realizar la operación solicitada de todas formas ?"},
-        {"MsgDatosGuardados", {}, 64, u"LISTO", u"Los datos del registro fueron guardados con éxito!"},
-        {"MsgDatosEliminados", {}, 64, u"LISTO", u"El registro fue eliminado con éxito!"},
+        {"MsgDatosGuardados", 64, u"LISTO", u"Los datos del registro fueron guardados con éxito!"},
+        {"MsgDatosEliminados", 64, u"LISTO", u"El registro fue eliminado con éxito!"},
         {"MsgHayCambios",
-         {Variant(False)},
          64,
          u"Registro sin cambios",
-         u"No se ha realizado ninguna modificación en el registro que necesite ser guardada!"},
+         u"No se ha realizado ninguna modificación en el registro que necesite ser guardada!",
+         {Variant(False)}},
         {"MsgRegistroSeleccionado",
-         {Variant(True)},
          64,
          u"Seleccione un registro",
-         u"Primero debe seleccionar un registro existente para realizar la operación solicitada!"},
-        {"MsgGuardarRegistro", {Variant(u"¿Otro texto?")}, 36, u"Guardar registro?", u"¿Otro texto?"},
+         u"Primero debe seleccionar un registro existente para realizar la operación solicitada!",
+         {Variant(True)}},
+        {"MsgGuardarRegistro", 36, u"Guardar registro?", u"¿Otro texto?", {Variant(u"¿Otro texto?")}},
     };
     for (const auto& c : cases) {
         Shown s = call(c.method, c.args);

@@ -102,34 +102,34 @@ TEST(Ruc, ClassesCheckDigitsAndEstablishments) {
     struct Case {
         const char16_t* number;
         bool valid;
+        const char* method = "fn_ValidaRUC2";
+        std::vector<int> answers = {};  // with answers, Advertir is True
+        std::size_t prompts = 0;
     };
     const Case cases[] = {
-        {u"1710034065001", true},   // natural person: the cédula format and "001"
-        {u"1710034064001", true},   // natural person: the cédula check digit is not applied
-        {u"1790011674001", true},   // private company: 4,3,2,7,6,5,4,3,2 modulo 11
-        {u"1790011675001", false},  // private company, wrong check digit
-        {u"1790011674003", true},   // private company, establishment 003
-        {u"1760001550001", true},   // public entity: 3,2,7,6,5,4,3,2 modulo 11, check at 9
-        {u"1760001551001", false},  // public entity: establishment is the last four, "1001"
-        {u"1790000010001", false},  // private company whose remainder is 1 never passes
+        {u"1710034065001", true},                           // natural person: the cédula format and "001"
+        {u"1710034064001", true},                           // natural person: the cédula check digit is not applied
+        {u"1790011674001", true},                           // private company: 4,3,2,7,6,5,4,3,2 modulo 11
+        {u"1790011675001", false},                          // private company, wrong check digit
+        {u"1790011674003", true},                           // private company, establishment 003
+        {u"1760001550001", true},                           // public entity: 3,2,7,6,5,4,3,2 modulo 11, check at 9
+        {u"1760001551001", false},                          // public entity: establishment is the last four, "1001"
+        {u"1790000010001", false},                          // private company whose remainder is 1 never passes
+        {u"17AB011674001", true},                           // letters count as 0 in the RUC checks
+        {u"1790011675001", true, "fn_ValidaRUC3", {6}, 1},  // an accepted number reads as valid
+        {u"1790011675001", false, "fn_ValidaRUC3", {7}, 1},
+        {u"1790011675004", false, "fn_ValidaRUC2", {6}, 0},  // format fails: never a prompt
     };
     for (const auto& c : cases) {
-        Outcome o = call("fn_ValidaRUC2", {S(c.number), Variant(False)});
-        EXPECT_TRUE(identical(o.result, Variant(Boolean(c.valid)))) << toUtf8(c.number);
-        EXPECT_TRUE(o.shown.empty());
+        Outcome o = call(c.method, {S(c.number), Variant(Boolean(!c.answers.empty()))}, c.answers);
+        EXPECT_EQ(o.error, 0) << toUtf8(c.number);
+        EXPECT_TRUE(identical(o.result, Variant(Boolean(c.valid)))) << c.method << " " << toUtf8(c.number);
+        EXPECT_EQ(o.shown.size(), c.prompts) << c.method << " " << toUtf8(c.number);
     }
     Outcome accepted = call("fn_ValidaRUC3", {S(u"1790011675001"), Variant(True)}, {6});
-    EXPECT_TRUE(identical(accepted.result, Variant(True))) << "an accepted number reads as valid";
     ASSERT_EQ(accepted.shown.size(), 1u);
     EXPECT_EQ(accepted.shown[0].prompt,
               u"El número de RUC parece que está incorrecto, desea ignorar esto y continuar de todas formas?");
-    Outcome refused = call("fn_ValidaRUC3", {S(u"1790011675001"), Variant(True)}, {7});
-    EXPECT_TRUE(identical(refused.result, Variant(False)));
-    Outcome wrongFormat = call("fn_ValidaRUC2", {S(u"1790011675004"), Variant(True)}, {6});
-    EXPECT_TRUE(identical(wrongFormat.result, Variant(False)));
-    EXPECT_TRUE(wrongFormat.shown.empty());
-    Outcome letters = call("fn_ValidaRUC2", {S(u"17AB011674001"), Variant(False)});
-    EXPECT_EQ(letters.error, 0) << "letters count as 0 in the RUC checks";
 }
 
 }  // namespace

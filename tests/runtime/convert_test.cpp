@@ -3,6 +3,7 @@
 // configurations.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -54,6 +55,16 @@ std::string outcome(F&& f) {
     }
 }
 
+// The text `f` gives, or "error N".
+template <typename F>
+std::string textOutcome(F&& f) {
+    try {
+        return toUtf8(f());
+    } catch (const RuntimeError& e) {
+        return "error " + std::to_string(e.number());
+    }
+}
+
 TEST(ConvertDoubleText, FifteenDigitsPlainWhileTheyFitElseExponent) {
     struct Case {
         double value;
@@ -69,23 +80,16 @@ TEST(ConvertDoubleText, FifteenDigitsPlainWhileTheyFitElseExponent) {
         {3.141592653589793, "3.14159265358979"},
         {3.14159265359, "3.14159265359"},
         {12.345678901234567, "12.3456789012346"},
-        {1234.567890123456789, "1234.56789012346"},
-        {0.56789, "0.56789"},
         {5.6789e-5, "0.000056789"},
-        {0.00003, "0.00003"},
         {5.6789e-11, "0.000000000056789"},
         {1e-15, "0.000000000000001"},
         {5.6789e-12, "5.6789E-12"},
         {1e-16, "1E-16"},
-        {5.6789e-16, "5.6789E-16"},
-        {1e8, "100000000"},
         {1e14, "100000000000000"},
         {999999999999999.0, "999999999999999"},
         {999999999999999.5, "1E+15"},
         {1e15, "1E+15"},
         {1.2e15, "1.2E+15"},
-        {1.234e16, "1.234E+16"},
-        {1e20, "1E+20"},
         {-1e20, "-1E+20"},
         {1e-300, "1E-300"},
         {1.7976931348623157e308, "1.79769313486232E+308"},
@@ -144,15 +148,7 @@ TEST(ConvertToText, EveryTypeOfValue) {
         {objectWith(Variant(Null{})), "error 94"},
         {Variant(ObjectRef(std::make_shared<PlainObject>())), "error 438"},
     };
-    for (const auto& c : cases) {
-        std::string got;
-        try {
-            got = toUtf8(toString(c.value));
-        } catch (const RuntimeError& e) {
-            got = "error " + std::to_string(e.number());
-        }
-        EXPECT_EQ(got, c.text) << describe(c.value);
-    }
+    for (const auto& c : cases) EXPECT_EQ(textOutcome([&] { return toString(c.value); }), c.text) << describe(c.value);
     RegionalScope comma(commaDecimal());
     EXPECT_EQ(toString(Variant(Currency{15000})), u"1,5");
     EXPECT_EQ(toString(dec(u"2.50")), u"2,5");
@@ -240,6 +236,7 @@ TEST(ConvertRounding, HalfToEvenIntoIntegerLongByteAndCurrency) {
         {Variant(-0.5), 0, -5000},
         {Variant(-1.5), -2, -15000},
         {Variant(-2.5), -2, -25000},
+        {Variant(-32768.5), -32768, -327685000},
         {Variant(2.5000001), 3, 25000},
         {Variant(0.4999999), 0, 5000},
         {Variant(1.23456), 1, 12346},
@@ -368,30 +365,29 @@ TEST(ConvertSpecialValues, NullEmptyErrorArrayAndObjects) {
         {"CCur", [](const Variant& v) { return Variant(toCurrency(v)); }},
         {"CDate", [](const Variant& v) { return Variant(toDate(v)); }},
     };
-    struct Case {
-        Variant value;
-        const char* results[8];  // in the order of `conversions`
+    using Results = std::array<const char*, std::size(conversions)>;  // in the order of `conversions`
+    auto every = [](const char* result) {
+        Results r;
+        r.fill(result);
+        return r;
     };
-    const Case cases[] = {
-        {Variant(Null{}),
-         {"error 94", "error 94", "error 94", "error 94", "error 94", "error 94", "error 94", "error 94"}},
+    const std::pair<Variant, Results> cases[] = {
+        {Variant(Null{}), every("error 94")},
         {Variant(),
          {"String \"\"", "Double 0", "Integer 0", "Long 0", "Byte 0", "Boolean False", "Currency 0", "Date 00:00:00"}},
-        {Variant::missing(),
-         {"error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13"}},
-        {Variant(Array::vector(0, 2)),
-         {"error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13", "error 13"}},
-        {nothing(), {"error 91", "error 91", "error 91", "error 91", "error 91", "error 91", "error 91", "error 91"}},
+        {Variant::missing(), every("error 13")},
+        {Variant(Array::vector(0, 2)), every("error 13")},
+        {nothing(), every("error 91")},
         {objectWith(Variant(u"42")),
          {"String \"42\"", "Double 42", "Integer 42", "Long 42", "Byte 42", "Boolean True", "Currency 42", "error 13"}},
         {objectWith(Variant(Date{36160})),
          {"String \"31/12/1998\"", "Double 36160", "error 6", "Long 36160", "error 6", "Boolean True", "Currency 36160",
           "Date 31/12/1998"}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [value, results] : cases) {
         for (std::size_t i = 0; i < std::size(conversions); ++i) {
-            EXPECT_EQ(outcome([&] { return conversions[i].second(c.value); }), c.results[i])
-                << conversions[i].first << "(" << describe(c.value) << ")";
+            EXPECT_EQ(outcome([&] { return conversions[i].second(value); }), results[i])
+                << conversions[i].first << "(" << describe(value) << ")";
         }
     }
 }
@@ -506,15 +502,7 @@ TEST(ConvertStr, SignPositionAndPoint) {
         {Variant(u"abc"), "error 13"},
         {Variant(Null{}), "error 94"},
     };
-    for (const auto& c : cases) {
-        std::string got;
-        try {
-            got = toUtf8(str(c.value));
-        } catch (const RuntimeError& e) {
-            got = "error " + std::to_string(e.number());
-        }
-        EXPECT_EQ(got, c.text) << describe(c.value);
-    }
+    for (const auto& c : cases) EXPECT_EQ(textOutcome([&] { return str(c.value); }), c.text) << describe(c.value);
     EXPECT_TRUE(strValue(Variant(Null{})).isNull());
     EXPECT_TRUE(identical(strValue(Variant(5.0)), Variant(u" 5")));
 
@@ -560,6 +548,8 @@ TEST(ConvertPredicates, IsNumericAndIsDate) {
     }
 }
 
+// Decimal's own reading and its conversion from Double are decimal_test's
+// tables; these rows go through the regional marks and the other types.
 TEST(ConvertDecimal, ExactFromTextAndOtherTypes) {
     struct Case {
         Variant value;
@@ -572,10 +562,7 @@ TEST(ConvertDecimal, ExactFromTextAndOtherTypes) {
         {Variant(u"1.5E3"), "1500"},
         {Variant(u"1E-30"), "0"},
         {Variant(u"0.00000000000000000000000000015"), "0.0000000000000000000000000002"},
-        {Variant(u"0.12345678901234567890123456789"), "0.1234567890123456789012345679"},
         {Variant(u"&HFFFF"), "-1"},
-        {Variant(0.1), "0.1"},
-        {Variant(1.0 / 3), "0.333333333333333"},
         {Variant(Currency{12345}), "1.2345"},
         {Variant(std::int32_t(-7)), "-7"},
     };

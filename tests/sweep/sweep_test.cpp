@@ -160,7 +160,6 @@ Outcome callWithinBudget(HangGuard& guard, const MethodInfo& method, std::vector
     const auto started = std::chrono::steady_clock::now();
     guard.starting(call);
     bool overBudget = false;
-    std::size_t peak = 0;
     {
         sweep::MemoryBudget budget(kMemoryPerCall);
         try {
@@ -175,7 +174,6 @@ Outcome callWithinBudget(HangGuard& guard, const MethodInfo& method, std::vector
             outcome.otherFailure = "an exception that is not a std::exception";
         }
         overBudget = budget.exceeded();
-        peak = budget.peak();
     }
     guard.finished();
     const auto took = std::chrono::steady_clock::now() - started;
@@ -185,7 +183,6 @@ Outcome callWithinBudget(HangGuard& guard, const MethodInfo& method, std::vector
     if (overBudget) ADD_FAILURE() << call << " asked for more than " << (kMemoryPerCall >> 20) << " MB";
     if (!outcome.otherFailure.empty())
         ADD_FAILURE() << call << " raised something other than a run-time error: " << outcome.otherFailure;
-    (void)peak;
     return outcome;
 }
 

@@ -44,11 +44,10 @@ TEST_F(EnvironmentMethods, OpeningPassesTheShowCommandAndTheDefaults) {
     call("EjecutaArchivo", {u"C:\\Reportes\\ventas.pdf"});
     call("EjecutaArchivo", {u"notepad.exe", u"a.txt", u"C:\\Datos", False});
     ASSERT_EQ(env().opened.size(), 2u);
-    EXPECT_EQ(env().opened[0].file, u"C:\\Reportes\\ventas.pdf");
-    EXPECT_EQ(env().opened[0].parameters, u"");
-    EXPECT_EQ(env().opened[0].folder, u"C:\\");
-    EXPECT_EQ(env().opened[0].showCommand, 1);
-    EXPECT_EQ(env().opened[1].parameters, u"a.txt");
+    const auto& o = env().opened;
+    EXPECT_EQ(o[0].file + u"|" + o[0].parameters + u"|" + o[0].folder, u"C:\\Reportes\\ventas.pdf||C:\\");
+    EXPECT_EQ(o[0].showCommand, 1);
+    EXPECT_EQ(o[1].parameters, u"a.txt");
     EXPECT_EQ(env().opened[1].showCommand, 4);  // shown without activation, not hidden
 }
 
@@ -143,15 +142,14 @@ TEST(Launcher, ProgramsStartWithTheirParametersInTheirFolder) {
     EXPECT_TRUE(posix::startDetached(command, folder));
     ASSERT_TRUE(appears(folder / "salida.txt"));
     std::ifstream in(folder / "salida.txt");
-    std::string pwd, a, b, c;
+    std::string pwd;
     std::getline(in, pwd);
-    std::getline(in, a);
-    std::getline(in, b);
-    std::getline(in, c);
     EXPECT_EQ(fs::path(pwd), fs::canonical(folder));
-    EXPECT_EQ(a, "[uno]");
-    EXPECT_EQ(b, "[dos tres]");
-    EXPECT_EQ(c, "[\"q\"]");
+    for (const char* expected : {"[uno]", "[dos tres]", "[\"q\"]"}) {
+        std::string line;
+        std::getline(in, line);
+        EXPECT_EQ(line, expected);
+    }
 }
 
 TEST(Launcher, DocumentsAndAddressesGoToTheOpener) {

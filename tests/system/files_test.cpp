@@ -33,20 +33,14 @@ protected:
     String root_;
 };
 
-TEST_F(Files, CreateFolderMakesEveryMissingLevelInOrder) {
+TEST_F(Files, CreateFolderMakesEveryMissingLevelOrFailsWithTheRuntimeError) {
     call("fsoCrearCarpeta", {path(u"a\\b\\c")});
     for (const char16_t* level : {u"a", u"a\\b", u"a\\b\\c"})
         EXPECT_TRUE(fs::is_directory(local(path(level)))) << toUtf8(level);
-    // All levels there: nothing to do, no error.
-    call("fsoCrearCarpeta", {path(u"a\\b\\c")});
-    // A trailing "\" names the same folder.
-    call("fsoCrearCarpeta", {path(u"d\\")});
+    call("fsoCrearCarpeta", {path(u"a\\b\\c")});  // all levels there: nothing to do, no error
+    call("fsoCrearCarpeta", {path(u"d\\")});      // a trailing "\" names the same folder
     EXPECT_TRUE(fs::is_directory(local(path(u"d"))));
-}
-
-TEST_F(Files, CreateFolderFailsWithTheRuntimeError) {
-    touch(u"archivo");
-    // A file where a folder should be: the folder cannot be created.
+    touch(u"archivo");  // a file where a folder should be
     EXPECT_EQ(errorNumberOf([&] { call("fsoCrearCarpeta", {path(u"archivo\\sub")}); }), err::FileAlreadyExists);
     // A drive with no folder behind it does not exist.
     EXPECT_EQ(errorNumberOf([&] { call("fsoCrearCarpeta", {Variant(u"Q:\\datos")}); }), err::PathNotFound);
@@ -90,10 +84,8 @@ TEST_F(Files, DeleteTakesWildcardsAndReadOnlyFiles) {
     for (const char16_t* name : {u"a.tmp", u"B.TMP", u"c.txt", u"solo.tmp"}) touch(name);
     ::chmod(local(path(u"solo.tmp")).c_str(), 0444);
     call("fsoBorraArchivo", {path(u"*.tmp")});
-    EXPECT_FALSE(fs::exists(local(path(u"a.tmp"))));
-    EXPECT_FALSE(fs::exists(local(path(u"B.TMP"))));
-    EXPECT_FALSE(fs::exists(local(path(u"solo.tmp"))));
-    EXPECT_TRUE(fs::exists(local(path(u"c.txt"))));
+    for (const char16_t* name : {u"a.tmp", u"B.TMP", u"solo.tmp", u"c.txt"})
+        EXPECT_EQ(fs::exists(local(path(name))), name == std::u16string_view(u"c.txt")) << toUtf8(name);
     call("fsoBorraArchivo", {path(u"c.txt"), True});
     EXPECT_FALSE(fs::exists(local(path(u"c.txt"))));
     EXPECT_TRUE(platform_.boxes().shown().empty());
@@ -118,24 +110,22 @@ TEST_F(Files, RecordsKeepEveryKindOfValue) {
     Array matrix = Array::matrix(1, 2, 0, 1);
     matrix.at(1, 0) = Variant(u"a");
     matrix.at(2, 1) = Variant(std::int16_t(7));
-    const std::vector<Variant> values = {
-        Variant(),
-        Variant(Null{}),
-        Variant(std::int16_t(-32768)),
-        Variant(std::int32_t(2147483647)),
-        Variant(-1.5e-300),
-        Variant(Currency{-9223372036854775807LL}),
-        Variant(Date{45487.75}),
-        Variant(u"Fábrica Ñandú, S.A."),
-        Variant(u""),
-        Variant(True),
-        Variant(Boolean::fromBits(1)),
-        Variant(*Decimal::parse(u"-79228162514264.337593543950335")),
-        Variant(std::uint8_t(255)),
-        Variant(Array::ofValues({Variant(1), Variant(u"dos"), Variant(Null{})}, 1)),
-        Variant(matrix),
-        Variant(ErrorCode{5}),
-    };
+    const std::vector<Variant> values = {Variant(),
+                                         Variant(Null{}),
+                                         Variant(std::int16_t(-32768)),
+                                         Variant(std::int32_t(2147483647)),
+                                         Variant(-1.5e-300),
+                                         Variant(Currency{-9223372036854775807LL}),
+                                         Variant(Date{45487.75}),
+                                         Variant(u"Fábrica Ñandú, S.A."),
+                                         Variant(u""),
+                                         Variant(True),
+                                         Variant(Boolean::fromBits(1)),
+                                         Variant(*Decimal::parse(u"-79228162514264.337593543950335")),
+                                         Variant(std::uint8_t(255)),
+                                         Variant(Array::ofValues({Variant(1), Variant(u"dos"), Variant(Null{})}, 1)),
+                                         Variant(matrix),
+                                         Variant(ErrorCode{5})};
     const String file = path(u"valores.dat");
     std::int16_t record = 1;
     for (const auto& v : values) call("fsoGrabaArchivo", {file, record++, v});
@@ -163,47 +153,22 @@ TEST_F(Files, RecordErrors) {
     const String file = path(u"e.dat");
     call("fsoGrabaArchivo", {file, 1, Variant(u"antes")});
     struct Case {
-        const char* what;
-        std::function<void()> call;
+        const char* method;
+        std::vector<Variant> args;
         int error;
     } cases[] = {
-        {"record 0",
-         [&] {
-             call("fsoGrabaArchivo", {file, 0, Variant(1)});
-         },
-         err::BadRecordNumber},
-        {"record -1",
-         [&] {
-             call("fsoLeeArchivo", {file, -1});
-         },
-         err::BadRecordNumber},
-        {"record 40000",
-         [&] {
-             call("fsoLeeArchivo", {file, 40000});
-         },
-         err::Overflow},
-        {"125 characters",
-         [&] {
-             call("fsoGrabaArchivo", {file, 1, Variant(String(125, u'x'))});
-         },
-         err::BadRecordLength},
-        {"object",
-         [&] {
-             call("fsoGrabaArchivo", {file, 1, Variant(ObjectRef())});
-         },
-         err::TypeMismatch},
-        {"missing folder",
-         [&] {
-             call("fsoLeeArchivo", {path(u"no\\e.dat"), 1});
-         },
-         err::PathNotFound},
-        {"a folder",
-         [&] {
-             call("fsoGrabaArchivo", {root_, 1, Variant(1)});
-         },
-         err::PathFileAccessError},
+        {"fsoGrabaArchivo", {file, 0, Variant(1)}, err::BadRecordNumber},
+        {"fsoLeeArchivo", {file, -1}, err::BadRecordNumber},
+        {"fsoLeeArchivo", {file, 40000}, err::Overflow},
+        {"fsoGrabaArchivo", {file, 1, Variant(String(125, u'x'))}, err::BadRecordLength},
+        {"fsoGrabaArchivo", {file, 1, Variant(ObjectRef())}, err::TypeMismatch},
+        {"fsoLeeArchivo", {path(u"no\\e.dat"), 1}, err::PathNotFound},
+        {"fsoGrabaArchivo", {root_, 1, Variant(1)}, err::PathFileAccessError},
     };
-    for (const auto& c : cases) EXPECT_EQ(errorNumberOf(c.call), c.error) << c.what;
+    for (const auto& c : cases) {
+        const std::string label = std::string(c.method) + "(" + describe(c.args[0]) + ", " + describe(c.args[1]) + ")";
+        EXPECT_EQ(errorNumberOf([&] { call(c.method, c.args); }), c.error) << label;
+    }
     // What did not fit changed nothing; 124 characters fit.
     EXPECT_TRUE(identical(call("fsoLeeArchivo", {file, 1}), Variant(u"antes")));
     call("fsoGrabaArchivo", {file, 1, Variant(String(124, u'x'))});

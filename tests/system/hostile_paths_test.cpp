@@ -24,6 +24,7 @@ TEST(HostilePaths, DotDotStopsAtTheRootOfTheDriveShareOrCurrentFolder) {
     ScopedVariable home("TELVARO_HOME", "/h");
     ScopedVariable noDriveC("TELVARO_DRIVE_C", nullptr);
     ScopedVariable driveD("TELVARO_DRIVE_D", "/mnt/datos");
+    ScopedVariable noDriveE("TELVARO_DRIVE_E", nullptr);
     struct Case {
         const char16_t* path;
         const char* expected;  // nullptr: error 52
@@ -52,6 +53,7 @@ TEST(HostilePaths, DotDotStopsAtTheRootOfTheDriveShareOrCurrentFolder) {
         {u"a\\..\\..\\b", "b"},
         {u"./../a/./b", "a/b"},
         {u"D:\\..\\..\\etc\\passwd", "/mnt/datos/etc/passwd"},
+        {u"e:/datos/./x.db", "/h/drives/e/datos/x.db"},  // a drive without a variable: a folder of the home
         // A POSIX path: as it is inside a mapped drive, on drive C elsewhere.
         {u"/mnt/datos/x", "/mnt/datos/x"},
         {u"/mnt/datos/../../etc/passwd", "/mnt/datos/etc/passwd"},
@@ -59,8 +61,7 @@ TEST(HostilePaths, DotDotStopsAtTheRootOfTheDriveShareOrCurrentFolder) {
         {u"/etc/passwd", "/h/drives/c/etc/passwd"},
         {u"/../../etc/passwd", "/h/drives/c/etc/passwd"},
         {u"/tmp\\x", "/h/drives/c/tmp/x"},
-        {u"/h/drives/c/x", "/h/drives/c/h/drives/c/x"},
-    };
+        {u"/h/drives/c/x", "/h/drives/c/h/drives/c/x"}};
     for (const auto& c : cases) {
         fs::path got;
         const int error = errorNumberOf([&] { got = posix::mapPath(c.path); });
@@ -129,55 +130,35 @@ protected:
 TEST_F(HostileFileOperations, NoFileOperationReachesOutsideTheHomeFolder) {
     // Each path, mapped naively, names v.dat beside the home folder.
     const String up = fromUtf8(root_.string()) + u"/a/v.dat";
-    const String paths[] = {
-        u"C:\\..\\..\\..\\v.dat",                  // drive
-        u"..\\v.dat",                              // relative
-        u"\\\\srv\\share\\..\\..\\..\\..\\v.dat",  // share
-        u"C:/..\\../..\\v.dat",                    // mixed separators
-        u"C:\\\\..\\\\\\..\\\\..\\\\v.dat",        // repeated separators
-        u"C:\\.. \\...\\..\\..\\v.dat.",           // trailing dots and blanks
-        up,                                        // POSIX
-        u"C:\\..\\..\\..\\*.dat",                  // wildcards
-        u"..\\*.*",
-    };
-    struct Operation {
-        const char* method;
-        std::function<std::vector<Variant>(const String&)> args;
-    };
-    const Operation operations[] = {
-        {"fsoGrabaArchivo",
-         [](const String& p) {
-             return std::vector<Variant>{Variant(p), Variant(std::int16_t(1)), Variant(u"x")};
-         }},
-        {"fsoLeeArchivo",
-         [](const String& p) {
-             return std::vector<Variant>{Variant(p), Variant(std::int16_t(1))};
-         }},
-        {"fsoCrearCarpeta", [](const String& p) { return std::vector<Variant>{Variant(p)}; }},
-        {"fsoBorraArchivo",
-         [](const String& p) {
-             return std::vector<Variant>{Variant(p), Variant(False)};
-         }},
-        {"fsoExisteArchivo", [](const String& p) { return std::vector<Variant>{Variant(p)}; }},
-        {"fsoExisteCarpeta", [](const String& p) { return std::vector<Variant>{Variant(p)}; }},
-        {"INI_GuardarIni",
-         [](const String& p) {
-             return std::vector<Variant>{Variant(p), Variant(u"s"), Variant(u"k"), Variant(u"v")};
-         }},
-        {"INI_LeerIni",
-         [](const String& p) {
-             return std::vector<Variant>{Variant(p), Variant(u"s"), Variant(u"k"), Variant(u"d")};
-         }},
-    };
+    const String paths[] = {u"C:\\..\\..\\..\\v.dat",                  // drive
+                            u"..\\v.dat",                              // relative
+                            u"\\\\srv\\share\\..\\..\\..\\..\\v.dat",  // share
+                            u"C:/..\\../..\\v.dat",                    // mixed separators
+                            u"C:\\\\..\\\\\\..\\\\..\\\\v.dat",        // repeated separators
+                            u"C:\\.. \\...\\..\\..\\v.dat.",           // trailing dots and blanks
+                            up,                                        // POSIX
+                            u"C:\\..\\..\\..\\*.dat",                  // wildcards
+                            u"..\\*.*"};
+    // Each method with the path first and ordinary values after it.
+    const std::pair<const char*, std::vector<Variant>> operations[] = {
+        {"fsoGrabaArchivo", {Variant(std::int16_t(1)), Variant(u"x")}},
+        {"fsoLeeArchivo", {Variant(std::int16_t(1))}},
+        {"fsoCrearCarpeta", {}},
+        {"fsoBorraArchivo", {Variant(False)}},
+        {"fsoExisteArchivo", {}},
+        {"fsoExisteCarpeta", {}},
+        {"INI_GuardarIni", {Variant(u"s"), Variant(u"k"), Variant(u"v")}},
+        {"INI_LeerIni", {Variant(u"s"), Variant(u"k"), Variant(u"d")}}};
     for (const auto& path : paths) {
-        for (const auto& op : operations) {
-            const std::string label = std::string(op.method) + "(" + toUtf8(path) + ")";
+        for (const auto& [method, rest] : operations) {
+            const std::string label = std::string(method) + "(" + toUtf8(path) + ")";
             resetHome();
             fakes::TestPlatform platform;
             Fun fun(platform);
             Variant result;
-            std::vector<Variant> args = op.args(path);
-            errorNumberOf([&] { result = invoke(fun, op.method, args); });
+            std::vector<Variant> args{Variant(path)};
+            args.insert(args.end(), rest.begin(), rest.end());
+            errorNumberOf([&] { result = invoke(fun, method, args); });
             EXPECT_EQ(victimBytes(), victimRecord()) << label;
             if (result.isString()) {
                 EXPECT_EQ(result.get<String>().find(u"secreto"), String::npos) << label;

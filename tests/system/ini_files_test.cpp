@@ -201,19 +201,6 @@ TEST(ProfileWrites, CreateDriveCAsTheFileWritesDo) {
     fs::remove_all(home);
 }
 
-TEST(Paths, WindowsFormPathsMapUnderTheHomeFolder) {
-    ScopedVariable home("TELVARO_HOME", "/tmp/th");
-    ScopedVariable noDriveD("TELVARO_DRIVE_D", nullptr);
-    EXPECT_EQ(posix::mapPath(u"C:\\Errores\\ErrLog\\7.txt"), fs::path("/tmp/th/drives/c/Errores/ErrLog/7.txt"));
-    EXPECT_EQ(posix::mapPath(u"d:/datos/./x.db"), fs::path("/tmp/th/drives/d/datos/x.db"));
-    EXPECT_EQ(posix::mapPath(u"\\windows\\temp"), fs::path("/tmp/th/drives/c/windows/temp"));
-    EXPECT_EQ(posix::mapPath(u"\\\\srv\\share\\a.txt"), fs::path("/tmp/th/unc/srv/share/a.txt"));
-    EXPECT_EQ(posix::mapPath(u"/var/tmp/a"), fs::path("/tmp/th/drives/c/var/tmp/a"));
-    EXPECT_EQ(posix::mapPath(u"sub\\a.ini"), fs::path("sub/a.ini"));
-    ScopedVariable driveD("TELVARO_DRIVE_D", "/mnt/datos");
-    EXPECT_EQ(posix::mapPath(u"D:\\x"), fs::path("/mnt/datos/x"));
-}
-
 TEST(Ansi, EveryByteRoundTrips) {
     std::string all;
     for (int b = 1; b < 256; ++b) all.push_back(static_cast<char>(b));

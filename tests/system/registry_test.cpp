@@ -70,10 +70,8 @@ TEST(Registry, HandlesAreNonZeroExceptWhenCreationFails) {
         EXPECT_TRUE(identical(call("REG_PoneValor", {root, key, u"v", u"1"}), Variant(std::int32_t(0))));
     }
     // A value that is not a number for a number value: the runtime's error.
-    EXPECT_EQ(errorNumberOf([] {
-                  call("REG_PoneValor", {kCurrentUser, u"Software\\X", u"n", u"abc", 4});
-              }),
-              err::TypeMismatch);
+    const std::vector<Variant> notANumber{kCurrentUser, u"Software\\X", u"n", u"abc", 4};
+    EXPECT_EQ(errorNumberOf([&] { call("REG_PoneValor", notANumber); }), err::TypeMismatch);
 }
 
 TEST(Registry, StoreIsReadableTextThatSurvivesTheProcess) {

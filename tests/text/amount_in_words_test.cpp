@@ -66,56 +66,54 @@ Variant amount(std::vector<Variant> args) {
 }
 
 TEST(Numero2Letra, InvoicesAndCheques) {
-    const Variant M(std::int32_t(1)), F(std::int32_t(0)), none = Variant::missing();
+    const Variant M(std::int32_t(1)), none = Variant::missing();
+    // In dollars and cents, both masculine, with the default decimals.
+    auto dollars = [&](const char16_t* n) {
+        return std::vector<Variant>{Variant(n), none, none, Variant(u"dólares"), Variant(u"centavos"), M, M};
+    };
     struct Case {
         std::vector<Variant> args;
-        const char16_t* text;
+        const char16_t* text;  // nullptr: the error
+        int error = 0;
     };
     const std::vector<Case> cases = {
-        {{Variant(u"1234.56"), none, none, Variant(u"dólares"), Variant(u"centavos"), M, M},
-         u"mil doscientos treinta y cuatro dólares con cincuenta y seis centavos"},
+        {dollars(u"1234.56"), u"mil doscientos treinta y cuatro dólares con cincuenta y seis centavos"},
         {{Variant(u"1"), none, none, Variant(u"dólar"), Variant(u"centavos"), M, M}, u"un dólar con cero centavos"},
         {{Variant(u"21.01"), none, none, Variant(u"pesetas"), Variant(u"céntimos")},
          u"veintiuna pesetas con un céntimos"},
-        {{Variant(u"1000000"), none, none, Variant(u"dólares"), Variant(u"centavos"), M, M},
-         u"un millón de dólares con cero centavos"},
-        {{Variant(u"2500000.5"), none, none, Variant(u"dólares"), Variant(u"centavos"), M, M},
-         u"dos millones quinientos mil dólares con cincuenta centavos"},
-        {{Variant(u"0.999"), none, none, Variant(u"dólares"), Variant(u"centavos"), M, M},
-         u"un dólares con cero centavos"},
+        {dollars(u"1000000"), u"un millón de dólares con cero centavos"},
+        {dollars(u"2500000.5"), u"dos millones quinientos mil dólares con cincuenta centavos"},
+        {dollars(u"0.999"), u"un dólares con cero centavos"},
         {{Variant(u"12.345"), none, Variant(std::int32_t(0)), Variant(u"dólares"), none, M}, u"doce dólares"},
         {{Variant(u"12.5"), none, Variant(std::int32_t(0))}, u"trece"},
-        {{Variant(u"-5.25"), none, none, Variant(u"dólares"), Variant(u"centavos"), M, M},
-         u"menos cinco dólares con veinticinco centavos"},
+        {dollars(u"-5.25"), u"menos cinco dólares con veinticinco centavos"},
         {{Variant(u"100")}, u"cien con cero"},
         {{Variant(u"7.005"), none, Variant(std::int32_t(3))}, u"siete con cinco"},
         {{Variant(u"5"), Variant(std::int32_t(30)), Variant(std::int32_t(0)), Variant(u"dólares"), none, M},
          u"cinco dólares*****************"},
+        {{Variant(u"doce")}, nullptr, err::TypeMismatch},
+        {{Variant(u"")}, nullptr, err::TypeMismatch},
+        {{Variant(u"1e16")}, nullptr, err::Overflow},
+        {{Variant(u"5"), Variant(std::int32_t(0)), Variant(std::int32_t(-1))}, nullptr, err::InvalidProcedureCall},
     };
     for (const auto& c : cases) {
-        Variant got = amount(c.args);
-        EXPECT_TRUE(identical(got, Variant(String(c.text)))) << toUtf8(toString(c.args[0])) << " -> " << describe(got);
+        Variant got;
+        EXPECT_EQ(errorNumberOf([&] { got = amount(c.args); }), c.error) << toUtf8(toString(c.args[0]));
+        if (c.text) {
+            EXPECT_TRUE(identical(got, Variant(String(c.text))))
+                << toUtf8(toString(c.args[0])) << " -> " << describe(got);
+        }
     }
 }
 
-TEST(Numero2Letra, BadInput) {
-    EXPECT_EQ(errorNumberOf([] { amount({Variant(u"doce")}); }), err::TypeMismatch);
-    EXPECT_EQ(errorNumberOf([] { amount({Variant(u"")}); }), err::TypeMismatch);
-    EXPECT_EQ(errorNumberOf([] { amount({Variant(u"1e16")}); }), err::Overflow);
-    EXPECT_EQ(errorNumberOf([] {
-                  amount({Variant(u"5"), Variant(std::int32_t(0)), Variant(std::int32_t(-1))});
-              }),
-              err::InvalidProcedureCall);
-}
-
+// The sweep's own rows hold the paddings of a billion characters and more,
+// within its time and memory budget.
 TEST(Numero2Letra, PaddingStopsAtTheLongestTextBuilt) {
     struct Case {
         std::int32_t length;
         int error;
     };
     const Case cases[] = {
-        {2147483647, err::OutOfStringSpace},
-        {1000000000, err::OutOfStringSpace},
         {(1 << 24) + 100, err::OutOfStringSpace},
         {1 << 20, 0},
     };
