@@ -300,26 +300,23 @@ TEST(CapturePalette, APaletteScreenGivesItsColoursThroughThePalette) {
 class PictureCopyTest : public FormsTest {
 protected:
     PictureCopyTest() {
-        form->width = 3000;  // 200 x 100 pixels
-        form->height = 1500;
-        form->left = 450;
-        form->top = 600;
+        place(*form, 450, 600, 3000, 1500);  // 200 x 100 pixels
         form->scaleMode = 3;
         form->add(shown);
-        shown->left = 150;  // at (10, 20) pixels, 4 x 4
-        shown->top = 300;
-        shown->width = 60;
-        shown->height = 60;
+        place(*shown, 150, 300, 60, 60);  // at (10, 20) pixels, 4 x 4
         shown->setPicture(std::make_shared<Picture>(4, 4, kRed));
         form->add(hidden);
-        hidden->left = 0;
-        hidden->top = 0;
-        hidden->width = 60;
-        hidden->height = 60;
+        place(*hidden, 0, 0, 60, 60);
         hidden->visible = false;
         hidden->setPicture(std::make_shared<Picture>(4, 4, kBlue));
         target->left = 15;
         target->top = 30;
+    }
+    static void place(objects::Control& c, double left, double top, double width, double height) {
+        c.left = left;
+        c.top = top;
+        c.width = width;
+        c.height = height;
     }
     std::shared_ptr<objects::Form> form = std::make_shared<objects::Form>(u"frmFoto");
     std::shared_ptr<objects::PictureBox> shown = std::make_shared<objects::PictureBox>(u"picLogo");
