@@ -4,13 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "cli/batch.h"
+#include "cli/program_run.h"
 #include "support/support.h"
 
 namespace telvaro::cli {
@@ -71,66 +67,27 @@ TEST(BatchAnswers, EveryLineGetsOneAnswerOfOneShape) {
     }
 }
 
-// A script run by bash, with the program's path in $T.
-struct ShellRun {
-    int status = -1;
-    std::string out, err;
-};
-std::string slurp(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-ShellRun shell(const std::string& script) {
-    const std::string dir = testing::TempDir();
-    const std::string scriptFile = dir + "telvaro_script.sh", out = dir + "telvaro_out.txt",
-                      err = dir + "telvaro_err.txt";
-    std::ofstream(scriptFile) << "T=" << TELVARO_BINARY << "\n" << script << "\n";
-    ShellRun run;
-    const int rc = std::system(("bash " + scriptFile + " > " + out + " 2> " + err).c_str());
-    run.status = WIFEXITED(rc) ? WEXITSTATUS(rc) : 128 + WTERMSIG(rc);
-    run.out = slurp(out);
-    run.err = slurp(err);
-    return run;
-}
-std::string requestsFile(const std::string& name, const std::string& content) {
-    const std::string path = testing::TempDir() + name;
-    std::ofstream(path, std::ios::binary) << content;
-    return path;
-}
-
+// Malformed lines and a 100 MB one are answered with -1 and the batch goes
+// on; blank lines are skipped.
 TEST(BatchProgram, GoesOnAfterEveryHostileLine) {
-    std::string input = std::string(50000, '[') + "\n" + std::string(100000, '{') + "\n\"x\"\n" + kGood + "\n";
-    ShellRun run = shell("$T batch < " + requestsFile("hostile.jsonl", input));
-    EXPECT_EQ(run.status, 0) << run.err;
-    std::istringstream lines(run.out);
-    std::vector<json> answers;
-    for (std::string line; std::getline(lines, line);) answers.push_back(json::parse(line));
-    ASSERT_EQ(answers.size(), 4u) << run.out.substr(0, 500);
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(answers[i]["error"]["number"], -1);
-    EXPECT_EQ(answers[3]["result"]["value"], 3);
-}
-
-TEST(BatchProgram, AHundredMegabyteLineIsAnsweredAndTheBatchGoesOn) {
     std::string huge = R"({"id":1,"method":"strCuentaCaracteres","args":[")";
     huge.append(std::size_t(100) << 20, 'a');
     huge += R"(","a"]})";
-    ShellRun run = shell("$T batch < " + requestsFile("huge.jsonl", huge + "\n" + kGood + "\n"));
+    const std::string input =
+        std::string(50000, '[') + "\n" + std::string(100000, '{') + "\n\"x\"\n\n" + huge + "\n" + kGood + "\n";
+    const Outcome run = shell("$T batch < " + scratchFile("hostile.jsonl", input));
+    std::remove((testing::TempDir() + "hostile.jsonl").c_str());
     EXPECT_EQ(run.status, 0) << run.err;
-    std::istringstream lines(run.out);
-    std::vector<json> answers;
-    for (std::string line; std::getline(lines, line);) answers.push_back(json::parse(line));
-    ASSERT_EQ(answers.size(), 2u);
-    EXPECT_EQ(answers[0]["error"]["number"], -1);
-    EXPECT_EQ(answers[1]["result"]["value"], 3);
-    std::remove((testing::TempDir() + "huge.jsonl").c_str());
+    const auto answers = jsonLines(run.out);
+    ASSERT_EQ(answers.size(), 5u) << run.out.substr(0, 500);
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(answers[i]["error"]["number"], -1) << i;
+    EXPECT_EQ(answers[4]["result"]["value"], 3);
 }
 
 TEST(BatchProgram, OutputThatCannotBeWrittenStopsItLoudly) {
     std::string many;
     for (int i = 0; i < 20000; ++i) many += kGood + "\n";
-    const std::string requests = requestsFile("many.jsonl", many);
+    const std::string requests = scratchFile("many.jsonl", many);
     struct Case {
         const char* what;
         std::string script;
@@ -144,50 +101,23 @@ TEST(BatchProgram, OutputThatCannotBeWrittenStopsItLoudly) {
         {"one call to a closed stdout", "$T call strCuentaCaracteres aaaa aa >&-"},
     };
     for (const auto& c : cases) {
-        ShellRun run = shell(c.script);
+        const Outcome run = shell(c.script);
         EXPECT_NE(run.status, 0) << c.what;
         EXPECT_NE(run.err.find("cannot be"), std::string::npos) << c.what << ": " << run.err;
         EXPECT_LT(run.err.size(), 1000u) << c.what << ": one message, not one per request";
     }
 }
 
-// The inputs that once took seconds and gigabytes, through `call` under a
-// 1 GB address-space limit: each answers the runtime's error (or its
-// value) instead of being killed.
-TEST(BatchProgram, OneArgumentCannotTakeTheMachine) {
+// Within the caps (tests/sweep answers the inputs that once took the
+// machine, in-process), an allocation the memory limit of `call` refuses is
+// the runtime's error 7, never a terminated process. Two limits: one
+// refuses the method's own text, the other only the copy made to print it.
+TEST(BatchProgram, AnAllocationTheLimitRefusesIsError7) {
 #if defined(__SANITIZE_ADDRESS__)
-    GTEST_SKIP() << "AddressSanitizer cannot run under an address-space limit; tests/sweep budgets it instead";
+    GTEST_SKIP() << "AddressSanitizer cannot run under an address-space limit";
 #else
-    {
-        // A record whose array bounds promise 65,535 by 65,535 elements.
-        std::string record("\x0C\x20\x02\x00\xFF\xFF\x00\x00\x00\x00\x00\x00\xFF\xFF\x00\x00\x00\x00\x00\x00", 20);
-        record.resize(128, '\0');
-        std::filesystem::create_directories("drives/c");
-        std::ofstream("drives/c/cotas.dat", std::ios::binary) << record;
-    }
-    struct Case {
-        std::string args;
-        std::string expected;
-    };
-    const Case cases[] = {
-        {"Numero2Letra 1 2147483647", "Error 14: "},
-        {"Numero2Letra 1 1000000000", "Error 14: "},
-        {"numCalculaFormula '\"1e+1000000000\"'", "1\n"},  // the formula's text
-        {"numCalculaFormula 1e+1000000000", "Error 6: "},  // a number literal out of range
-        {"numCalculaFormula '" + std::string(40000, '\\') + "'", "Error 28: "},
-        {"fsoLeeArchivo 'C:\\cotas.dat' 1", "Error 458: "},
-    };
-    for (const auto& c : cases) {
-        ShellRun run = shell("ulimit -v 1048576; $T call " + c.args);
-        EXPECT_EQ((run.out + run.err).substr(0, c.expected.size()), c.expected)
-            << c.args.substr(0, 60) << ": " << run.err;
-    }
-    // Within the caps, an allocation the memory limit refuses is the
-    // runtime's error 7, never a terminated process.
-    // Two limits: one refuses the method's own text, the other only the
-    // copy made to print it.
     for (const char* limit : {"100000", "150000"}) {
-        ShellRun starved = shell(std::string("ulimit -v ") + limit + "; $T call Numero2Letra 1 15000000");
+        const Outcome starved = shell(std::string("ulimit -v ") + limit + "; $T call Numero2Letra 1 15000000");
         EXPECT_EQ(starved.err.substr(0, 9), "Error 7: ") << limit << ": " << starved.err;
     }
 #endif

@@ -1,92 +1,57 @@
 // Grid methods through `telvaro batch`: each answer gives the grid's state
-// after the call with the ordered member calls the method made on it.
-#include <gtest/gtest.h>
+// after the call with the ordered member calls the method made on it, or
+// the grid's error.
+#include "cli/program_run.h"
 
-#include <cstdio>
-#include <nlohmann/json.hpp>
-#include <string>
-#include <vector>
-
-namespace telvaro {
+namespace telvaro::cli {
 namespace {
 
 using json = nlohmann::ordered_json;
 
-// Runs one request through the program and gives its answer.
-json answerTo(const json& request) {
-    const std::string file = ::testing::TempDir() + "grid_batch_request.jsonl";
-    {
-        std::FILE* out = std::fopen(file.c_str(), "w");
-        EXPECT_NE(out, nullptr);
-        const std::string line = request.dump() + "\n";
-        std::fwrite(line.data(), 1, line.size(), out);
-        std::fclose(out);
-    }
-    std::FILE* pipe = ::popen((std::string(TELVARO_BINARY) + " batch < " + file).c_str(), "r");
-    std::string text;
-    char buffer[4096];
-    while (std::size_t n = std::fread(buffer, 1, sizeof buffer, pipe)) text.append(buffer, n);
-    EXPECT_EQ(::pclose(pipe), 0);
-    return json::parse(text);
-}
-
 json grid(json cells) {
     return {{"object", "grid"}, {"rows", cells.size()}, {"cols", cells.at(0).size()}, {"cells", std::move(cells)}};
 }
+json typed(const char* type, json value) { return {{"type", type}, {"value", std::move(value)}}; }
 
-TEST(GridBatch, AnswersCarryTheGridsStateAndCalls) {
+TEST(GridBatch, AnswersCarryTheGridsStateAndCallsOrItsError) {
     struct Case {
         const char* method;
-        json args;  // after the grid
-        json cells;
-        std::vector<std::string> calls;
+        json args;
+        std::vector<std::pair<const char*, json>> expected;  // at pointers into the answer
     };
+    const json plain = grid(json::array({{"h", "k"}, {"1", "a"}}));
+    const std::string state = "/byref/0/value/";
     const std::vector<Case> cases = {
         {"fn_QuitaFilaGrid2",
-         json::array({{{"type", "Integer"}, {"value", 1}}}),
-         json::array({json::array({"h", "k"})}),
-         {"Rows", "FixedRows", "Rows="}},
+         {plain, typed("Integer", 1)},
+         {{"cells", json::array({{"h", "k"}})}, {"calls", {"Rows", "FixedRows", "Rows="}}}},
         {"fn_ReemplazaValorColumnaGrid",
-         json::array({{{"type", "Integer"}, {"value", 1}},
-                      {{"type", "String"}, {"value", "A"}},
-                      {{"type", "String"}, {"value", "b"}}}),
-         json::array({json::array({"h", "k"}), json::array({"1", "b"})}),
-         {"Rows", "TextMatrix", "TextMatrix="}},
+         {plain, typed("Integer", 1), typed("String", "A"), typed("String", "b")},
+         {{"cells", json::array({{"h", "k"}, {"1", "b"}})}, {"calls", {"Rows", "TextMatrix", "TextMatrix="}}}},
         {"EscribeGrid",
-         json::array({{{"type", "Integer"}, {"value", 8}}}),
-         json::array({json::array({"h", "k"}), json::array({"1", ""})}),
-         {"Text", "Text="}},
+         {plain, typed("Integer", 8)},
+         {{"cells", json::array({{"h", "k"}, {"1", ""}})}, {"calls", {"Text", "Text="}}}},
+        // The check-box column shows the hidden form's pictures.
+        {"fn_PoneCheckColumnaGrid",
+         {grid(json::array({{"h", "v"}, {"1", "1"}, {"2", "10"}})), typed("Integer", 1)},
+         {{"formats/0/picture", "imSI"}, {"formats/1/picture", "imNOd"}, {"formats/2", nullptr}}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.method);
-        json args = json::array({grid(json::array({json::array({"h", "k"}), json::array({"1", "a"})}))});
-        for (const auto& a : c.args) args.push_back(a);
-        const json answer = answerTo({{"id", 1}, {"method", c.method}, {"args", args}});
-        ASSERT_FALSE(answer.contains("error")) << answer.dump();
-        const json& state = answer.at("byref").at(0).at("value");
-        EXPECT_EQ(state.at("cells"), c.cells);
-        EXPECT_EQ(state.at("calls").get<std::vector<std::string>>(), c.calls);
+    std::string requests;
+    for (const auto& c : cases) requests += json{{"id", 1}, {"method", c.method}, {"args", c.args}}.dump() + "\n";
+    requests +=
+        json{{"id", 2}, {"method", "fn_BuscaColGrid"}, {"args", {plain, typed("Integer", 7), typed("String", "x")}}}
+            .dump();
+    const Outcome run = runProgram("batch", requests + "\n");
+    const auto answers = jsonLines(run.out);
+    ASSERT_EQ(answers.size(), cases.size() + 1) << run.out << run.err;
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        SCOPED_TRACE(cases[i].method);
+        ASSERT_FALSE(answers[i].contains("error")) << answers[i].dump();
+        for (const auto& [pointer, expected] : cases[i].expected)
+            EXPECT_EQ(answers[i].value(json::json_pointer(state + pointer), json()), expected) << pointer;
     }
-}
-
-TEST(GridBatch, ACheckBoxColumnShowsTheHiddenFormsPictures) {
-    json args =
-        json::array({grid(json::array({json::array({"h", "v"}), json::array({"1", "1"}), json::array({"2", "10"})})),
-                     {{"type", "Integer"}, {"value", 1}}});
-    const json answer = answerTo({{"id", 2}, {"method", "fn_PoneCheckColumnaGrid"}, {"args", args}});
-    ASSERT_FALSE(answer.contains("error")) << answer.dump();
-    std::vector<std::string> pictures;
-    for (const auto& f : answer.at("byref").at(0).at("value").at("formats")) pictures.push_back(f.value("picture", ""));
-    EXPECT_EQ(pictures, (std::vector<std::string>{"imSI", "imNOd"}));
-}
-
-TEST(GridBatch, AGridErrorIsTheAnswersError) {
-    json args = json::array({grid(json::array({json::array({"h", "v"}), json::array({"1", "1"})})),
-                             {{"type", "Integer"}, {"value", 7}},
-                             {{"type", "String"}, {"value", "x"}}});
-    const json answer = answerTo({{"id", 3}, {"method", "fn_BuscaColGrid"}, {"args", args}});
-    EXPECT_EQ(answer.at("error").at("number"), 381);
+    EXPECT_EQ(answers.back().at("error").at("number"), 381);
 }
 
 }  // namespace
-}  // namespace telvaro
+}  // namespace telvaro::cli

@@ -116,24 +116,21 @@ TEST(ObjectJson, FormNestsControlsInItsFramesAndReportsItsRecords) {
     EXPECT_FALSE(state["controls"][5].contains("container"));
 }
 
-TEST(ObjectJson, FrameOnItsOwnHasAFormAroundIt) {
+TEST(ObjectJson, FrameOnItsOwnHasAFormAroundItAndMdiParentsTheirChild) {
     ObjectBuilder builder;
     ObjectRef frame = built(R"({"object": "frame", "name": "fraDatos", "controls": [{"object": "textbox"}]})", builder);
     ObjectRef parent = frame->get(u"Parent").get<ObjectRef>();
     ASSERT_TRUE(parent);
     EXPECT_TRUE(identical(parent->get(u"Controls").get<ObjectRef>()->get(u"Count"), Variant(2)));
-}
 
-TEST(ObjectJson, MdiParentAndItsActiveChild) {
-    ObjectBuilder builder;
-    ObjectRef parent = built(R"({"object": "form", "name": "mdiPrincipal", "mdi": true,
+    ObjectRef mdi = built(R"({"object": "form", "name": "mdiPrincipal", "mdi": true,
         "activeForm": {"object": "form", "name": "frmClientes"}})",
-                             builder);
-    EXPECT_EQ(parent->typeName(), u"MDIForm");
-    ObjectRef child = parent->get(u"ActiveForm").get<ObjectRef>();
+                          builder);
+    EXPECT_EQ(mdi->typeName(), u"MDIForm");
+    ObjectRef child = mdi->get(u"ActiveForm").get<ObjectRef>();
     ASSERT_TRUE(child);
     EXPECT_TRUE(identical(child->get(u"Name"), Variant(u"frmClientes")));
-    EXPECT_EQ(objectState(*parent)["activeForm"]["name"], "frmClientes");
+    EXPECT_EQ(objectState(*mdi)["activeForm"]["name"], "frmClientes");
 }
 
 // A stand-in for a kind another layer builds.
@@ -143,29 +140,8 @@ public:
     String typeName() const override { return u"Recordset"; }
 };
 
-TEST(ObjectJson, DataGridRecordsWhatIsBoundToIt) {
-    ObjectKindHooks hooks;
-    hooks.build = [](const std::string& kind, const Json&) -> ObjectRef {
-        return kind == "recordset" ? std::make_shared<Recordset>() : nullptr;
-    };
-    hooks.state = [](const Object&) -> std::optional<Json> { return Json{{"object", "recordset"}}; };
-    ObjectBuilder builder(hooks);
-    ObjectRef grid = built(R"({"object": "datagrid", "name": "dgBusqueda", "visible": false})", builder);
-    EXPECT_EQ(grid->typeName(), u"DataGrid");
-    ObjectRef source = built(R"({"object": "recordset"})", builder);
-    std::vector<Variant> assigned{Variant(source)};
-    grid->invoke(u"DataSource", InvokeKind::PropertyPutRef, assigned);
-    grid->put(u"DataMember", Variant(u""));
-    grid->call(u"Refresh");
-    grid->put(u"Visible", Variant(Boolean(true)));
-    EXPECT_EQ(errorNumberOf([&] { grid->put(u"DataSource", Variant(u"x")); }), 424);
-    const Json state = objectState(*grid, hooks);
-    EXPECT_EQ(state["dataSource"], Json::parse(R"({"object": "recordset"})"));
-    EXPECT_EQ(state["refreshes"], 1);
-    EXPECT_EQ(state["visible"], true);
-    EXPECT_EQ(state["calls"], Json::parse(R"(["DataSource=", "DataMember=", "Refresh", "Visible=", "DataSource="])"));
-}
-
+// Kinds another layer builds come through the hooks (without them they are
+// unknown kinds); a data grid records what is bound to it.
 TEST(ObjectJson, KindsBuiltElsewhereComeThroughTheHooks) {
     const char* form = R"({"object": "form", "lista": {"object": "recordset", "source": "SELECT 1"}})";
     {
@@ -182,14 +158,29 @@ TEST(ObjectJson, KindsBuiltElsewhereComeThroughTheHooks) {
         if (o.typeName() != u"Recordset") return std::nullopt;
         return Json{{"object", "recordset"}, {"position", 1}};
     };
+    const Json recordset = Json::parse(R"({"object": "recordset", "position": 1})");
     ObjectBuilder builder(hooks);
     ObjectRef built_form = built(form, builder);
     EXPECT_EQ(built_form->get(u"Lista").get<ObjectRef>()->typeName(), u"Recordset");
-    EXPECT_EQ(objectState(*built_form, hooks)["lista"], Json::parse(R"({"object": "recordset", "position": 1})"));
+    EXPECT_EQ(objectState(*built_form, hooks)["lista"], recordset);
     EXPECT_EQ(errorNumberOf([&] { built(R"({"object": "slider"})", builder); }), 445);
     ObjectRef bound =
         built(R"({"object": "datagrid", "dataSource": {"object": "recordset", "source": "SELECT 1"}})", builder);
-    EXPECT_EQ(objectState(*bound, hooks)["dataSource"], Json::parse(R"({"object": "recordset", "position": 1})"));
+    EXPECT_EQ(objectState(*bound, hooks)["dataSource"], recordset);
+
+    ObjectRef grid = built(R"({"object": "datagrid", "name": "dgBusqueda", "visible": false})", builder);
+    EXPECT_EQ(grid->typeName(), u"DataGrid");
+    std::vector<Variant> assigned{Variant(built(R"({"object": "recordset", "source": "SELECT 1"})", builder))};
+    grid->invoke(u"DataSource", InvokeKind::PropertyPutRef, assigned);
+    grid->put(u"DataMember", Variant(u""));
+    grid->call(u"Refresh");
+    grid->put(u"Visible", Variant(Boolean(true)));
+    EXPECT_EQ(errorNumberOf([&] { grid->put(u"DataSource", Variant(u"x")); }), 424);
+    const Json state = objectState(*grid, hooks);
+    EXPECT_EQ(state["dataSource"], recordset);
+    EXPECT_EQ(state["refreshes"], 1);
+    EXPECT_EQ(state["visible"], true);
+    EXPECT_EQ(state["calls"], Json::parse(R"(["DataSource=", "DataMember=", "Refresh", "Visible=", "DataSource="])"));
 }
 
 TEST(ObjectJson, DescriptionsThatDoNotFitTheirKindNameTheField) {
@@ -254,12 +245,6 @@ TEST(ObjectJson, DescriptionsThatDoNotFitTheirKindNameTheField) {
         }
     }
 }
-
-}  // namespace
-}  // namespace telvaro::cli
-
-namespace telvaro::cli {
-namespace {
 
 // Every field of a full description of each kind replaced by junk: the
 // builder gives an object or a run-time error, never anything else, and

@@ -2,11 +2,8 @@
 // library's own controls. The capture fixture starts Xvfb (1024 x 768, 24
 // bits, 96 pixels per inch, so 15 twips a pixel), draws known pixels into a
 // window with Xlib and reads them back through the methods.
-#include <nlohmann/json.hpp>
-
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <memory>
 #include <optional>
 
@@ -134,63 +131,33 @@ TEST_F(CaptureTest, WindowCapturesGiveThePixelsDrawn) {
         int x, y;
         std::uint32_t argb;
     };
+    enum Source { Client, Whole, Screen };  // the test window's client area, the whole window, window 0
     struct Case {
         const char* label;
-        bool screen;  // window 0 instead of the test window
-        bool client;
+        Source source;
         std::int32_t left, top, widthTwips, heightTwips;
         int width, height;
         std::vector<Pixel> pixels;
     };
-    const int w = TestWindow::kWidth, h = TestWindow::kHeight;
+    const int w = TestWindow::kWidth, h = TestWindow::kHeight, x0 = TestWindow::kLeft, y0 = TestWindow::kTop;
     const std::vector<Case> cases = {
-        {"the client area, sized by the window's twips",
-         false,
-         true,
-         0,
-         0,
-         w * 15,
-         h * 15,
-         w,
-         h,
-         {{0, 0, kRed}, {99, 99, kRed}, {100, 0, kBlue}, {199, 99, kBlue}, {10, 5, kGreen}}},
-        {"the whole window: no frame without a window manager",
-         false,
-         false,
-         0,
-         0,
-         w * 15,
-         h * 15,
-         w,
-         h,
-         {{0, 0, kRed}, {199, 99, kBlue}, {10, 5, kGreen}}},
-        {"from a point of the window, in pixels", false, true, 10, 5, 15, 15, 1, 1, {{0, 0, kGreen}}},
-        {"the right half", false, true, 100, 0, 50 * 15, 15, 50, 1, {{0, 0, kBlue}, {49, 0, kBlue}}},
-        {"past the window's edge is black",
-         false,
-         true,
-         190,
-         0,
-         20 * 15,
-         15,
-         20,
-         1,
-         {{0, 0, kBlue}, {9, 0, kBlue}, {10, 0, kBlack}, {19, 0, kBlack}}},
-        {"twips round to whole pixels: 22 twips are 1 pixel", false, true, 0, 0, 22, 23, 1, 2, {{0, 1, kRed}}},
-        {"window 0 is the screen",
-         true,
-         false,
-         TestWindow::kLeft,
-         TestWindow::kTop + 5,
-         11 * 15,
-         15,
-         11,
-         1,
-         {{0, 0, kRed}, {10, 0, kGreen}}},
+        {"the client area by its twips", Client, 0, 0, w * 15, h * 15, w, h, {{0, 0, kRed}, {99, 99, kRed}}},
+        {"the client area's blue half", Client, 0, 0, w * 15, h * 15, w, h, {{100, 0, kBlue}, {199, 99, kBlue}}},
+        {"the client area's green pixel", Client, 0, 0, w * 15, h * 15, w, h, {{10, 5, kGreen}}},
+        // No window manager: no frame around the whole window.
+        {"whole window, no frame", Whole, 0, 0, w * 15, h * 15, w, h, {{0, 0, kRed}, {199, 99, kBlue}}},
+        {"whole window's green pixel", Whole, 0, 0, w * 15, h * 15, w, h, {{10, 5, kGreen}}},
+        {"from a point of the window, in pixels", Client, 10, 5, 15, 15, 1, 1, {{0, 0, kGreen}}},
+        {"the right half", Client, 100, 0, 50 * 15, 15, 50, 1, {{0, 0, kBlue}, {49, 0, kBlue}}},
+        {"up to the window's edge", Client, 190, 0, 20 * 15, 15, 20, 1, {{0, 0, kBlue}, {9, 0, kBlue}}},
+        {"past the window's edge is black", Client, 190, 0, 20 * 15, 15, 20, 1, {{10, 0, kBlack}, {19, 0, kBlack}}},
+        {"twips round to whole pixels: 22 twips are 1 pixel", Client, 0, 0, 22, 23, 1, 2, {{0, 1, kRed}}},
+        {"window 0 is the screen", Screen, x0, y0 + 5, 11 * 15, 15, 11, 1, {{0, 0, kRed}, {10, 0, kGreen}}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.label);
-        auto picture = capture(c.screen ? 0 : window_.handle(), c.client, c.left, c.top, c.widthTwips, c.heightTwips);
+        auto picture = capture(c.source == Screen ? 0 : window_.handle(), c.source == Client, c.left, c.top,
+                               c.widthTwips, c.heightTwips);
         ASSERT_NE(picture, nullptr);
         EXPECT_EQ(picture->width(), c.width);
         EXPECT_EQ(picture->height(), c.height);
@@ -333,26 +300,23 @@ TEST(CapturePalette, APaletteScreenGivesItsColoursThroughThePalette) {
 class PictureCopyTest : public FormsTest {
 protected:
     PictureCopyTest() {
-        form->width = 3000;  // 200 x 100 pixels
-        form->height = 1500;
-        form->left = 450;
-        form->top = 600;
+        place(*form, 450, 600, 3000, 1500);  // 200 x 100 pixels
         form->scaleMode = 3;
         form->add(shown);
-        shown->left = 150;  // at (10, 20) pixels, 4 x 4
-        shown->top = 300;
-        shown->width = 60;
-        shown->height = 60;
+        place(*shown, 150, 300, 60, 60);  // at (10, 20) pixels, 4 x 4
         shown->setPicture(std::make_shared<Picture>(4, 4, kRed));
         form->add(hidden);
-        hidden->left = 0;
-        hidden->top = 0;
-        hidden->width = 60;
-        hidden->height = 60;
+        place(*hidden, 0, 0, 60, 60);
         hidden->visible = false;
         hidden->setPicture(std::make_shared<Picture>(4, 4, kBlue));
         target->left = 15;
         target->top = 30;
+    }
+    static void place(objects::Control& c, double left, double top, double width, double height) {
+        c.left = left;
+        c.top = top;
+        c.width = width;
+        c.height = height;
     }
     std::shared_ptr<objects::Form> form = std::make_shared<objects::Form>(u"frmFoto");
     std::shared_ptr<objects::PictureBox> shown = std::make_shared<objects::PictureBox>(u"picLogo");
@@ -438,12 +402,6 @@ TEST_F(PictureCopyTest, ObjectsWithoutTheMembersRaiseTheirError) {
     for (const auto& c : cases) EXPECT_EQ(errorOf("ImgCopiaImagen", {c.origen, c.destino}), c.error) << c.label;
 }
 
-}  // namespace
-}  // namespace telvaro
-
-namespace telvaro {
-namespace {
-
 TEST(CaptureServerGone, AServerThatGoesAwayGivesNothingAndTheProcessGoesOn) {
     testing::XvfbServer server("320x240x24");
     ASSERT_TRUE(server.running()) << server.failure();
@@ -461,43 +419,6 @@ TEST(CaptureServerGone, AServerThatGoesAwayGivesNothingAndTheProcessGoesOn) {
     ASSERT_TRUE(after.isObject());
     EXPECT_EQ(after.get<ObjectRef>(), nullptr);
 }
-
-}  // namespace
-}  // namespace telvaro
-
-namespace telvaro {
-namespace {
-
-// Through `telvaro batch`: the destination comes back with the copy as its
-// Picture and the calls in the order of the copy.
-TEST(CaptureBatch, ThePictureCopyAnswersWithTheDestinationsPicture) {
-    const std::string input = ::testing::TempDir() + "capture_batch.jsonl";
-    std::ofstream(input) << R"({"id":1,"method":"ImgCopiaImagen","args":[)"
-                            R"({"object":"picturebox","name":"picFuente","width":45,"height":30,"left":90,)"
-                            R"("picture":{"object":"picture","width":4,"height":4}},)"
-                            R"({"object":"picturebox","name":"picCopia"},false]})"
-                         << "\n";
-    std::string out;
-    if (FILE* pipe = ::popen((std::string(TELVARO_BINARY) + " batch < " + input).c_str(), "r")) {
-        char buffer[4096];
-        while (std::size_t n = std::fread(buffer, 1, sizeof buffer, pipe)) out.append(buffer, n);
-        ::pclose(pipe);
-    }
-    const auto answer = nlohmann::json::parse(out);
-    const auto& copy = answer.at("/byref/1/value"_json_pointer);
-    EXPECT_EQ(copy.at("visible"), true);  // DestinoInvisible False
-    EXPECT_EQ(copy.at("left"), 90.0);
-    EXPECT_EQ(copy.at("picture").at("width"), 3);
-    EXPECT_EQ(copy.at("picture").at("height"), 2);
-    EXPECT_EQ(copy.at("calls"), (nlohmann::json{"ScaleMode=", "Height=", "Width=", "Left=", "Top=", "AutoRedraw=",
-                                                "hDC", "hDC", "Image", "Picture=", "AutoRedraw="}));
-}
-
-}  // namespace
-}  // namespace telvaro
-
-namespace telvaro {
-namespace {
 
 // A caller's form that is a real X window: its hWnd is the window's id.
 class XWindowForm : public Object {

@@ -32,7 +32,6 @@ TEST(ListControl, ListBoxMembers) {
                          {Get, u"FontSize", {}, Variant(10.0)}, {Call, u"Clear"},
                          {Get, u"ListCount", {}, L(0)},         {Get, u"ListIndex", {}, L(-1)},
                      });
-    EXPECT_EQ(list->typeName(), u"ListBox");
 }
 
 TEST(ListControl, ComboBoxTextByStyle) {
@@ -71,7 +70,6 @@ TEST(ListControl, ComboBoxSelectionSetsItsText) {
                           {Put, u"SelStart", {L(-1)}, {}, 380},
                           {Get, u"", {}, S(u"dos")},
                       });
-    EXPECT_EQ(combo->typeName(), u"ComboBox");
     const std::vector<String> expected{u"AddItem",   u"AddItem",  u"ListIndex=", u"Text",
                                        u"SelStart=", u"SelStart", u"SelStart=",  u"Text"};
     EXPECT_EQ(combo->calls(), expected);

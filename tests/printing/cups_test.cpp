@@ -1,11 +1,8 @@
 // Printing through CUPS: a private cupsd, started and stopped here, with
-// its own configuration folder, a free port on loopback and two queues
+// its own configuration folder, a socket in that folder and two queues
 // whose backend keeps each job in a file named by the queue's device URI.
-#include <arpa/inet.h>
 #include <fcntl.h>
-#include <netinet/in.h>
 #include <signal.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -23,31 +20,6 @@ namespace telvaro {
 namespace {
 
 namespace fs = std::filesystem;
-
-int freePort() {
-    const int s = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    int port = 0;
-    if (::bind(s, reinterpret_cast<sockaddr*>(&address), size) == 0 &&
-        ::getsockname(s, reinterpret_cast<sockaddr*>(&address), &size) == 0)
-        port = ntohs(address.sin_port);
-    ::close(s);
-    return port;
-}
-
-bool answers(int port) {
-    const int s = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
-    const bool ok = ::connect(s, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
-    ::close(s);
-    return ok;
-}
 
 // Waits up to `seconds` for `done`; not a measurement, only a limit.
 template <typename Done>
@@ -76,8 +48,7 @@ public:
                "if [ -n \"$6\" ]; then cat \"$6\" > \"$out.part\"; else cat > \"$out.part\"; fi "
                "&& chmod 644 \"$out.part\" && mv \"$out.part\" \"$out\"\n";
         ::chmod(backend.c_str(), 0700);  // a backend that is not world-readable runs as cupsd's own user
-        port_ = freePort();
-        std::ofstream(dir_ / "cupsd.conf") << "Listen 127.0.0.1:" << port_ << "\nServerName 127.0.0.1\nLogLevel info\n"
+        std::ofstream(dir_ / "cupsd.conf") << "Listen " << server() << "\nLogLevel info\n"
                                            << "DefaultAuthType None\nWebInterface No\nBrowsing No\n"
                                            << "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n"
                                            << "<Policy default>\n  <Limit All>\n    Order deny,allow\n  </Limit>\n"
@@ -101,7 +72,7 @@ public:
             ::execlp("cupsd", "cupsd", "-f", "-c", conf.c_str(), "-s", files.c_str(), static_cast<char*>(nullptr));
             ::_exit(127);
         }
-        started_ = pid_ > 0 && waitFor([&] { return exited() ? true : answers(port_); }, 15) && !exited();
+        started_ = pid_ > 0 && waitFor([&] { return exited() || fs::exists(server()); }, 15) && !exited();
     }
 
     ~PrivateCups() {
@@ -115,7 +86,7 @@ public:
     }
 
     bool started() const { return started_; }
-    std::string server() const { return "127.0.0.1:" + std::to_string(port_); }
+    std::string server() const { return (dir_ / "cupsd.sock").string(); }
     std::string uri(const std::string& queue) const { return "telvaro:" + output(queue).string(); }
     fs::path output(const std::string& queue) const { return dir_ / (queue + ".out"); }
     std::string log() const {
@@ -131,7 +102,6 @@ private:
     }
 
     fs::path dir_;
-    int port_ = 0;
     pid_t pid_ = -1;
     bool started_ = false;
     bool reaped_ = false;

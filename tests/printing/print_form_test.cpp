@@ -100,9 +100,15 @@ protected:
     std::shared_ptr<objects::FlexGrid> grid_;
 };
 
+// The controls at their places from the starting point; grid cells cut as
+// LimitaTamTexto cuts them to their column, numbers on the right; the file
+// whole and alone in <home>/prints/, named by the form.
 TEST_F(PrintForm, EachControlIsPrintedAtItsPlaceFromTheStartingPoint) {
-    print({Variant(String()), Variant(720.0), Variant(360.0)});
-    const auto words = pdfWords(printedFile());
+    // Through a port that matches no printer: still kept as a file.
+    print({Variant(String()), Variant(720.0), Variant(360.0), Variant(False), Variant(std::int32_t(0)),
+           Variant(std::int32_t(0)), Variant(std::int16_t(1)), Variant(std::int16_t(0)), Variant(String(u"LPT9:"))});
+    const std::filesystem::path file = printedFile();
+    const auto words = pdfWords(file);
     struct Case {
         const char* word;
         double left, top, height;  // twips: the box the word must start in
@@ -124,19 +130,21 @@ TEST_F(PrintForm, EachControlIsPrintedAtItsPlaceFromTheStartingPoint) {
         EXPECT_LE(w->yMax * kTwipsPerPoint, c.top + c.height + 20) << c.word;
     }
     for (const char* absent : {"SECRETO", "OCULTO"}) EXPECT_EQ(find(words, absent), nullptr) << absent;
-    EXPECT_EQ(pdfInfo(printedFile(), "Page size"), "595.3 x 841.9 pts (A4)");
-}
+    EXPECT_EQ(pdfInfo(file, "Page size"), "595.3 x 841.9 pts (A4)");
 
-TEST_F(PrintForm, GridCellsAreCutToTheirColumnAndNumbersGoRight) {
-    print();
-    const auto words = pdfWords(printedFile());
     const Variant cut =
         call("LimitaTamTexto", {Variant(String(u"ABCDEFGHIJKLMNOPQRSTUVWXYZ")), Variant(1500.0 - 60), Variant(font())});
     ASSERT_LT(toString(cut).size(), 26u);
     EXPECT_NE(find(words, toUtf8(toString(cut))), nullptr) << "the cell as LimitaTamTexto cuts it";
     const PdfWord* amount = find(words, "1234.50");
     ASSERT_NE(amount, nullptr);
-    EXPECT_NEAR(amount->xMax * kTwipsPerPoint, 600 + 3 * 1500 - 30, 20) << "general alignment: a number on the right";
+    EXPECT_NEAR(amount->xMax * kTwipsPerPoint, 720 + 600 + 3 * 1500 - 30, 20) << "general alignment: on the right";
+
+    EXPECT_EQ(file.parent_path().filename(), "prints");
+    EXPECT_EQ(file.extension(), ".pdf");
+    for (const auto& entry : std::filesystem::directory_iterator(file.parent_path()))
+        EXPECT_EQ(entry.path().filename().string().find("telvaro-tmp"), std::string::npos) << entry.path();
+    EXPECT_EQ(pdfInfo(file, "Title"), "frmFactura");
 }
 
 TEST_F(PrintForm, CopiesGoOnPagesOfTheirOwnOrOneBelowTheOther) {
@@ -184,7 +192,7 @@ TEST_F(PrintForm, PaperSizeContainerAndLinesBack) {
     EXPECT_LE(words[0].yMax * kTwipsPerPoint, 200 + 480 - 240 + 300 + 20);
 }
 
-TEST_F(PrintForm, GridCellsKeepTheirBackColours) {
+TEST_F(PrintForm, GridCellsKeepTheirBackColoursAndPicturesAreDrawnInTheirBox) {
     grid_->formatCell(2, 2, [](objects::CellFormat& c) { c.backColor = 0xFF0000; });  // blue, as 0x00BBGGRR
     print();
     struct Case {
@@ -197,15 +205,11 @@ TEST_F(PrintForm, GridCellsKeepTheirBackColours) {
         {"a plain cell is the paper", (600 + 1500 + 750) / 20, (4000 + 600 + 150) / 20, 0xFFFFFF},
         {"the fixed column is light grey too", (600 + 750) / 20, (4000 + 600 + 150) / 20, 0xE0E0E0},
         {"a coloured cell", (600 + 3000 + 750) / 20, (4000 + 600 + 150) / 20, 0x0000FF},
+        // The picture box at (600, 6000), 600 twips a side: 30 to 60 points.
+        {"the picture", 45, 315, 0xFF0000},
+        {"beside the picture", 70, 315, 0xFFFFFF},
     };
     for (const auto& c : cases) EXPECT_EQ(pdfPixel(printedFile(), c.x, c.y), c.rgb) << c.label;
-}
-
-TEST_F(PrintForm, PicturesAreDrawnInTheirBox) {
-    print();
-    // The picture box at (600, 6000), 600 twips a side: 30 to 60 points.
-    EXPECT_EQ(pdfPixel(printedFile(), 45, 315), 0xFF0000u);
-    EXPECT_EQ(pdfPixel(printedFile(), 70, 315), 0xFFFFFFu);
 }
 
 TEST_F(PrintForm, AFailingStatementIsSkipped) {
@@ -216,29 +220,14 @@ TEST_F(PrintForm, AFailingStatementIsSkipped) {
     // Nothing at all: still no error.
     EXPECT_EQ(errorOf("ImprimeForm", {Variant(ObjectRef()), Variant(String())}), 0);
     EXPECT_TRUE(printing_->deliveries().empty());
+    // A port that matches no printer leaves the printer alone.
+    EXPECT_EQ(errorOf("fn_FijaImpresora", {Variant(String(u"LPT9:"))}), 0);
+    EXPECT_EQ(printing_->currentPrinter(), u"");
     // A label whose Caption fails is left out; the rest is printed.
     form_->add(placed(std::make_shared<BrokenLabel>(), 600, 7600, 3000, 300));
     form_->add(label(u"lblPie", u"PIE", 600, 8000));
     print();
     EXPECT_NE(find(pdfWords(printedFile()), "PIE"), nullptr);
-}
-
-TEST_F(PrintForm, ThePrintedFileIsWholeAndAloneInPrints) {
-    print();
-    const std::filesystem::path file = printedFile();
-    EXPECT_EQ(file.parent_path().filename(), "prints");
-    EXPECT_EQ(file.extension(), ".pdf");
-    for (const auto& entry : std::filesystem::directory_iterator(file.parent_path()))
-        EXPECT_EQ(entry.path().filename().string().find("telvaro-tmp"), std::string::npos) << entry.path();
-    EXPECT_EQ(pdfInfo(file, "Title"), "frmFactura");
-}
-
-TEST_F(PrintForm, APortThatMatchesNothingLeavesThePrinterAlone) {
-    EXPECT_EQ(errorOf("fn_FijaImpresora", {Variant(String(u"LPT9:"))}), 0);
-    EXPECT_EQ(printing_->currentPrinter(), u"");
-    print({Variant(String()), Variant(0.0), Variant(0.0), Variant(False), Variant(std::int32_t(0)),
-           Variant(std::int32_t(0)), Variant(std::int16_t(1)), Variant(std::int16_t(0)), Variant(String(u"LPT9:"))});
-    EXPECT_FALSE(printedFile().empty()) << "still kept as a file";
 }
 
 }  // namespace

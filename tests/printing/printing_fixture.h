@@ -64,23 +64,14 @@ inline std::string pdfInfo(const std::string& path, const std::string& field) {
 }
 
 // The colour of one pixel of the first page drawn at 72 pixels an inch (one
-// pixel a point), as 0xRRGGBB.
+// pixel a point), as 0xRRGGBB; 0xFFFFFFFF when there is none.
 inline std::uint32_t pdfPixel(const std::string& path, int x, int y) {
-    const std::string ppm = commandOutput("pdftoppm -r 72 -f 1 -l 1 '" + path + "' 2>/dev/null");
-    // P6 <width> <height> 255\n<rgb bytes>
-    std::size_t at = 0;
-    int fields[3] = {0, 0, 0};
-    if (ppm.compare(0, 2, "P6") != 0) return 0xFFFFFFFF;
-    at = 2;
-    for (int& f : fields) {
-        while (at < ppm.size() && std::isspace(static_cast<unsigned char>(ppm[at]))) ++at;
-        while (at < ppm.size() && std::isdigit(static_cast<unsigned char>(ppm[at]))) f = f * 10 + (ppm[at++] - '0');
-    }
-    ++at;
-    const std::size_t offset = at + (static_cast<std::size_t>(y) * fields[0] + x) * 3;
-    if (x >= fields[0] || y >= fields[1] || offset + 2 >= ppm.size()) return 0xFFFFFFFF;
+    const std::string ppm = commandOutput("pdftoppm -r 72 -f 1 -l 1 -x " + std::to_string(x) + " -y " +
+                                          std::to_string(y) + " -W 1 -H 1 '" + path + "' 2>/dev/null");
+    const std::string header = "P6\n1 1\n255\n";  // one pixel: three bytes after the header
+    if (ppm.size() != header.size() + 3 || ppm.compare(0, header.size(), header) != 0) return 0xFFFFFFFF;
     auto byte = [&](std::size_t i) { return static_cast<std::uint32_t>(static_cast<unsigned char>(ppm[i])); };
-    return byte(offset) << 16 | byte(offset + 1) << 8 | byte(offset + 2);
+    return byte(header.size()) << 16 | byte(header.size() + 1) << 8 | byte(header.size() + 2);
 }
 
 inline posix::PixelReader testPixels() {
