@@ -303,6 +303,12 @@ Decimal decimalOf(const NumberText& number) {
 String doubleText(double d, char16_t mark) {
     if (!std::isfinite(d)) raise(err::Overflow);
     if (d == 0) return u"0";
+    // Whole numbers of up to fifteen digits are their integer text.
+    if (std::fabs(d) < 1e15 && d == std::trunc(d)) {
+        char whole[24];
+        const auto end = std::to_chars(whole, whole + sizeof whole, static_cast<std::int64_t>(d)).ptr;
+        return String(whole, end);
+    }
     // Fifteen significant digits, correctly rounded, free of the C locale.
     char buf[64];
     auto res = std::to_chars(buf, buf + sizeof buf, std::fabs(d), std::chars_format::scientific, 14);
