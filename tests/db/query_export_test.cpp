@@ -130,6 +130,22 @@ TEST(QueryExport, ThreeHundredColumnsGetWidthsUpToZ) {
     EXPECT_EQ(file.cells[1 + 300 + 299], "KO5 n:299.0" + kTop);
 }
 
+// More records than the sheet holds in memory: every one written, in order,
+// inside the box drawn before them.
+TEST(QueryExport, LongQueriesKeepEveryRecordInItsBox) {
+    const ObjectRef connection = data::testing::memoryConnection(
+        {u"CREATE TABLE n (i INTEGER, t TEXT)",
+         u"WITH RECURSIVE k(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM k WHERE i < 9000) "
+         u"INSERT INTO n SELECT i, 'fila ' || i FROM k"},
+        3);
+    const SheetFile file = onlyFile(exportQuery(connection, u"I,T", u"8,12", u"SELECT i, t FROM n ORDER BY i"));
+    ASSERT_EQ(file.cells.size(), 1u + 2 + 2 * 9000 + 2);
+    EXPECT_EQ(file.cells[3], "B5 n:1.0" + kTop);
+    EXPECT_EQ(file.cells[3 + 2 * 4999 + 1], "C5004 s:fila 5000" + kSides);
+    EXPECT_EQ(file.cells[file.cells.size() - 3], "C9004 s:fila 9000" + kSides);
+    EXPECT_EQ(file.cells.back(), "C9005" + kBottom);
+}
+
 // The query's and the lists' faults reach the caller, before any workbook.
 TEST(QueryExport, BadQueriesAndListsReachTheCaller) {
     struct Case {

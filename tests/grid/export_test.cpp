@@ -122,6 +122,21 @@ TEST_F(GridExport, WidthsStopAtColumnZ) {
     }
 }
 
+// A grid longer than the sheet holds in memory: the older rows wait in the
+// scratch file and still get the boxes drawn after them.
+TEST_F(GridExport, LongGridsKeepEveryRowAndItsBox) {
+    constexpr int kRows = 6000;
+    Rows rows = {{"#", "Código", "Nombre"}};
+    for (int i = 1; i <= kRows; ++i)
+        rows.push_back({std::to_string(i), "C" + std::to_string(i), "N" + std::to_string(i)});
+    const SheetFile file = exported(makeGrid(rows), {I16{0}, u"T"});
+    ASSERT_EQ(file.cells.size(), 2u + 3 + 3 * kRows);
+    EXPECT_EQ(file.cells[5], "B5 n:1.0" + kTop);
+    EXPECT_EQ(file.cells[5 + 3 * 999 + 2], "D1004 s:N1000" + kSides);  // boxed after its row left memory
+    EXPECT_EQ(file.cells[5 + 3 * 2999 + 1], "C3004 s:C3000" + kSides);
+    EXPECT_EQ(file.cells.back(), "D6004 s:N6000" + kBottom);
+}
+
 // Faults of the caller's input: the method returns normally and writes what
 // it can.
 TEST_F(GridExport, SkipsWhatTheGridCannotGive) {
