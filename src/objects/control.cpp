@@ -24,26 +24,6 @@ const std::vector<const char16_t*>& Control::commonMemberNames() {
     return names;
 }
 
-namespace {
-
-Variant flagProperty(const MemberCall& call, bool& field) {
-    return property(
-        call, [&] { return Variant(Boolean(field)); }, [&](const Variant& v) { field = booleanValue(v).isTrue(); });
-}
-
-Variant twipsProperty(const MemberCall& call, double& field, bool mayBeNegative) {
-    return property(
-        call, [&] { return Variant(field); },
-        [&](const Variant& v) {
-            const double twips = doubleValue(v);
-            if (!(twips >= (mayBeNegative ? -2147483648.0 : 0.0) && twips <= 2147483647.0))
-                raise(err::InvalidPropertyValue);
-            field = twips;
-        });
-}
-
-}  // namespace
-
 Variant Control::dispatchCommon(int id, const MemberCall& call) {
     FontDescription& f = font_->description();
     switch (id) {

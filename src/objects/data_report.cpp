@@ -76,22 +76,6 @@ Variant collectionMember(const MemberCall& call, const std::shared_ptr<const Own
     return Variant(Collection::item(*owner, items, named, args[0]));
 }
 
-Variant twips(const MemberCall& call, double& field, bool mayBeNegative) {
-    return property(
-        call, [&] { return Variant(field); },
-        [&](const Variant& v) {
-            const double value = doubleValue(v);
-            if (!(value >= (mayBeNegative ? -2147483648.0 : 0.0) && value <= 2147483647.0))
-                raise(err::InvalidPropertyValue);
-            field = value;
-        });
-}
-
-Variant flag(const MemberCall& call, bool& field) {
-    return property(
-        call, [&] { return Variant(Boolean(field)); }, [&](const Variant& v) { field = booleanValue(v).isTrue(); });
-}
-
 Variant text(const MemberCall& call, String& field) {
     return property(
         call, [&] { return Variant(field); }, [&](const Variant& v) { field = textValue(v); });
@@ -134,11 +118,11 @@ bool ReportControl::hasMember(int id) const {
 Variant ReportControl::dispatch(int id, const MemberCall& call) {
     switch (id) {
         case CName: return readOnlyProperty(call, [&] { return Variant(name_); });
-        case CVisible: return flag(call, visible);
-        case CLeft: return twips(call, left, true);
-        case CTop: return twips(call, top, true);
-        case CWidth: return twips(call, width, false);
-        case CHeight: return twips(call, height, false);
+        case CVisible: return flagProperty(call, visible);
+        case CLeft: return twipsProperty(call, left, true);
+        case CTop: return twipsProperty(call, top, true);
+        case CWidth: return twipsProperty(call, width, false);
+        case CHeight: return twipsProperty(call, height, false);
         case CDataMember: return text(call, dataMember);
         case CDataField: return text(call, dataField);
         case CCaption: return text(call, caption);
@@ -173,8 +157,8 @@ const MemberTable& ReportSection::members() const {
 Variant ReportSection::dispatch(int id, const MemberCall& call) {
     switch (id) {
         case SName: return readOnlyProperty(call, [&] { return Variant(name_); });
-        case SVisible: return flag(call, visible);
-        case SHeight: return twips(call, height, false);
+        case SVisible: return flagProperty(call, visible);
+        case SHeight: return twipsProperty(call, height, false);
         case SControls:
             return collectionMember<ControlCollectionOfSection>(
                 call, std::static_pointer_cast<const ReportSection>(shared_from_this()), &ReportSection::controls,

@@ -16,10 +16,6 @@ const MemberTable& Font::members() const {
 }
 
 Variant Font::dispatch(int id, const MemberCall& call) {
-    auto flag = [&](bool& field) {
-        return property(
-            call, [&] { return Variant(Boolean(field)); }, [&](const Variant& v) { field = booleanValue(v).isTrue(); });
-    };
     switch (id) {
         case Name:
             return property(
@@ -32,10 +28,10 @@ Variant Font::dispatch(int id, const MemberCall& call) {
                     if (!(size > 0 && size <= 2160)) raise(err::InvalidPropertyValue);
                     d_.size = size;
                 });
-        case Bold: return flag(d_.bold);
-        case Italic: return flag(d_.italic);
-        case Underline: return flag(d_.underline);
-        case Strikethrough: return flag(d_.strikethrough);
+        case Bold: return flagProperty(call, d_.bold);
+        case Italic: return flagProperty(call, d_.italic);
+        case Underline: return flagProperty(call, d_.underline);
+        case Strikethrough: return flagProperty(call, d_.strikethrough);
     }
     raiseNoSuchMember();
 }

@@ -50,14 +50,7 @@ Variant Form::dispatch(int id, const MemberCall& call) {
                 return Variant(
                     ObjectRef(std::make_shared<ControlCollection>(std::static_pointer_cast<Form>(shared_from_this()))));
             });
-        case ScaleMode:
-            return property(
-                call, [&] { return Variant(scaleMode); },
-                [&](const Variant& v) {
-                    const auto mode = integerValue(v);
-                    if (mode < 0 || mode > 7) raise(err::InvalidPropertyValue);
-                    scaleMode = mode;
-                });
+        case ScaleMode: return scaleModeProperty(call, scaleMode);
         case Changed:
             return property(
                 call, [&] { return Variant(Boolean(changed)); },

@@ -55,4 +55,30 @@ std::int32_t sizeValue(const Variant& v) {
     return n;
 }
 
+Variant flagProperty(const MemberCall& call, bool& field) {
+    return property(
+        call, [&] { return Variant(Boolean(field)); }, [&](const Variant& v) { field = booleanValue(v).isTrue(); });
+}
+
+Variant twipsProperty(const MemberCall& call, double& field, bool mayBeNegative) {
+    return property(
+        call, [&] { return Variant(field); },
+        [&](const Variant& v) {
+            const double twips = doubleValue(v);
+            if (!(twips >= (mayBeNegative ? -2147483648.0 : 0.0) && twips <= 2147483647.0))
+                raise(err::InvalidPropertyValue);
+            field = twips;
+        });
+}
+
+Variant scaleModeProperty(const MemberCall& call, std::int16_t& field) {
+    return property(
+        call, [&] { return Variant(field); },
+        [&](const Variant& v) {
+            const auto mode = integerValue(v);
+            if (mode < 0 || mode > 7) raise(err::InvalidPropertyValue);
+            field = mode;
+        });
+}
+
 }  // namespace telvaro::objects

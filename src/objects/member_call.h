@@ -60,6 +60,13 @@ Variant property(const MemberCall& call, Get get, Set set) {
     return get();
 }
 
+// The property shapes the controls share: a Boolean, a position or size in
+// twips (error 380 outside a Long; negative only where `mayBeNegative`), and
+// a ScaleMode (error 380 outside 0 to 7).
+Variant flagProperty(const MemberCall& call, bool& field);
+Variant twipsProperty(const MemberCall& call, double& field, bool mayBeNegative);
+Variant scaleModeProperty(const MemberCall& call, std::int16_t& field);
+
 // A read-only property without indices.
 template <typename Get>
 Variant readOnlyProperty(const MemberCall& call, Get get) {

@@ -39,25 +39,14 @@ std::shared_ptr<Picture> PictureBox::image() {
 
 Variant PictureBox::dispatch(int id, const MemberCall& call) {
     if (id < CommonMemberCount) return dispatchCommon(id, call);
-    auto flag = [&](bool& field) {
-        return property(
-            call, [&] { return Variant(Boolean(field)); }, [&](const Variant& v) { field = booleanValue(v).isTrue(); });
-    };
     switch (id - CommonMemberCount) {
         case PictureMember:
             return property(
                 call, [&] { return Variant(picture_); }, [&](const Variant& v) { picture_ = objectValue(v); });
         case Image: return readOnlyProperty(call, [&] { return Variant(ObjectRef(image())); });
-        case AutoRedraw: return flag(autoRedraw);
-        case AutoSize: return flag(autoSize);
-        case ScaleMode:
-            return property(
-                call, [&] { return Variant(scaleMode); },
-                [&](const Variant& v) {
-                    const auto mode = integerValue(v);
-                    if (mode < 0 || mode > 7) raise(err::InvalidPropertyValue);
-                    scaleMode = mode;
-                });
+        case AutoRedraw: return flagProperty(call, autoRedraw);
+        case AutoSize: return flagProperty(call, autoSize);
+        case ScaleMode: return scaleModeProperty(call, scaleMode);
         case HDC: return readOnlyProperty(call, [&] { return Variant(hdc_); });
         case Cls: call.arguments(0, 0); return image_.reset(), Variant();
     }
