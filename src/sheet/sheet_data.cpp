@@ -75,27 +75,11 @@ std::uint64_t SheetData::rulesCovering(std::int32_t row, std::int32_t column) co
     return mask;
 }
 
+// A place no rule covers starts with its column's style; one a rule covers,
+// with every change that covers it, applied to the default look in order.
 StyleId SheetData::startingStyle(std::int32_t row, std::int32_t column) const {
-    const std::uint64_t rules = rules_.empty() ? 0 : rulesCovering(row, column);
-    return rules == 0 ? columnStyle(column) : foldedStyle(column, rules);
-}
-
-// The column's own changes and the covering rules, applied to the default
-// look in the order they were given.
-StyleId SheetData::foldedStyle(std::int32_t column, std::uint64_t rules) const {
-    const auto key = std::make_pair(column, rules);
-    if (auto it = folded_.find(key); it != folded_.end()) return it->second;
-    std::vector<std::pair<std::uint32_t, const StyleChange*>> changes;
-    if (auto it = columns_.find(column); it != columns_.end())
-        for (const auto& [order, change] : it->second.changes) changes.emplace_back(order, &change);
-    for (std::size_t i = 0; i < rules_.size(); ++i)
-        if (rules & (std::uint64_t{1} << i)) changes.emplace_back(rules_[i].order, &rules_[i].change);
-    std::sort(changes.begin(), changes.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    CellStyle style;
-    for (const auto& entry : changes) (*entry.second)(style);
-    const StyleId id = styles_.intern(style);
-    folded_.emplace(key, id);
-    return id;
+    if (rules_.empty() || rulesCovering(row, column) == 0) return columnStyle(column);
+    return pendingStyle(kDefaultStyle, row, column, 0);
 }
 
 Cell& SheetData::cellAt(std::int32_t row, std::int32_t column) {
@@ -355,7 +339,6 @@ void SheetData::restyle(const CellBlock& block, const StyleChange& change) {
             info.style = changes(info.style);
             info.changes.emplace_back(order, change);
         }
-        folded_.clear();
         pending_.clear();
         restyleHeldCells(block, change);
         return;
@@ -421,7 +404,7 @@ std::size_t SheetData::memoryInUse() const {
     std::size_t bytes = rows_.memoryInUse() + styles_.size() * sizeof(CellStyle) * 3;
     for (const std::string& page : texts_) bytes += page.capacity();
     bytes += spills_.capacity() * sizeof(SpillEntry) + readTexts_.capacity() + readCells_.capacity() * sizeof(Cell);
-    bytes += rules_.size() * sizeof(StyleRule) + folded_.size() * 64;
+    bytes += rules_.size() * sizeof(StyleRule) + pending_.size() * 64;
     for (const auto& [column, info] : columns_) bytes += sizeof(ColumnInfo) + 48 + info.changes.size() * 48;
     return bytes;
 }

@@ -184,7 +184,6 @@ private:
     std::uint64_t rulesCovering(std::int32_t row, std::int32_t column) const;
     // The style a new cell at the place starts with.
     StyleId startingStyle(std::int32_t row, std::int32_t column) const;
-    StyleId foldedStyle(std::int32_t column, std::uint64_t rules) const;
     void restyleHeldCells(const CellBlock& block, const StyleChange& change);
 
     RowTable rows_;
@@ -195,7 +194,6 @@ private:
     // Interning never changes what a style id means, so looking a style up
     // may add it.
     mutable StyleTable styles_;
-    mutable std::map<std::pair<std::int32_t, std::uint64_t>, StyleId> folded_;
     std::vector<std::string> texts_;
     std::vector<std::uint32_t> pageLive_;  // text cells held per page
 
