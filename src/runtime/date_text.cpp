@@ -6,11 +6,16 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <functional>
+#include <iterator>
+#include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "runtime/convert.h"
 #include "runtime/error.h"
+#include "runtime/regional.h"
 #include "runtime/text.h"
 
 namespace telvaro {
@@ -62,36 +67,98 @@ constexpr StringView kSpanishMonths[] = {u"enero", u"febrero", u"marzo",      u"
                                          u"julio", u"agosto",  u"septiembre", u"octubre", u"noviembre", u"diciembre"};
 constexpr StringView kSpanishDays[] = {u"domingo", u"lunes", u"martes", u"miércoles", u"jueves", u"viernes", u"sábado"};
 
-// Equal without regard to case; the lengths are compared here first, since
-// most words tried against the names differ in length.
-bool sameName(StringView word, StringView name) { return word.size() == name.size() && textEquals(word, name); }
+// The words a date may hold besides numbers, folded for case, with what each
+// stands for: the regional month names and abbreviations, the Spanish and
+// English month names or their first three letters, "setiembre" and "set"
+// (the other Spanish spelling of September), and the same for the days. A
+// word then takes one look-up however many names there are.
+class DateWords {
+public:
+    static constexpr int kDay = 13;
 
-// A full name or its first three letters.
-bool namesMatch(StringView word, StringView name) {
-    if (sameName(word, name)) return true;
-    return word.size() == 3 && name.size() > 3 && textEquals(word, name.substr(0, 3));
-}
-
-int monthFromName(StringView word, const RegionalSettings& s) {
-    for (int m = 0; m < 12; ++m) {
-        const auto i = static_cast<std::size_t>(m);
-        if (sameName(word, s.monthNames[i]) || sameName(word, s.monthAbbreviations[i]) ||
-            namesMatch(word, kSpanishMonths[m]) || namesMatch(word, kEnglishMonths[m]))
-            return m + 1;
+    explicit DateWords(const RegionalSettings& s) {
+        // Added from the weakest claim to the strongest, each overwriting:
+        // a month beats a day of the same name, an earlier month a later one.
+        for (std::size_t d = 0; d < 7; ++d) {
+            add(s.dayNames[d], kDay);
+            add(s.dayAbbreviations[d], kDay);
+            addWithShortForm(kSpanishDays[d], kDay);
+            addWithShortForm(kEnglishDays[d], kDay);
+        }
+        add(u"setiembre", 9);
+        add(u"set", 9);
+        for (int m = 11; m >= 0; --m) {
+            const auto i = static_cast<std::size_t>(m);
+            addWithShortForm(kEnglishMonths[m], m + 1);
+            addWithShortForm(kSpanishMonths[m], m + 1);
+            add(s.monthAbbreviations[i], m + 1);
+            add(s.monthNames[i], m + 1);
+        }
     }
-    // "setiembre", the other Spanish spelling of September.
-    if (textEquals(word, u"setiembre") || textEquals(word, u"set")) return 9;
-    return 0;
-}
 
-bool isDayName(StringView word, const RegionalSettings& s) {
-    for (std::size_t d = 0; d < 7; ++d) {
-        if (sameName(word, s.dayNames[d]) || sameName(word, s.dayAbbreviations[d]) ||
-            namesMatch(word, kSpanishDays[d]) || namesMatch(word, kEnglishDays[d]))
-            return true;
+    // 1 to 12 for a month, kDay for a day, 0 for neither.
+    int lookUp(StringView word) const {
+        if (word.size() > longest_) return 0;
+        char16_t small[24];
+        String large;
+        char16_t* key = small;
+        if (word.size() > std::size(small)) {
+            large.resize(word.size());
+            key = large.data();
+        }
+        for (std::size_t i = 0; i < word.size(); ++i) key[i] = foldCase(word[i]);
+        const auto it = words_.find(StringView(key, word.size()));
+        return it == words_.end() ? 0 : it->second;
     }
-    return false;
-}
+
+private:
+    void add(StringView name, int meaning) {
+        if (name.empty()) return;
+        String key(name);
+        for (auto& c : key) c = foldCase(c);
+        words_[key] = meaning;
+        longest_ = std::max(longest_, key.size());
+    }
+    // A full name or its first three letters.
+    void addWithShortForm(StringView name, int meaning) {
+        if (name.size() > 3) add(name.substr(0, 3), meaning);
+        add(name, meaning);
+    }
+
+    // Looked up by a view of the folded word, without making a String.
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(StringView v) const { return std::hash<StringView>{}(v); }
+    };
+    std::unordered_map<String, int, Hash, std::equal_to<>> words_;
+    std::size_t longest_ = 0;
+};
+
+// The words of the configuration in force are kept until it changes; any
+// other configuration has its words made for the one reading.
+class DateWordsFor {
+public:
+    explicit DateWordsFor(const RegionalSettings& s) {
+        if (&s != &regional()) {
+            own_.emplace(s);
+            words_ = &*own_;
+            return;
+        }
+        thread_local std::optional<DateWords> kept;
+        thread_local std::uint64_t keptVersion = 0;
+        const std::uint64_t version = regionalVersion();
+        if (!kept || keptVersion != version) {
+            kept.emplace(s);
+            keptVersion = version;
+        }
+        words_ = &*kept;
+    }
+    const DateWords& operator*() const { return *words_; }
+
+private:
+    std::optional<DateWords> own_;
+    const DateWords* words_ = nullptr;
+};
 
 // "AM", "PM", "A", "P", "a.m.", "p. m." (any case) at position i, ending at
 // a word boundary. Returns 1 for AM, 2 for PM, 0 for none, and moves i past.
@@ -168,6 +235,7 @@ bool readTime(StringView t, std::size_t& i, int hour, const Separators& marks, D
 
 bool tokenize(StringView t, const RegionalSettings& s, DateText& p) {
     const Separators marks(s);
+    const DateWordsFor words(s);
     std::size_t i = 0;
     bool numberJustBefore = false;
     while (i < t.size()) {
@@ -188,7 +256,8 @@ bool tokenize(StringView t, const RegionalSettings& s, DateText& p) {
             std::size_t end = i;
             while (end < t.size() && isLetter(t[end])) ++end;
             const StringView word = t.substr(i, end - i);
-            if (const int m = monthFromName(word, s)) {
+            const int meaning = (*words).lookUp(word);
+            if (const int m = meaning == DateWords::kDay ? 0 : meaning) {
                 for (const auto& piece : p.pieces)
                     if (piece.monthName) return false;
                 p.pieces.push_back({true, m, 0});
@@ -204,7 +273,7 @@ bool tokenize(StringView t, const RegionalSettings& s, DateText& p) {
                 continue;
             }
             const bool isoT = word.size() == 1 && (c == u'T' || c == u't') && end < t.size() && isDigit(t[end]);
-            if (isoT || textEquals(word, u"de") || textEquals(word, u"del") || isDayName(word, s)) {
+            if (isoT || textEquals(word, u"de") || textEquals(word, u"del") || meaning == DateWords::kDay) {
                 i = end;
                 numberJustBefore = false;
                 continue;
@@ -326,6 +395,9 @@ std::optional<Ymd> withMonthName(const std::vector<Piece>& pieces) {
 }  // namespace
 
 std::optional<double> parseDate(StringView text, const RegionalSettings& settings) {
+    // Every date and every time has a number in it: a month name alone is no
+    // date and a designator needs an hour. Most texts tried are names.
+    if (std::none_of(text.begin(), text.end(), isDigit)) return std::nullopt;
     DateText p;
     if (!tokenize(text, settings, p)) return std::nullopt;
     if (p.hasTime && (p.hour > 23 || p.minute > 59 || p.second > 59)) return std::nullopt;

@@ -1,5 +1,6 @@
 #include "runtime/regional.h"
 
+#include <atomic>
 #include <mutex>
 
 namespace telvaro {
@@ -44,10 +45,17 @@ RegionalSettings& current() {
 
 const RegionalSettings& regional() { return current(); }
 
+namespace {
+std::atomic<std::uint64_t> changes{0};
+}  // namespace
+
 void setRegional(RegionalSettings settings) {
     std::lock_guard lock(regionalMutex);
     current() = std::move(settings);
+    changes.fetch_add(1, std::memory_order_release);
 }
+
+std::uint64_t regionalVersion() { return changes.load(std::memory_order_acquire); }
 
 RegionalScope::RegionalScope(RegionalSettings settings) : saved_(regional()) { setRegional(std::move(settings)); }
 RegionalScope::~RegionalScope() { setRegional(std::move(saved_)); }

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 
 #include "runtime/ustring.h"
 
@@ -52,6 +53,9 @@ struct RegionalSettings {
 // The configuration in force. Conversions and Format read it on every call.
 const RegionalSettings& regional();
 void setRegional(RegionalSettings settings);
+// Counts the changes of the configuration in force, so what is made from
+// it can be kept until it changes.
+std::uint64_t regionalVersion();
 
 // Puts a configuration in force for the lifetime of the guard (tests, and
 // the batch protocol's per-request settings).
