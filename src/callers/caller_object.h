@@ -32,9 +32,16 @@ protected:
     void put(StringView member, std::vector<Variant> indices, const Variant& value) const {
         object_.put(member, std::move(indices), value);
     }
+    void put(StringView member, std::initializer_list<Variant> indices, Variant value) const {
+        object_.put(member, indices, std::move(value));
+    }
+    Variant get(StringView member, std::initializer_list<Variant> indices) const {
+        return object_.get(member, indices);
+    }
     Variant call(StringView member, std::vector<Variant> args = {}) const {
         return object_.call(member, std::move(args));
     }
+    Variant call(StringView member, std::initializer_list<Variant> args) const { return object_.call(member, args); }
 
 private:
     ObjectHandle object_;

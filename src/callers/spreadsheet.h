@@ -39,8 +39,8 @@ public:
         return SheetRange(get(u"Cells", {row, column}));
     }
     // Cells(row, column) = value: the value goes to the cell as typed.
-    void setCell(const Variant& row, const Variant& column, const Variant& value) const {
-        put(u"Cells", {row, column}, value);
+    void setCell(const Variant& row, const Variant& column, Variant value) const {
+        put(u"Cells", {row, column}, std::move(value));
     }
     // Columns("B").
     SheetRange columns(const Variant& letter) const { return SheetRange(get(u"Columns", {letter})); }

@@ -1,5 +1,8 @@
 #include "runtime/object.h"
 
+#include <algorithm>
+#include <array>
+
 #include "runtime/error.h"
 
 namespace telvaro {
@@ -21,6 +24,41 @@ void Object::put(StringView member, std::vector<Variant> indices, const Variant&
 }
 
 Variant Object::call(StringView member, std::vector<Variant> args) { return invoke(member, InvokeKind::Method, args); }
+
+namespace {
+
+// Up to this many arguments live on the stack; a longer list goes to the heap.
+constexpr std::size_t kFewArguments = 4;
+
+// Invokes with the listed arguments and then `last` when given, copied into
+// one array (a member may write into its arguments, so they are copies).
+Variant invokeListed(Object& object, StringView member, InvokeKind kind, std::initializer_list<Variant> listed,
+                     Variant* last) {
+    const std::size_t count = listed.size() + (last ? 1 : 0);
+    if (count > kFewArguments) {
+        std::vector<Variant> args(listed);
+        if (last) args.push_back(std::move(*last));
+        return object.invoke(member, kind, args);
+    }
+    std::array<Variant, kFewArguments> args;
+    std::copy(listed.begin(), listed.end(), args.begin());
+    if (last) args[listed.size()] = std::move(*last);
+    return object.invoke(member, kind, std::span<Variant>(args.data(), count));
+}
+
+}  // namespace
+
+Variant Object::get(StringView member, std::initializer_list<Variant> indices) {
+    return invokeListed(*this, member, InvokeKind::PropertyGet, indices, nullptr);
+}
+
+void Object::put(StringView member, std::initializer_list<Variant> indices, Variant value) {
+    invokeListed(*this, member, InvokeKind::PropertyPut, indices, &value);
+}
+
+Variant Object::call(StringView member, std::initializer_list<Variant> args) {
+    return invokeListed(*this, member, InvokeKind::Method, args, nullptr);
+}
 
 Variant Object::call(StringView member, std::span<Variant> args) { return invoke(member, InvokeKind::Method, args); }
 

@@ -4,6 +4,7 @@
 // object without the member raises error 438.
 #pragma once
 
+#include <initializer_list>
 #include <memory>
 #include <span>
 #include <vector>
@@ -26,12 +27,17 @@ public:
     // The runtime's TypeName of the object ("TextBox", "Recordset", ...).
     virtual String typeName() const { return u"Object"; }
 
-    // Conveniences that read like the member access they perform.
+    // Conveniences that read like the member access they perform. Those
+    // given a braced list of a few arguments build them on the stack: the
+    // per-cell and per-field calls of the exports and grid fills are many.
     Variant get(StringView member);
     Variant get(StringView member, std::vector<Variant> indices);
+    Variant get(StringView member, std::initializer_list<Variant> indices);
     void put(StringView member, const Variant& value);
     void put(StringView member, std::vector<Variant> indices, const Variant& value);
+    void put(StringView member, std::initializer_list<Variant> indices, Variant value);
     Variant call(StringView member, std::vector<Variant> args = {});
+    Variant call(StringView member, std::initializer_list<Variant> args);
     Variant call(StringView member, std::span<Variant> args);
 };
 
@@ -51,13 +57,20 @@ public:
     Variant get(StringView member, std::vector<Variant> indices) const {
         return object_->get(member, std::move(indices));
     }
+    Variant get(StringView member, std::initializer_list<Variant> indices) const {
+        return object_->get(member, indices);
+    }
     void put(StringView member, const Variant& value) const { object_->put(member, value); }
     void put(StringView member, std::vector<Variant> indices, const Variant& value) const {
         object_->put(member, std::move(indices), value);
     }
+    void put(StringView member, std::initializer_list<Variant> indices, Variant value) const {
+        object_->put(member, indices, std::move(value));
+    }
     Variant call(StringView member, std::vector<Variant> args = {}) const {
         return object_->call(member, std::move(args));
     }
+    Variant call(StringView member, std::initializer_list<Variant> args) const { return object_->call(member, args); }
     Variant call(StringView member, std::span<Variant> args) const { return object_->call(member, args); }
     Variant invoke(StringView member, InvokeKind kind, std::span<Variant> args) const {
         return object_->invoke(member, kind, args);

@@ -55,7 +55,12 @@ String fromUtf8(std::string_view in) {
 
 std::string toUtf8(StringView in) {
     std::string out;
-    out.reserve(in.size());
+    appendUtf8(out, in);
+    return out;
+}
+
+void appendUtf8(std::string& out, StringView in) {
+    out.reserve(out.size() + in.size());
     for (std::size_t i = 0; i < in.size(); ++i) {
         char32_t cp = in[i];
         if (cp >= 0xD800 && cp <= 0xDBFF && i + 1 < in.size() && in[i + 1] >= 0xDC00 && in[i + 1] <= 0xDFFF) {
@@ -80,7 +85,6 @@ std::string toUtf8(StringView in) {
             out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
         }
     }
-    return out;
 }
 
 String ascii(std::string_view text) { return String(text.begin(), text.end()); }

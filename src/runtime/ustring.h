@@ -14,6 +14,8 @@ using StringView = std::u16string_view;
 // Invalid UTF-8 bytes become U+FFFD; lone surrogates become U+FFFD in UTF-8.
 String fromUtf8(std::string_view utf8);
 std::string toUtf8(StringView text);
+// The same, added to the end of `out` (a buffer kept for reuse).
+void appendUtf8(std::string& out, StringView text);
 
 // ASCII-only helpers for building texts from numbers and literals.
 String ascii(std::string_view text);
