@@ -1,11 +1,28 @@
 // A caller's recordset and connection, with the members the database
 // methods use. Fields are reached through the recordset's Fields
-// collection: `field(0)` and `field(u"UCodi")` give the field's Value.
+// collection: `fieldValue(0)` and `fieldValue(u"UCodi")` give the field's Value.
 #pragma once
 
 #include "callers/caller_object.h"
 
 namespace telvaro::callers {
+
+// A field of a recordset and the recordset's Fields collection. Both follow
+// the current record: a Field fetched on one record gives the Value of
+// whichever record is current when it is read.
+class RecordField : public CallerObject {
+public:
+    using CallerObject::CallerObject;
+    Variant value() const { return get(u"Value"); }
+    Variant name() const { return get(u"Name"); }
+};
+
+class RecordFields : public CallerObject {
+public:
+    using CallerObject::CallerObject;
+    Variant count() const { return get(u"Count"); }
+    RecordField item(const Variant& key) const { return RecordField(call(u"Item", {key})); }
+};
 
 class Recordset : public CallerObject {
 public:
@@ -29,15 +46,13 @@ public:
     Variant dataMember() const { return get(u"DataMember"); }
 
     // The Fields collection and its members.
-    Variant fieldCount() const { return fields().get(u"Count"); }
+    RecordFields fields() const { return RecordFields(get(u"Fields")); }
+    Variant fieldCount() const { return fields().count(); }
     // Fields(key) itself: the field object (for passing on as the value it
     // stands for).
-    Variant fieldObject(const Variant& key) const { return fields().call(u"Item", {key}); }
-    Variant fieldName(const Variant& key) const { return objectOf(fieldObject(key)).get(u"Name"); }
-    Variant fieldValue(const Variant& key) const { return objectOf(fieldObject(key)).get(u"Value"); }
-
-private:
-    ObjectHandle fields() const { return objectOf(get(u"Fields")); }
+    Variant fieldObject(const Variant& key) const { return fields().item(key).asVariant(); }
+    Variant fieldName(const Variant& key) const { return fields().item(key).name(); }
+    Variant fieldValue(const Variant& key) const { return fields().item(key).value(); }
 };
 
 class Connection : public CallerObject {

@@ -99,15 +99,24 @@ void EscribeHojaRecordset(Fun& fun, const callers::Recordset& Registro, const st
     progress.start(Variant(recordCount));
 
     // 8. One sheet row per record. A failing end test or move ends the walk:
-    // with errors ignored it must still come to an end.
+    // with errors ignored it must still come to an end. The Fields
+    // collection and its Field objects follow the current record, so each is
+    // fetched once (again on a later record when fetching it failed).
+    std::optional<callers::RecordFields> fields;
+    std::vector<std::optional<callers::RecordField>> columnFields;
     while (!onError.value([&] { return toBoolean(Registro.eof()).isTrue(); }).value_or(true)) {
-        const std::int32_t fieldCount = onError.value([&] { return toLong(Registro.fieldCount()); }).value_or(0);
+        if (!fields) onError([&] { fields = Registro.fields(); });
+        const std::int32_t fieldCount = onError.value([&] { return toLong(needed(fields).count()); }).value_or(0);
+        if (columnFields.size() < static_cast<std::size_t>(fieldCount))
+            columnFields.resize(static_cast<std::size_t>(fieldCount));
         for (std::int32_t j = 0; j < fieldCount; ++j) {
             onError([&] {
-                Variant value = Registro.fieldValue(Variant(j));
+                auto& field = columnFields[static_cast<std::size_t>(j)];
+                if (!field) field = needed(fields).item(Variant(j));
+                Variant value = field->value();
                 // What reads as a date keeps the database's text.
                 if (isDate(value)) value = Variant(u"'" + toString(value));
-                needed(sheet).setCell(Variant(sheetRow), Variant(j + 2), value);
+                needed(sheet).setCell(Variant(sheetRow), Variant(j + 2), std::move(value));
             });
         }
         bool moved = false;
