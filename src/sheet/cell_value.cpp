@@ -1,6 +1,5 @@
 #include "sheet/cell_value.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "runtime/convert.h"
@@ -26,7 +25,7 @@ CellValue dateValue(double serial) {
     return v;
 }
 
-CellValue textValue(const String& text) {
+CellValue textValue(StringView text) {
     CellValue v;
     if (text.empty()) return v;
     if (text.size() > kMaxCellText) raiseSheetError();
@@ -37,18 +36,15 @@ CellValue textValue(const String& text) {
         return v;
     }
     // The runtime's "&H" and "&O" numbers are not numbers to the sheet.
-    const bool radixPrefixed = ltrim(text).starts_with(u'&');
+    const auto first = text.find_first_not_of(u' ');
+    const bool radixPrefixed = first != StringView::npos && text[first] == u'&';
     if (text.size() <= kLongestReadableText && !radixPrefixed) {
         if (auto number = parseNumber(text)) {
             v.kind = CellKind::Number;
             v.number = *number;
             return v;
         }
-        // Every date has a digit somewhere; most texts without one are names.
-        const bool hasDigit = std::any_of(text.begin(), text.end(), [](char16_t c) { return c >= u'0' && c <= u'9'; });
-        if (hasDigit) {
-            if (auto serial = parseDate(text, regional())) return dateValue(*serial);
-        }
+        if (auto serial = parseDate(text, regional())) return dateValue(*serial);
     }
     v.kind = CellKind::Text;
     v.text = text;

@@ -21,12 +21,13 @@ inline constexpr std::size_t kMaxCellText = 32767;
 struct CellValue {
     CellKind kind = CellKind::Blank;
     double number = 0;                         // Number (a date's serial), Boolean (1 or 0)
-    String text;                               // Text
+    StringView text;                           // Text: a view of the assigned value's own text
     NumberShape shape = NumberShape::General;  // Date or DateTime for dates
 };
 
 // Error 13 for arrays and error values, error 1004 for a text longer than a
-// cell holds, error 91 for Nothing.
+// cell holds, error 91 for Nothing. A text is viewed, not copied: the
+// answer is good while `value` is.
 CellValue cellValueOf(const Variant& value);
 
 }  // namespace telvaro::sheet

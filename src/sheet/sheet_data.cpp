@@ -229,7 +229,14 @@ StyleId SheetData::pendingStyle(StyleId style, std::int32_t row, std::int32_t co
         info != columns_.end() && !info->second.changes.empty() && info->second.changes.back().first >= since;
     if (rules == 0 && !columnChanged) return style;
     const auto key = std::make_tuple(style, column, rules, since);
-    if (auto it = pending_.find(key); it != pending_.end()) return it->second;
+    // Cells made in order mostly ask what the cell above asked.
+    const auto place = static_cast<std::size_t>(column);
+    if (place < lastPending_.size() && lastPending_[place].first == key) return lastPending_[place].second;
+    if (place >= lastPending_.size()) lastPending_.resize(place + 1, {std::make_tuple(kDefaultStyle, 0, 0, 0), 0});
+    if (auto it = pending_.find(key); it != pending_.end()) {
+        lastPending_[place] = {key, it->second};
+        return it->second;
+    }
     std::vector<std::pair<std::uint32_t, const StyleChange*>> changes;
     if (columnChanged)
         for (const auto& [order, change] : info->second.changes)
@@ -270,10 +277,11 @@ void SheetData::releaseText(const Cell& cell) {
 void SheetData::store(Cell& cell, const CellValue& value) {
     releaseText(cell);
     if (value.kind == CellKind::Text) {
-        std::string utf8 = toUtf8(value.text);
-        if (utf8.size() > std::numeric_limits<std::uint32_t>::max() / 2) raise(err::OutOfMemory);
-        cell.text.offset = storeText(utf8);
-        cell.text.length = static_cast<std::uint32_t>(utf8.size());
+        utf8_.clear();
+        appendUtf8(utf8_, value.text);
+        if (utf8_.size() > std::numeric_limits<std::uint32_t>::max() / 2) raise(err::OutOfMemory);
+        cell.text.offset = storeText(utf8_);
+        cell.text.length = static_cast<std::uint32_t>(utf8_.size());
     } else {
         cell.number = value.number;
     }
@@ -340,6 +348,7 @@ void SheetData::restyle(const CellBlock& block, const StyleChange& change) {
             info.changes.emplace_back(order, change);
         }
         pending_.clear();
+        lastPending_.clear();
         restyleHeldCells(block, change);
         return;
     }

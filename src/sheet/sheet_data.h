@@ -195,6 +195,7 @@ private:
     // may add it.
     mutable StyleTable styles_;
     std::vector<std::string> texts_;
+    std::string utf8_;                     // a text being stored, in UTF-8: one buffer for them all
     std::vector<std::uint32_t> pageLive_;  // text cells held per page
 
     std::filesystem::path spillFolder_;
@@ -203,7 +204,9 @@ private:
     std::size_t heldCells_ = 0;
     std::size_t spillScan_ = 0;  // rows below are away or empty
     std::vector<SpillEntry> spills_;
-    mutable std::map<std::tuple<StyleId, std::int32_t, std::uint64_t, std::uint32_t>, StyleId> pending_;
+    using PendingKey = std::tuple<StyleId, std::int32_t, std::uint64_t, std::uint32_t>;
+    mutable std::map<PendingKey, StyleId> pending_;
+    mutable std::vector<std::pair<PendingKey, StyleId>> lastPending_;  // by column: the last answer
     mutable std::vector<Cell> readCells_;
     mutable std::vector<char> readTexts_;
 };

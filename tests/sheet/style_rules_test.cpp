@@ -51,9 +51,10 @@ TEST(SheetLooks, EveryPlaceShowsItsChangesInOrder) {
             const int what = pick(0, 9);
             if (what <= 2) {
                 const int r = pick(1, kRows), c = pick(1, kColumns);
+                const String text = u"t" + String(static_cast<std::size_t>(r % 7), u'x') + u"ñ";
                 CellValue value;
                 value.kind = CellKind::Text;
-                value.text = u"t" + String(static_cast<std::size_t>(r % 7), u'x') + u"ñ";
+                value.text = text;
                 sheet.setValue(r, c, value);
                 texts[{r, c}] = toUtf8(value.text);
                 held.emplace(r, c);
