@@ -6,6 +6,7 @@
 #include "com/dispatch_object.h"
 #include "host/default_platform.h"
 #include "host/exported_sheets.h"
+#include "platform/message_box.h"
 #include "runtime/error.h"
 #include "runtime/text.h"
 
@@ -31,9 +32,15 @@ ObjectRef ComObjectFactory::create(StringView progId) {
     const String name(progId);
     if (ObjectRef installed = createInstalled(name)) return installed;
     // No spreadsheet application installed: the embedded one writes the
-    // workbooks into the user's exports folder.
+    // workbooks into the user's exports folder, and tells the user of one it
+    // could not write (the method that exported has already ended its
+    // statements; no error can reach the caller any more).
     if (textEquals(progId, u"Excel.Application"))
-        return host::makeSheetApplication(host::exportsFolder(), host::ExportRecord::NotKept);
+        return host::makeSheetApplication(
+            host::exportsFolder(), host::ExportRecord::NotKept, [](const RuntimeError& failure) {
+                serverPlatform().messageBoxes().show(host::exportFailureMessage(failure),
+                                                     msgbox::OkOnly | msgbox::Exclamation, u"Telvaro");
+            });
     raise(err::CantCreateObject);
 }
 

@@ -16,7 +16,7 @@ ExportReport& report() {
 
 }  // namespace
 
-ObjectRef makeSheetApplication(const std::filesystem::path& folder, ExportRecord record) {
+ObjectRef makeSheetApplication(const std::filesystem::path& folder, ExportRecord record, ExportFailureNotice notice) {
     const bool kept = record == ExportRecord::Kept;
     sheet::SheetOptions options;
     options.folder = folder;
@@ -25,10 +25,15 @@ ObjectRef makeSheetApplication(const std::filesystem::path& folder, ExportRecord
         if (w.visible) file.opened = openExportedWorkbook(w.path);
         if (kept) report().files.push_back(std::move(file));
     };
-    options.failed = [kept](const RuntimeError& e) {
+    options.failed = [kept, notice = std::move(notice)](const RuntimeError& e) {
         if (kept) report().failures.push_back(e);
+        if (notice) notice(e);
     };
     return sheet::SheetApplication::create(std::move(options));
+}
+
+String exportFailureMessage(const RuntimeError& failure) {
+    return u"No se pudo guardar el libro de cálculo: " + failure.description();
 }
 
 ExportReport takeExportReport() { return std::exchange(report(), ExportReport{}); }

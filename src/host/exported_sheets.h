@@ -10,6 +10,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <vector>
 
 #include "runtime/error.h"
@@ -34,8 +35,18 @@ struct ExportReport {
 // to drain it and keeps nothing.
 enum class ExportRecord { Kept, NotKept };
 
+// Told at once of a workbook that could not be written, where nothing is
+// kept: the automation server shows the user a message, so a lost export
+// is never silent.
+using ExportFailureNotice = std::function<void(const RuntimeError&)>;
+
 // A new spreadsheet application writing into `folder`.
-ObjectRef makeSheetApplication(const std::filesystem::path& folder, ExportRecord record = ExportRecord::Kept);
+ObjectRef makeSheetApplication(const std::filesystem::path& folder, ExportRecord record = ExportRecord::Kept,
+                               ExportFailureNotice notice = {});
+
+// The message of a workbook that could not be written: "No se pudo guardar
+// el libro de cálculo: " and the error's description.
+String exportFailureMessage(const RuntimeError& failure);
 
 // The folder the host's applications write into (posix_exports.cpp,
 // win32_exports.cpp): <home>/exports on Linux, the user's
