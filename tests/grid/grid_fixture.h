@@ -32,21 +32,13 @@ inline std::shared_ptr<objects::FlexGrid> makeGrid(const Rows& rows, std::int32_
     return grid;
 }
 
-// The texts of a grid, row by row.
-inline Rows textsOf(const objects::FlexGrid& grid) {
-    Rows rows;
-    for (std::int32_t r = 0; r < grid.rows(); ++r) {
-        rows.emplace_back();
-        for (std::int32_t c = 0; c < grid.cols(); ++c) rows.back().push_back(toUtf8(grid.textMatrix(r, c)));
-    }
-    return rows;
-}
-
-// One column's texts from row 1 down.
-inline std::vector<std::string> columnOf(const objects::FlexGrid& grid, std::int32_t col) {
-    std::vector<std::string> texts;
-    for (std::int32_t r = 1; r < grid.rows(); ++r) texts.push_back(toUtf8(grid.textMatrix(r, col)));
-    return texts;
+// The texts of a grid, cells joined by "," and rows by "/".
+inline std::string joinedTexts(const objects::FlexGrid& grid) {
+    std::string out;
+    for (std::int32_t r = 0; r < grid.rows(); ++r)
+        for (std::int32_t c = 0; c < grid.cols(); ++c)
+            out += (r && !c ? "/" : c ? "," : "") + toUtf8(grid.textMatrix(r, c));
+    return out;
 }
 
 // A value with its type, for comparisons that tell an Integer from a Long.
@@ -60,7 +52,7 @@ inline std::string callsOf(const objects::FlexGrid& grid) {
 }
 
 // Calls `method` with the grid first and then `args`; the by-reference
-// arguments are written back into `args`.
+// arguments are written back and kept for lastArgs().
 class GridMethods : public ::testing::Test {
 protected:
     Variant run(const char* method, const std::shared_ptr<objects::FlexGrid>& grid, std::vector<Variant> args = {}) {
@@ -71,7 +63,9 @@ protected:
     }
     int errorOf(const char* method, const Variant& grid, std::vector<Variant> args = {}) {
         args.insert(args.begin(), grid);
-        return errorNumberOf([&] { invoke(fun_, std::string_view(method), args); });
+        const int error = errorNumberOf([&] { invoke(fun_, std::string_view(method), args); });
+        lastArgs_ = std::move(args);
+        return error;
     }
     int errorOf(const char* method, const std::shared_ptr<objects::FlexGrid>& grid, std::vector<Variant> args = {}) {
         return errorOf(method, Variant(ObjectRef(grid)), std::move(args));
