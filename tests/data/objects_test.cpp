@@ -46,9 +46,10 @@ TEST(Objects, FieldsByOrdinalByNameAndAsTheDefaultMember) {
     };
     // clang-format off
     const Case cases[] = {
-        {Variant(0), Variant(7), 0}, {Variant(std::int16_t(1)), Variant(u"Año Nuevo"), 0}, {Variant(2.0), Variant(12.5), 0},
-        {Variant(u"NOTA"), Variant(Null{}), 0}, {Variant(5), {}, ado::ItemNotFound}, {Variant(-1), {}, ado::ItemNotFound},
-        {Variant(0.5), {}, ado::ItemNotFound}, {Variant(u"apellido"), {}, ado::ItemNotFound},
+        {Variant(0), Variant(7), 0}, {Variant(std::int16_t(1)), Variant(u"Año Nuevo"), 0},
+        {Variant(2.0), Variant(12.5), 0}, {Variant(u"NOTA"), Variant(Null{}), 0}, {Variant(5), {}, ado::ItemNotFound},
+        {Variant(-1), {}, ado::ItemNotFound}, {Variant(0.5), {}, ado::ItemNotFound},
+        {Variant(u"apellido"), {}, ado::ItemNotFound},
     };
     // clang-format on
     for (const auto& c : cases) {

@@ -105,7 +105,7 @@ TEST(GridLoading, EveryFormatCode) {
         {"conditional, numeric text", u"'-2'", u";:debe;:cero;:haber;:nada", "debe"},
         {"conditional, text", u"'abc'", u";:debe;:cero;:haber;:nada", "antes"},
         {"conditional, three sections", u"4", u";a;b;c", "antes", 5},
-        {"conditional cut at its comma: \",\" separates the entries", u"4", u";(#,##0.00);:cero;#,##0.00;:x", "antes", 5},
+        {"conditional cut at its comma (an entry ends there)", u"4", u";(#,##0.00);:cero;#,##0.00;:x", "antes", 5},
     };
     // clang-format on
     for (const auto& c : cases) {

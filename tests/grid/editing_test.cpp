@@ -42,7 +42,7 @@ TEST_F(Editing, EditsTheCells) {
         {"fn_LimpiaAreaGrid", cells, 1, {}, "h,a,b/1,,/2,,/3,,", nullptr},
         {"fn_LimpiaAreaGrid", cells, 1, {I16{0}, I16{2}, I16{1}, I16{-1}, u"o"}, "h,a,o/1,x,o/2,X,/3,z,", nullptr},
         {"fn_NumeraColumnaGrid", numbered, 1, {}, "#,n/1,/2,/3,", nullptr},
-        {"fn_NumeraColumnaGrid", numbered, 1, {I16{0}, I16{2}, I16{-1}, 10.0, -2.5, u")"}, "#,n/a,/10),/7.5),", nullptr},
+        {"fn_NumeraColumnaGrid", numbered, 1, {I16{0}, I16{2}, I16{-1}, 10.0, -2.5, u")"}, "#,n/a,/10),/7.5),", {}},
     };
     // clang-format on
     for (const auto& c : cases) {
