@@ -255,34 +255,23 @@ TEST(BinaryFields, HostilePathsStayUnderTheHomeFolder) {
     fs::remove(outside, ec);
 }
 
+// A PNG through the scratch file, a BMP to a file of the caller's.
 TEST(BinaryFields, AFieldsPictureIsShown) {
     freshScratchFolder();
-    objects::Picture small(3, 2, objects::rgbPixel(200, 10, 10));
-    const Bytes png = objects::encodePicture(small, objects::PictureFileFormat::Png);
-    const Bytes bmp = objects::encodePicture(small, objects::PictureFileFormat::Bmp);
-    struct Case {
-        const char* what;
-        Bytes bytes;
-        std::vector<Variant> extra;
-        const char16_t* file;
-        std::int32_t width, height;
-    };
-    const std::vector<Case> cases = {
-        {"PNG through the scratch file", png, {}, kScratch, 3, 2},
-        {"BMP to a file of the caller's", bmp, {v(u"C:\\windows\\temp\\f.bmp")}, u"C:\\windows\\temp\\f.bmp", 3, 2},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        std::vector<Variant> args = {byteValue(c.bytes)};
-        args.insert(args.end(), c.extra.begin(), c.extra.end());
-        const Outcome out = run("regImgStream", args);
+    const objects::Picture small(3, 2, objects::rgbPixel(200, 10, 10));
+    for (const auto format : {objects::PictureFileFormat::Png, objects::PictureFileFormat::Bmp}) {
+        const Bytes bytes = objects::encodePicture(small, format);
+        const bool png = format == objects::PictureFileFormat::Png;
+        const char16_t* file = png ? kScratch : u"C:\\windows\\temp\\f.bmp";
+        const Outcome out =
+            run("regImgStream", png ? std::vector{byteValue(bytes)} : std::vector{byteValue(bytes), v(file)});
         ASSERT_EQ(out.error, 0) << toUtf8(out.description);
         auto picture = std::dynamic_pointer_cast<objects::Picture>(out.result.object());
         ASSERT_TRUE(picture);
-        EXPECT_EQ(picture->width(), c.width);
-        EXPECT_EQ(picture->height(), c.height);
+        EXPECT_EQ(picture->width(), 3);
+        EXPECT_EQ(picture->height(), 2);
         EXPECT_EQ(picture->pixel(0, 0), objects::rgbPixel(200, 10, 10));
-        EXPECT_TRUE(fileBytes(driveFile(c.file)) == c.bytes);
+        EXPECT_TRUE(fileBytes(driveFile(file)) == bytes);
     }
 }
 

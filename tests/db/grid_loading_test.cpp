@@ -359,41 +359,30 @@ TEST(GridLoading, NumericEmptySearchMarker) {
 
 TEST(GridLoading, Failures) {
     struct Case {
-        const char* what;
-        ObjectRef connection;
         const char16_t* sql;
         const char16_t* campos;
         int error;
         Texts cells;
     };
+    // clang-format off
     const std::vector<Case> cases = {
-        {"a failing statement: the grid untouched",
-         products(),
-         u"SELECT * FROM nada",
-         u"codigo",
-         -2147217900,
-         {"|", "|x"}},
-        {"a text under a date code: the rows before stay",
-         products(),
-         u"SELECT CASE WHEN codigo = 3 THEN 'pronto' ELSE alta END AS alta FROM productos ORDER BY codigo",
-         u"alta|F",
+        {u"SELECT * FROM nada", u"codigo", -2147217900, {"|", "|x"}},  // the grid untouched
+        // A text under a date code: the rows before it stay.
+        {u"SELECT CASE WHEN codigo = 3 THEN 'pronto' ELSE alta END AS alta FROM productos ORDER BY codigo", u"alta|F",
          13,
          {"|", "|15/03/2024", "|01/12/2024", "|"}},
     };
+    // clang-format on
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
         auto grid = newGrid(2, 2);
         grid->setTextMatrix(1, 1, u"x");
         Session session;
-        const Outcome out = fill(session, c.connection, grid, c.sql, c.campos);
+        const Outcome out = fill(session, products(), grid, c.sql, c.campos);
         EXPECT_EQ(out.error, c.error) << toUtf8(out.description);
         EXPECT_EQ(textsOf(*grid), c.cells);
     }
     // Nothing for the grid: 91 once the statement has run.
-    Session session;
-    EXPECT_EQ(
-        session.run("RegLlenaGridRegSql", {Variant(products()), Variant(ObjectRef()), v(kAll), v(u"codigo")}).error,
-        91);
+    EXPECT_EQ(run("RegLlenaGridRegSql", {Variant(products()), Variant(ObjectRef()), v(kAll), v(u"codigo")}).error, 91);
 }
 
 TEST(GridLoading, FrmProgMembers) {
