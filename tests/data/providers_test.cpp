@@ -74,7 +74,6 @@ std::vector<ValueCase> valueCases() {
          blob({0, 255, 65}), DataType::LongVarBinary},
         {"long text, read in pieces", u"SELECT replace(hex(zeroblob(5000)), '00', 'ñ')", u"SELECT repeat('ñ', 5000)",
          Variant(String(5000, u'ñ')), DataType::VarWChar, Variant(String(5000, u'ñ')), DataType::LongVarWChar},
-        {"truth", u"SELECT 1 = 1", nullptr, Variant(1), DataType::Integer, Variant(u"1"), DataType::VarWChar},
         {"date", u"SELECT '2024-02-29'", u"SELECT DATE '2024-02-29'", Variant(u"2024-02-29"), DataType::VarWChar,
          Variant(leapDay), DataType::DBDate},
         {"date and time", u"SELECT '2024-02-29 13:45:30'", u"SELECT TIMESTAMP '2024-02-29 13:45:30'",
@@ -216,7 +215,6 @@ TEST(Providers, ConnectionsThatCannotOpen) {
         {"a driver given as a file", u"Driver=/tmp/libmalo.so;Server=x;", ado::InvalidArgument},
         {"a file data source", u"odbc:FILEDSN=/etc/passwd;", ado::InvalidArgument},
         {"a file in a missing folder", u"Data Source=C:\\falta\\datos.db", ado::ProviderFailure},
-        {"a file outside the drives", u"/etc/datos.db", err::PathFileAccessError},
     };
     for (const auto& c : cases) {
         ObjectRef connection = create(u"ADODB.Connection");
