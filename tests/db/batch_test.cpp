@@ -41,9 +41,6 @@ TEST(DatabaseBatch, RequestsAndTheirAnswers) {
         {"one value",
          R"({"id":1,"method":"regDevuelveDatoCampoSQL","args":[)" + kClients + R"(,"SELECT n FROM c WHERE k=2"]})",
          "/result/value", "Luis"},
-        {"next code", R"({"id":2,"method":"regUltimoCodigo","args":[)" + kClients + R"(,"k","c","1=1",5]})",
-         "/result/value", 8},
-        // One description in two arguments is one connection: the list sees the setup once.
         {"one connection for two lists",
          R"({"id":4,"method":"regCargaListaSQL","args":[)" + kClients +
              R"(,"SELECT k, n FROM c",{"object":"list"},"n",{"object":"list"},"k"]})",
@@ -62,11 +59,7 @@ TEST(DatabaseBatch, RequestsAndTheirAnswers) {
         {"no bytes", R"({"id":3,"method":"regGuardaStream","args":[{"bytes":""},"C:\\windows\\temp\\v.bin"]})",
          "/byref/0", Json{{"type", "Bytes"}, {"value", ""}}},
         {"bad base64", R"({"id":4,"method":"regGuardaStream","args":[{"bytes":"AAE"}]})", "/error/number", 5},
-        {"the detail's text box bound", prepara, "/byref/0/value/sections/Sección3/0/dataMember", "Ventas"},
         {"the footer's function bound", prepara, "/byref/0/value/sections/Sección5/0/dataMember", "Ventas"},
-        {"a report of one section",
-         R"({"id":9,"method":"PreparaReportes","args":[{"object":"report","sections":{"a":[]}},)" + rs + "]}",
-         "/error/number", 9},
         {"a section of no list",
          R"({"id":10,"method":"PreparaReportes","args":[{"object":"report","sections":{"a":1}},)" + rs + "]}",
          "/error/number", 5},

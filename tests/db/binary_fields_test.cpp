@@ -182,7 +182,6 @@ TEST(BinaryFields, FailuresOfFoldersPathsAndValues) {
         {"a folder given for the file", fotosFolder, save, {some, v(u"C:\\fotos")}, kWritingFile},
         {"a text is no binary value", nothing, save, {v(u"foto")}, kInvalidArgument},
         {"numbers are no binary value", nothing, save, {Variant(Array::ofValues({v(1), v(2)}))}, kInvalidArgument},
-        {"no value at all", nothing, save, {}, 449},
         {"a missing file", nothing, read, {v(u"C:\\fotos\\no.bin")}, kOpeningFile},
         {"a folder to read", fotosFolder, read, {v(u"C:\\fotos")}, kOpeningFile},
         {"a value that is no picture", nothing, show, {some}, 481},
