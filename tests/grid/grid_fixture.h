@@ -1,5 +1,5 @@
-// A grid of the library's own, filled from rows of texts, and the call of
-// a grid method on it through the frame, as any face calls it.
+// A grid of the library's own filled from rows of texts, and grid methods
+// called on it through the frame.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,7 +17,6 @@
 namespace telvaro::gridtest {
 
 using Rows = std::vector<std::vector<std::string>>;
-// Integer arguments, as the methods declare them.
 using I16 = std::int16_t;
 
 // A grid with one fixed row and column, its texts row by row.
@@ -41,9 +40,6 @@ inline std::string joinedTexts(const objects::FlexGrid& grid) {
     return out;
 }
 
-// A value with its type, for comparisons that tell an Integer from a Long.
-inline std::string shown(const Variant& v) { return describe(v); }
-
 // The member calls the grid received, in order, one blank between them.
 inline std::string callsOf(const objects::FlexGrid& grid) {
     std::string calls;
@@ -51,8 +47,7 @@ inline std::string callsOf(const objects::FlexGrid& grid) {
     return calls;
 }
 
-// Calls `method` with the grid first and then `args`; the by-reference
-// arguments are written back and kept for lastArgs().
+// Calls `method` with the grid first, then `args`, kept for lastArgs().
 class GridMethods : public ::testing::Test {
 protected:
     Variant run(const char* method, const std::shared_ptr<objects::FlexGrid>& grid, std::vector<Variant> args = {}) {
@@ -67,8 +62,8 @@ protected:
         lastArgs_ = std::move(args);
         return error;
     }
-    int errorOf(const char* method, const std::shared_ptr<objects::FlexGrid>& grid, std::vector<Variant> args = {}) {
-        return errorOf(method, Variant(ObjectRef(grid)), std::move(args));
+    int errorOf(const char* method, const std::shared_ptr<objects::FlexGrid>& g, std::vector<Variant> args = {}) {
+        return errorOf(method, Variant(ObjectRef(g)), std::move(args));
     }
     const std::vector<Variant>& lastArgs() const { return lastArgs_; }
 
