@@ -1,6 +1,5 @@
-// The names a workbook file goes through (sheet/workbook_file.h): the
-// published name is the first free one, a file already there is never
-// replaced, and no temporary name is left behind.
+// A workbook file's names: the first free one is published, a file already
+// there is never replaced, no temporary name is left behind.
 #include "sheet/workbook_file.h"
 
 #include <gtest/gtest.h>
@@ -8,10 +7,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <set>
 #include <sstream>
-#include <string>
 
 #include "runtime/error.h"
 #include "support/support.h"
