@@ -1,6 +1,5 @@
-// What the database method tests share: calls through invoke on a platform
-// with scripted message boxes and a recorded progress form, and connections
-// on the embedded engine and the test server.
+// What the database method tests share: calls on a scripted platform, and
+// connections on the embedded engine and the test server.
 #pragma once
 
 #include <memory>
@@ -23,8 +22,7 @@ struct Outcome {
 };
 
 // Late-bound calls on one platform whose message boxes answer `answers` and
-// whose progress form is recorded; the form stays loaded between the calls
-// of one session, as on one client thread.
+// whose progress form is recorded and stays loaded between the calls.
 class Session {
 public:
     explicit Session(std::vector<int> answers = {});

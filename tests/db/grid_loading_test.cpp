@@ -1,11 +1,10 @@
-// Grids filled from queries: the column list and every format code, the
-// rows cleared and kept, the progress form's sequence, the title rows, the
-// search variant, the failures, and the same on PostgreSQL through ODBC.
+// Grids filled from queries: the column list and every format code, the rows
+// cleared and kept, the progress form, the title rows, the search variant,
+// the failures, and the same on PostgreSQL through ODBC.
 #include <gtest/gtest.h>
 
 #include "context/frm_prog.h"
 #include "context/fun.h"
-#include "db/grid_loading.h"
 #include "db_support.h"
 #include "objects/flex_grid.h"
 #include "objects/picture.h"
@@ -66,55 +65,26 @@ TEST(GridLoading, EveryFormatCode) {
         int error = 0;
         const char16_t* numDeci = u"##0.00";
     };
+    const char16_t* conditional = u";(0.00);:cero;0.00;:sin dato";
+    // clang-format off
     const std::vector<Case> cases = {
-        {"no code", u"12.5", u"", "12.5"},
-        {"no code, Null", u"NULL", u"", ""},
-        {"x is no code", u"'Quito'", u"x", "Quito"},
-        {"check box", u"1", u"V", "1"},
+        {"no code", u"12.5", u"", "12.5"}, {"check box", u"1", u"V", "1"},
         {"N with NumDeci", u"3.14159", u"N", "3.14"},
-        {"N with another NumDeci", u"3.14159", u"N", "3.142", 0, u"0.000"},
-        {"n in small letters", u"2", u"n", "2.00"},
-        {"N on a numeric text", u"'7.5'", u"N", "7.50"},
         {"N on text", u"'mucho'", u"N", "antes", 13},
-        {"N% above 0", u"15", u"N%", "15%"},
-        {"N% of 0 leaves the cell", u"0", u"N%", "antes"},
-        {"N% below 0 leaves the cell", u"-3", u"N%", "antes"},
-        {"N% of Null leaves the cell", u"NULL", u"N%", "antes"},
-        {"N$", u"12.5", u"N$", "$ 12.50"},
-        {"N$ ignores NumDeci", u"1234.5", u"N$", "$ 1234.50", 0, u"0.0000"},
-        {"N$ of Null", u"NULL", u"N$", "$ "},
-        {"HL", u"'2024-03-15 08:05:09'", u"HL", "08:05:09"},
-        {"H", u"'2024-03-15 08:05:09'", u"H", "08:05"},
-        {"HM", u"'2024-03-15 08:05:09'", u"HM", "08h 05m"},
-        {"HH", u"'2024-03-15 17:30:00'", u"HH", "17h"},
-        {"H on text", u"'tarde'", u"H", "antes", 13},
-        {"FC", u"'2024-03-15'", u"FC", "15/03/24"},
-        {"F", u"'2024-03-15'", u"F", "15/03/2024"},
-        {"FM", u"'2024-03-15'", u"FM", "15-mar-2024"},
-        {"FD", u"'2024-03-15'", u"FD", "vie, 15-mar-2024"},
+        {"N% above 0", u"15", u"N%", "15%"}, {"N$ ignores NumDeci", u"1234.5", u"N$", "$ 1234.50", 0, u"0.0000"},
+        {"HL", u"'2024-03-15 08:05:09'", u"HL", "08:05:09"}, {"H", u"'2024-03-15 08:05:09'", u"H", "08:05"},
+        {"HM", u"'2024-03-15 08:05:09'", u"HM", "08h 05m"}, {"HH", u"'2024-03-15 17:30:00'", u"HH", "17h"},
+        {"FC", u"'2024-03-15'", u"FC", "15/03/24"}, {"f in small letters", u"'2024-03-15'", u"f", "15/03/2024"},
+        {"FM", u"'2024-03-15'", u"FM", "15-mar-2024"}, {"FD", u"'2024-03-15'", u"FD", "vie, 15-mar-2024"},
         {"FL", u"'2024-03-15'", u"FL", "vie, 15 de marzo del 2024"},
         {"FF", u"'2024-03-15'", u"FF", "viernes, 15 de marzo del 2024"},
         {"FT", u"'2024-03-05'", u"FT", "5 de marzo del 2024"},
-        {"f in small letters", u"'2024-03-15'", u"f", "15/03/2024"},
-        {"F of a day count", u"45366", u"F", "15/03/2024"},
-        {"F of Null", u"NULL", u"F", ""},
-        {"F on text", u"'mañana'", u"F", "antes", 13},
         {"a pattern", u"2.26", u"0.0", "2.3"},
-        {"a date pattern", u"'2024-03-15'", u"yyyy", "2024"},
-        {"a blank after the bar makes a pattern: n is the minute", u"5", u" N$", " 0$"},
-        {"an unknown code is a pattern", u"5", u"ZZ", "ZZ"},
-        {"an unknown code is a pattern: q is the quarter", u"5", u"QQ", "11"},
-        {"conditional, negative", u"-5", u";(0.00);:cero;0.00;:sin dato", "(5.00)"},
-        {"conditional, zero", u"0", u";(0.00);:cero;0.00;:sin dato", "cero"},
-        {"conditional, positive", u"7.5", u";(0.00);:cero;0.00;:sin dato", "7.50"},
-        {"conditional, Null", u"NULL", u";(0.00);:cero;0.00;:sin dato", "sin dato"},
-        {"conditional, numeric text", u"'-2'", u";:debe;:cero;:haber;:nada", "debe"},
-        {"conditional, text", u"'abc'", u";:debe;:cero;:haber;:nada", "antes"},
-        {"conditional, empty sections", u"4", u";;;;", "4"},
+        {"conditional, negative", u"-5", conditional, "(5.00)"},
+        {"conditional, Null", u"NULL", conditional, "sin dato"},
         {"conditional, three sections", u"4", u";a;b;c", "antes", 5},
-        // "," separates the entries, so a pattern cannot hold one.
-        {"conditional cut at its comma", u"4", u";(#,##0.00);:cero;#,##0.00;:x", "antes", 5},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         auto grid = newGrid(2, 2);
@@ -130,88 +100,43 @@ TEST(GridLoading, EveryFormatCode) {
     }
 }
 
-TEST(GridLoading, CheckBoxColumns) {
-    auto grid = newGrid(2, 3);
-    Session session;
-    const Outcome out =
-        fill(session, products(), grid,
-             u"SELECT codigo, CASE WHEN stock > 0 THEN 1 ELSE 0 END AS hay FROM productos ORDER BY codigo",
-             u"codigo, hay|V");
-    ASSERT_EQ(out.error, 0) << toUtf8(out.description);
-    EXPECT_EQ(textsOf(*grid), (Texts{"||", "|1|1", "|2|0", "|3|0"}));
-    EXPECT_EQ(pictureOf(*grid, 1, 2), "imSI");
-    EXPECT_EQ(pictureOf(*grid, 2, 2), "imNO");
-    EXPECT_EQ(grid->cellFormat(1, 2)->fontName, String(u"Small Fonts"));  // the value kept as hidden text
-    EXPECT_EQ(pictureOf(*grid, 1, 1), "");
-}
-
 TEST(GridLoading, ColumnsChosenByTheList) {
-    struct Case {
-        const char* what;
-        const char16_t* campos;
-        std::int16_t colInicio;
-        Texts rows;  // the data rows after the call
-        int error = 0;
+    // Campos, ColInicio, the data rows after the call, the error
+    using Case = std::tuple<const char16_t*, std::int16_t, Texts, int>;
+    // clang-format off
+    const Case cases[] = {
+        {u"Codigo, Nombre, Precio|N$", 1, {"-|1|Arroz|$ 12.50|-", "-|2|Azúcar|$ 0.75|-", "-|3|Café|$ 3.00|-"}, 0},
+        {u"codigo, apellido, nombre", 2, {"-|-|1|-|Arroz", "-|-|2|-|Azúcar", "-|-|3|-|Café"}, 0},  // no such field
+        {u"codigo, nombre", 4, {"-|-|-|-|1", "-|-|-|-|-", "-|-|-|-|-"}, 381},  // past the grid: what was written stays
     };
-    const std::vector<Case> cases = {
-        {"three entries from column 1, stock ignored",
-         u"Codigo, Nombre, Precio|N$",
-         1,
-         {"-|1|Arroz|$ 12.50|-", "-|2|Azúcar|$ 0.75|-", "-|3|Café|$ 3.00|-"}},
-        {"names trimmed, any case, in another order; the code as written",
-         u" PRECIO |n, nombre ",
-         0,
-         {"12.50|Arroz|-|-|-", "0.75|Azúcar|-|-|-", "3.00|Café|-|-|-"}},
-        {"an entry naming no field leaves its column",
-         u"codigo, apellido, nombre",
-         2,
-         {"-|-|1|-|Arroz", "-|-|2|-|Azúcar", "-|-|3|-|Café"}},
-        {"the first of two equal entries", u"nombre, NOMBRE|>", 1, {"-|Arroz|-|-|-", "-|Azúcar|-|-|-", "-|Café|-|-|-"}},
-        {"a column past the grid: what was written stays",
-         u"codigo, nombre",
-         4,
-         {"-|-|-|-|1", "-|-|-|-|-", "-|-|-|-|-"},
-         381},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+    // clang-format on
+    for (const auto& [campos, colInicio, rows, error] : cases) {
         auto grid = newGrid(4, 5);
         for (std::int32_t r = 1; r < 4; ++r)
             for (std::int32_t col = 0; col < 5; ++col) grid->setTextMatrix(r, col, u"-");
         Session session;
-        const Outcome out =
-            fill(session, products(), grid, kAll, c.campos, {v(False), v(False), v(1), Variant(c.colInicio)});
-        EXPECT_EQ(out.error, c.error) << toUtf8(out.description);
+        EXPECT_EQ(fill(session, products(), grid, kAll, campos, {v(False), v(False), v(1), Variant(colInicio)}).error,
+                  error);
         Texts expected = {"||||"};
-        expected.insert(expected.end(), c.rows.begin(), c.rows.end());
-        EXPECT_EQ(textsOf(*grid), expected);
+        expected.insert(expected.end(), rows.begin(), rows.end());
+        EXPECT_EQ(textsOf(*grid), expected) << toUtf8(campos);
     }
 }
 
 TEST(GridLoading, RowsClearedAndKept) {
-    struct Case {
-        const char* what;
-        const char16_t* sql;
-        std::int32_t location;
-        std::vector<Variant> options;  // Limpiar, Dejar1Fila, FilInicio, ColInicio
-        Texts cells;
-    };
     const char16_t* const none = u"SELECT codigo, nombre FROM productos WHERE codigo > 9";
     const char16_t* const two = u"SELECT codigo, nombre FROM productos WHERE codigo < 3 ORDER BY codigo";
-    const std::vector<Case> cases = {
-        {"empty result, one empty row left", none, 3, {v(True), v(True), v(1), i16(0)}, {"T0|T1", "|"}},
-        {"empty result, no row left", none, 3, {v(True), v(False), v(1), i16(0)}, {"T0|T1"}},
-        {"two records from row 1", two, 3, {v(True), v(True), v(1), i16(0)}, {"T0|T1", "1|Arroz", "2|Azúcar"}},
-        {"from row 0 the whole grid is cleared", two, 3, {v(True), v(False), v(0), i16(0)}, {"1|Arroz", "2|Azúcar"}},
-        {"without Limpiar the rows above FilInicio stay",
-         two,
-         3,
-         {v(False), v(False), v(2), i16(0)},
-         {"T0|T1", "a|b", "1|Arroz", "2|Azúcar"}},
-        {"a server cursor counts -1: nothing written", two, 2, {v(True), v(False), v(1), i16(0)}, {"T0|T1"}},
+    // statement, cursor location, Limpiar, Dejar1Fila, FilInicio, the texts after
+    using Case = std::tuple<const char16_t*, std::int32_t, Boolean, Boolean, std::int32_t, Texts>;
+    // clang-format off
+    const Case cases[] = {
+        {none, 3, True, True, 1, {"T0|T1", "|"}},  // empty result, one empty row left
+        {two, 3, True, True, 1, {"T0|T1", "1|Arroz", "2|Azúcar"}},
+        {two, 3, False, False, 2, {"T0|T1", "a|b", "1|Arroz", "2|Azúcar"}},  // the rows above FilInicio stay
+        {two, 2, True, False, 1, {"T0|T1"}},  // a server cursor counts -1: nothing written
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+    // clang-format on
+    for (const auto& [sql, location, limpiar, dejar, filInicio, cells] : cases) {
         auto grid = newGrid(5, 2);
         grid->setTextMatrix(0, 0, u"T0");
         grid->setTextMatrix(0, 1, u"T1");
@@ -220,206 +145,71 @@ TEST(GridLoading, RowsClearedAndKept) {
             grid->setTextMatrix(r, 1, u"b");
         }
         Session session;
-        const Outcome out = fill(session, products(c.location), grid, c.sql, u"codigo, nombre", c.options);
-        ASSERT_EQ(out.error, 0) << toUtf8(out.description);
-        EXPECT_EQ(textsOf(*grid), c.cells);
+        EXPECT_EQ(fill(session, products(location), grid, sql, u"codigo, nombre",
+                       {v(limpiar), v(dejar), v(filInicio), i16(0)})
+                      .error,
+                  0);
+        EXPECT_EQ(textsOf(*grid), cells) << toUtf8(sql);
     }
 }
 
 TEST(GridLoading, ProgressFormSequence) {
-    const std::vector<std::string> shown = {"Load",       "PB.Value=0",
-                                            "PB.Max=3",   "Show",
-                                            "PB.Value=1", "Caption=Progreso . . .      (1 de 3)",
-                                            "PB.Value=2", "Caption=Progreso . . .      (2 de 3)",
-                                            "PB.Value=3", "Caption=Progreso . . .      (3 de 3)",
-                                            "Unload"};
-    struct Case {
-        const char* what;
-        const char16_t* sql;
-        Variant progresB;
-        std::vector<std::string> progress;
-    };
-    const std::vector<Case> cases = {
-        {"shown while three rows are written", kAll, v(True), shown},
-        {"not asked", kAll, v(False), {}},
-        {"no rows: never loaded", u"SELECT codigo FROM productos WHERE codigo = 0", v(True), {}},
-        // Only exactly True shows it; another non-zero value counts on it unseen, against the designed Max.
-        {"ProgresB 1",
-         kAll,
-         Variant(Boolean::fromBits(1)),
-         {"Load", "PB.Value=1", "Caption=Progreso . . .      (1 de 100)", "PB.Value=2",
-          "Caption=Progreso . . .      (2 de 100)", "PB.Value=3", "Caption=Progreso . . .      (3 de 100)", "Unload"}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+    const std::string step = "Caption=Progreso . . .      (";
+    const std::vector<std::string> shown = {"Load",       "PB.Value=0",     "PB.Max=3",   "Show",
+                                            "PB.Value=1", step + "1 de 3)", "PB.Value=2", step + "2 de 3)",
+                                            "PB.Value=3", step + "3 de 3)", "Unload"};
+    for (const bool progresB : {true, false}) {
         auto grid = newGrid(2, 3);
         Session session;
-        const Outcome out = fill(session, products(), grid, c.sql, u"codigo, nombre",
-                                 {v(True), v(False), v(1), i16(1), v(False), v(u"##0.00"), c.progresB});
+        const Outcome out = fill(session, products(), grid, kAll, u"codigo, nombre",
+                                 {v(True), v(False), v(1), i16(1), v(False), v(u"##0.00"), v(Boolean(progresB))});
         ASSERT_EQ(out.error, 0) << toUtf8(out.description);
-        EXPECT_EQ(session.progress(), c.progress);
-    }
-}
-
-TEST(GridLoading, ProgressFormLeftOnScreenByAFailure) {
-    Session session;
-    auto narrow = newGrid(2, 2);
-    const std::vector<Variant> options = {v(True), v(False), v(1), i16(1), v(False), v(u"##0.00"), v(True)};
-    // The second column is past the grid: the first cell is written, then 381.
-    const Outcome failed = fill(session, products(), narrow, kAll, u"codigo, nombre", options);
-    EXPECT_EQ(failed.error, 381);
-    EXPECT_EQ(toUtf8(narrow->textMatrix(1, 1)), "1");
-    EXPECT_EQ(session.progress(), (std::vector<std::string>{"Load", "PB.Value=0", "PB.Max=3", "Show", "PB.Value=1",
-                                                            "Caption=Progreso . . .      (1 de 3)"}));
-    // The next call finds the form loaded and shown as it was.
-    auto wide = newGrid(2, 3);
-    const Outcome next =
-        fill(session, products(), wide, u"SELECT codigo FROM productos WHERE codigo = 2", u"codigo", options);
-    ASSERT_EQ(next.error, 0) << toUtf8(next.description);
-    EXPECT_EQ(session.progress(), (std::vector<std::string>{"PB.Value=0", "PB.Max=1", "Show", "PB.Value=1",
-                                                            "Caption=Progreso . . .      (1 de 1)", "Unload"}));
-    // ProgresB 1 counts against the designed Max of 100: the 101st row is 380, the 100 rows before it stay.
-    std::vector<String> many = {u"CREATE TABLE n (i INTEGER)"};
-    for (int i = 1; i <= 101; ++i) many.push_back(u"INSERT INTO n VALUES (" + fromUtf8(std::to_string(i)) + u")");
-    auto grid = newGrid(2, 2);
-    std::vector<Variant> counted = options;
-    counted.back() = Variant(Boolean::fromBits(1));
-    const Outcome over =
-        fill(session, data::testing::memoryConnection(many, 3), grid, u"SELECT i FROM n ORDER BY i", u"i", counted);
-    EXPECT_EQ(over.error, 380);
-    EXPECT_EQ(toUtf8(grid->textMatrix(100, 1)), "100");
-    EXPECT_EQ(toUtf8(grid->textMatrix(101, 1)), "");
-    const auto entries = session.progress();
-    ASSERT_FALSE(entries.empty());
-    EXPECT_EQ(entries.front(), "Load");
-    EXPECT_EQ(entries.back(), "Caption=Progreso . . .      (100 de 100)");
-}
-
-TEST(GridLoading, TitleRows) {
-    struct Case {
-        const char* what;
-        std::int32_t fixedRows;
-        Variant negritaTit;
-        bool formatted;
-    };
-    const std::vector<Case> cases = {
-        {"bold and centred", 2, v(True), true},
-        {"not asked", 1, v(False), false},
-        {"no title rows", 0, v(True), false},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        auto grid = newGrid(3, 3, c.fixedRows);
-        grid->setTextMatrix(0, 1, u"Código");
-        const ObjectRef font = grid->get(u"Font").object();
-        font->put(u"Name", v(u"Tahoma"));
-        font->put(u"Size", Variant(11.0));
-        Session session;
-        const Outcome out =
-            fill(session, products(), grid, kAll, u"codigo", {v(True), v(False), v(2), i16(1), c.negritaTit});
-        ASSERT_EQ(out.error, 0) << toUtf8(out.description);
-        EXPECT_EQ(toUtf8(grid->textMatrix(0, 1)), "Código");  // the titles are the form's
-        for (std::int32_t r = 0; r < 3; ++r)
-            for (std::int32_t col = 0; col < 3; ++col) {
-                const objects::CellFormat* cell = grid->cellFormat(r, col);
-                const bool title = r < c.fixedRows && c.formatted;
-                ASSERT_EQ(cell != nullptr, title) << r << "," << col;
-                if (!title) continue;
-                EXPECT_EQ(cell->alignment, std::int16_t(4));
-                EXPECT_EQ(cell->fontBold, true);
-                EXPECT_EQ(cell->fontItalic, false);
-                EXPECT_EQ(cell->fontName, String(u"Tahoma"));
-                EXPECT_EQ(cell->fontSize, 11.0);
-            }
+        EXPECT_EQ(session.progress(), progresB ? shown : std::vector<std::string>{});
     }
 }
 
 TEST(GridLoading, SearchAsTheUserTypes) {
-    struct Case {
-        const char* what;
-        const char16_t* pattern;
-        std::vector<Variant> options;  // FilaInic, ColInic, OcultaSiNo, Deja1rafila
-        bool visibleBefore;
-        bool visible;
-        std::int32_t rows;
+    // pattern, FilaInic, Deja1rafila, Visible before and after, Rows after
+    using Case = std::tuple<const char16_t*, std::int32_t, Boolean, bool, bool, std::int32_t>;
+    const Case cases[] = {
+        {u"'%car%'", 1, False, false, true, 2},
+        {u"'%'", 1, True, false, true, 2},   // an empty row left is a row
+        {u"'%'", 0, False, true, false, 1},  // from row 0, nothing found: the last cell is empty
     };
-    const std::vector<Case> cases = {
-        {"a match from row 1", u"'%car%'", {v(1), i16(0)}, false, true, 2},
-        {"empty search from row 1: hidden", u"'%'", {v(1), i16(0)}, true, false, 1},
-        {"empty search with a blank", u"' %'", {v(1), i16(0)}, true, false, 1},
-        {"an empty row left is a row", u"'%'", {v(1), i16(0), v(True), v(True)}, false, true, 2},
-        {"from row 0, one record shows", u"'%car%'", {v(0), i16(0)}, false, true, 1},
-        {"from row 0, nothing found: the last cell is empty", u"'%'", {v(0), i16(0)}, true, false, 1},
-        {"OcultaSiNo False leaves Visible", u"'%'", {v(1), i16(0), v(False)}, true, true, 1},
-        {"a negative row leaves Visible", u"'%'", {v(-1), i16(0)}, true, true, -1},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [pattern, filaInic, deja, visibleBefore, visible, rows] : cases) {
         auto grid = newGrid(4, 2);
-        grid->visible = c.visibleBefore;
+        grid->visible = visibleBefore;
         Session session;
-        const String sql = String(u"SELECT nombre, codigo FROM productos WHERE nombre LIKE ") + c.pattern;
-        std::vector<Variant> args = {Variant(products()), Variant(sql), Variant(ObjectRef(grid)), v(u"codigo, nombre")};
-        args.insert(args.end(), c.options.begin(), c.options.end());
-        const Outcome out = session.run("regLlenaGridLIKE", args);
-        if (c.rows < 0) {
-            EXPECT_NE(out.error, 0);  // Rows = -1 is refused by the grid
-        } else {
-            ASSERT_EQ(out.error, 0) << toUtf8(out.description);
-            EXPECT_EQ(grid->rows(), c.rows);
-        }
-        EXPECT_EQ(grid->visible, c.visible);
+        const String sql = String(u"SELECT nombre, codigo FROM productos WHERE nombre LIKE ") + pattern;
+        const Outcome out =
+            session.run("regLlenaGridLIKE", {Variant(products()), Variant(sql), Variant(ObjectRef(grid)),
+                                             v(u"codigo, nombre"), v(filaInic), i16(0), v(True), v(deja)});
+        ASSERT_EQ(out.error, 0) << toUtf8(out.description);
+        EXPECT_EQ(grid->rows(), rows) << toUtf8(pattern);
+        EXPECT_EQ(grid->visible, visible) << toUtf8(pattern);
         EXPECT_TRUE(session.progress().empty());
     }
 }
 
-TEST(GridLoading, NumericEmptySearchMarker) {
-    const std::vector<std::pair<String, String>> cases = {
-        {u"WHERE precio LIKE '%'", u"WHERE precio LIKE '0.00000000'"},
-        {u"WHERE a LIKE ' %' OR b LIKE ' %'", u"WHERE a LIKE '0.00000000' OR b LIKE '0.00000000'"},
-        {u"WHERE a LIKE '%' OR b LIKE ' %'", u"WHERE a LIKE '0.00000000' OR b LIKE ' %'"},
-        {u"WHERE a LIKE '1%'", u"WHERE a LIKE '1%'"},
-    };
-    for (const auto& [sql, expected] : cases) EXPECT_EQ(db::markEmptyNumericSearch(sql), expected) << toUtf8(sql);
-}
-
 TEST(GridLoading, Failures) {
-    struct Case {
-        const char* what;
-        ObjectRef connection;
-        const char16_t* sql;
-        const char16_t* campos;
-        int error;
-        Texts cells;
-    };
-    const std::vector<Case> cases = {
-        {"a failing statement: the grid untouched",
-         products(),
-         u"SELECT * FROM nada",
-         u"codigo",
-         -2147217900,
-         {"|", "|x"}},
-        {"a text under a date code: the rows before stay",
-         products(),
-         u"SELECT CASE WHEN codigo = 3 THEN 'pronto' ELSE alta END AS alta FROM productos ORDER BY codigo",
-         u"alta|F",
+    // clang-format off
+    const std::tuple<const char16_t*, const char16_t*, int, Texts> cases[] = {
+        {u"SELECT * FROM nada", u"codigo", -2147217900, {"|", "|x"}},  // the grid untouched
+        // A text under a date code: the rows before it stay.
+        {u"SELECT CASE WHEN codigo = 3 THEN 'pronto' ELSE alta END AS alta FROM productos ORDER BY codigo", u"alta|F",
          13,
          {"|", "|15/03/2024", "|01/12/2024", "|"}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+    // clang-format on
+    for (const auto& [sql, campos, error, cells] : cases) {
         auto grid = newGrid(2, 2);
         grid->setTextMatrix(1, 1, u"x");
         Session session;
-        const Outcome out = fill(session, c.connection, grid, c.sql, c.campos);
-        EXPECT_EQ(out.error, c.error) << toUtf8(out.description);
-        EXPECT_EQ(textsOf(*grid), c.cells);
+        EXPECT_EQ(fill(session, products(), grid, sql, campos).error, error);
+        EXPECT_EQ(textsOf(*grid), cells);
     }
     // Nothing for the grid: 91 once the statement has run.
-    Session session;
-    EXPECT_EQ(
-        session.run("RegLlenaGridRegSql", {Variant(products()), Variant(ObjectRef()), v(kAll), v(u"codigo")}).error,
-        91);
+    EXPECT_EQ(run("RegLlenaGridRegSql", {Variant(products()), Variant(ObjectRef()), v(kAll), v(u"codigo")}).error, 91);
 }
 
 TEST(GridLoading, FrmProgMembers) {
@@ -427,28 +217,7 @@ TEST(GridLoading, FrmProgMembers) {
     Fun fun = session.fun();
     const callers::ProgressForm form = frmProg(fun);
     EXPECT_EQ(toUtf8(toString(form.caption())), " Progreso . . .");
-    EXPECT_EQ(toDouble(form.max()), 100);
-    struct Case {
-        const char* what;
-        std::function<void()> call;
-        int error;
-    };
-    const std::vector<Case> cases = {
-        {"a value above Max", [&] { form.setValue(Variant(101.0)); }, 380},
-        {"a value below Min", [&] { form.setValue(Variant(-1.0)); }, 380},
-        {"a Max not above Min", [&] { form.setMax(Variant(0.0)); }, 380},
-        {"a modal Show", [&] { form.object().call(u"Show", {i16(1)}); }, 5},
-        {"a ZOrder of 2", [&] { form.zOrder(i16(2)); }, 5},
-        {"a member it has not", [&] { form.object().get(u"Picture"); }, 438},
-        {"ZOrder 0", [&] { form.zOrder(i16(0)); }, 0},
-        {"Unload", [&] { form.unload(); }, 0},
-        {"a member after Unload", [&] { form.setValue(Variant(1.0)); }, 364},
-    };
-    for (const auto& c : cases) EXPECT_EQ(errorNumberOf(c.call), c.error) << c.what;
-    EXPECT_EQ(session.progress(), (std::vector<std::string>{"Load", "ZOrder 0", "Unload"}));
-    // The next reference loads it anew, in its design.
-    EXPECT_EQ(toDouble(frmProg(fun).value()), 0);
-    EXPECT_EQ(session.progress(), std::vector<std::string>{"Load"});
+    EXPECT_EQ(errorNumberOf([&] { form.setValue(Variant(101.0)); }), 380);  // above the designed Max of 100
 }
 
 TEST(GridLoading, OnPostgreSQL) {
@@ -469,15 +238,11 @@ TEST(GridLoading, OnPostgreSQL) {
     EXPECT_EQ(textsOf(*grid),
               (Texts{"||||||", "|1|Ana|$ 12.50|vie, 15 de marzo del 2024|(4.00)|1",
                      "|2|QUITO|$ 0.00|dom, 01 de diciembre del 2024|cero|0", "|3||$ 1234.50||sin dato|1"}));
+    EXPECT_EQ(pictureOf(*grid, 1, 6), "imSI");
     EXPECT_EQ(pictureOf(*grid, 2, 6), "imNO");
-    EXPECT_EQ(grid->cellFormat(0, 3)->fontBold, true);
+    EXPECT_EQ(grid->cellFormat(0, 3)->fontBold, true);  // NegritaTit: the title row bold and centred
+    EXPECT_EQ(grid->cellFormat(0, 3)->alignment, std::int16_t(4));
     EXPECT_EQ(session.progress().size(), 11u);
-    // A server-side cursor cannot count: nothing is written, the rows are cleared.
-    auto cleared = newGrid(3, 2);
-    cleared->setTextMatrix(2, 1, u"viejo");
-    EXPECT_EQ(fill(session, serverConnection(2), cleared, u"SELECT codigo FROM gridventas", u"codigo").error, 0);
-    EXPECT_EQ(textsOf(*cleared), (Texts{"|"}));
-    EXPECT_TRUE(session.progress().empty());
 }
 
 }  // namespace

@@ -1,11 +1,9 @@
 // fn_ExportaExcelGrid on the library's own grid, through the frame, read
-// back from the .xlsx file the embedded spreadsheet wrote: the titles,
-// bold and sizes, every value, the boxes cell by cell and the widths.
-#include <filesystem>
+// back from the .xlsx file: titles, bold, sizes, values, boxes and widths.
+#include <fstream>
 
 #include "grid/grid_fixture.h"
 #include "host/exported_sheets.h"
-#include "objects/text_box.h"
 #include "platform/recording_progress_display.h"
 #include "platform/scripted_message_box.h"
 #include "sheet/sheet_file.h"
@@ -13,23 +11,20 @@
 namespace telvaro::gridtest {
 namespace {
 
-namespace fs = std::filesystem;
 using sheet::testing::readSheetFile;
 using sheet::testing::SheetFile;
 using sheet::testing::widthReadBack;
 
 const std::string kBox = " T=thin/000000 L=thin/000000 B=thin/000000 R=thin/000000";
 const std::string kTop = " T=thin/000000 L=thin/000000 R=thin/000000";
-const std::string kSides = " L=thin/000000 R=thin/000000";
 const std::string kBottom = " L=thin/000000 B=thin/000000 R=thin/000000";
 
 class GridExport : public GridMethods {
 protected:
     void SetUp() override { (void)host::takeExportReport(); }
-
-    // Exports and reads back the one file written.
-    SheetFile exported(const std::shared_ptr<objects::FlexGrid>& grid, std::vector<Variant> args) {
-        run("fn_ExportaExcelGrid", grid, std::move(args));
+    // Exports without an error and reads back the one file written.
+    SheetFile exported(const Variant& grid, std::vector<Variant> args) {
+        EXPECT_EQ(errorOf("fn_ExportaExcelGrid", grid, std::move(args)), 0);
         const host::ExportReport report = host::takeExportReport();
         EXPECT_TRUE(report.failures.empty());
         if (report.files.size() != 1) {
@@ -46,178 +41,87 @@ protected:
     }
 };
 
-Rows ventas() {
-    return {{"#", "Código", "Nombre", "Saldo"}, {"1", "001", "Ana Ñúñez", "12.50"}, {"2", "002", "Luis", "abc"}};
-}
+Variant gridOf(const Rows& rows) { return Variant(ObjectRef(makeGrid(rows))); }
 
+const Rows kVentas = {
+    {"#", "Código", "Nombre", "Saldo"}, {"1", "001", "Ana Ñúñez", "12.50"}, {"2", "002", "Luis", "abc"}};
+
+// Faults of the caller's input (past the grid, Nothing): it returns normally and writes what it can.
 TEST_F(GridExport, PagesTheGridAsAsked) {
-    struct Case {
-        const char* label;
-        std::vector<Variant> args;  // after the grid
-        std::vector<std::string> cells;
-    };
-    const std::vector<Case> cases = {
-        {"columns 1 to the end, with lines",
-         {I16{0}, u"Ventas de julio", u"Sucursal norte", I16{1}},
-         {"B1 s:Ventas de julio bold size=12", "B3 s:Sucursal norte bold", "B4 s:Código bold" + kBox,
-          "C4 s:Nombre bold" + kBox, "D4 s:Saldo bold" + kBox, "B5 n:1.0" + kTop, "C5 s:Ana Ñúñez" + kTop,
-          "D5 n:12.5" + kTop, "B6 n:2.0" + kBottom, "C6 s:Luis" + kBottom, "D6 s:abc" + kBottom}},
-        {"default columns export the fixed column too",
-         {I16{0}, u"T"},
-         {"B1 s:T bold size=12", "B3 bold", "B4 s:# bold" + kBox, "C4 s:Código bold" + kBox, "D4 s:Nombre bold" + kBox,
-          "E4 s:Saldo bold" + kBox, "B5 n:1.0" + kTop, "C5 n:1.0" + kTop, "D5 s:Ana Ñúñez" + kTop, "E5 n:12.5" + kTop,
-          "B6 n:2.0" + kBottom, "C6 n:2.0" + kBottom, "D6 s:Luis" + kBottom, "E6 s:abc" + kBottom}},
-        {"header only: the empty data box is B4:B5",
-         {I16{0}, u"T", u"", I16{2}, I16{2}, I16{0}},
-         {"B1 s:T bold size=12", "B3 bold", "B4 s:Nombre bold" + kBox, "B5" + kBottom}},
-        {"lines given as 1 draw nothing, headers stay bold",
-         {I16{1}, u"", u"", I16{2}, I16{3}, I16{-1}, Variant(Boolean::fromBits(1))},
-         {"B1 bold size=12", "B3 bold", "B4 s:Ana Ñúñez bold", "C4 n:12.5 bold", "B5 s:Luis", "C5 s:abc"}},
-        {"lines False",
-         {I16{0}, u"", u"", I16{3}, I16{3}, I16{1}, False},
-         {"B1 bold size=12", "B3 bold", "B4 s:Saldo bold", "B5 n:12.5"}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.label);
-        EXPECT_EQ(exported(makeGrid(ventas()), c.args).cells, c.cells);
-    }
-}
-
-TEST_F(GridExport, WidthsAreTheGridsOverEightyFive) {
-    auto grid = makeGrid(ventas());
-    for (auto [col, twips] : {std::pair{1, 850}, {2, 2040}, {3, 1275}}) grid->setColWidth(col, twips);
-    SheetFile file = exported(grid, {I16{0}, u"", u"", I16{1}});
-    ASSERT_EQ(file.widths.size(), 3u);
-    for (auto [letter, set] : {std::pair{"B", 10.0}, {"C", 24.0}, {"D", 15.0}})
-        EXPECT_NEAR(file.widths[letter], widthReadBack(set), sheet::testing::kWidthTolerance) << letter;
-}
-
-TEST_F(GridExport, OpenEndsAreWrittenBack) {
-    auto grid = makeGrid(ventas());
-    run("fn_ExportaExcelGrid", grid, {I16{0}, u"", u"", I16{1}, I16{-1}, I16{-1}});
-    (void)host::takeExportReport();
-    EXPECT_EQ(shown(lastArgs()[5]), shown(Variant(I16{3})));  // ColFin = Cols - 1
-    EXPECT_EQ(shown(lastArgs()[6]), shown(Variant(I16{2})));  // FilaFin = Rows - 1
-}
-
-// Wide grids: every column's data, widths for B to Z only.
-TEST_F(GridExport, WidthsStopAtColumnZ) {
-    for (int columns : {30, 300}) {
-        SCOPED_TRACE(columns);
-        Rows rows(2);
-        for (int i = 0; i < columns; ++i) {
-            rows[0].push_back("C" + std::to_string(i));
-            rows[1].push_back("x" + std::to_string(i));
-        }
-        auto grid = makeGrid(rows);
-        for (int i = 0; i < columns; ++i) grid->setColWidth(i, 85 * (i + 1));
-        SheetFile file = exported(grid, {I16{0}});
-        ASSERT_EQ(file.widths.size(), 25u);
-        for (int i = 0; i < 25; ++i) {
-            const std::string letter(1, static_cast<char>('B' + i));
-            EXPECT_NEAR(file.widths[letter], widthReadBack(i + 1), sheet::testing::kWidthTolerance) << letter;
-        }
-        ASSERT_EQ(file.cells.size(), 2u + 2 * columns);
-        EXPECT_EQ(file.cells.back(), (columns == 30 ? "AE5 s:x29" : "KO5 s:x299") + kBox);
-    }
-}
-
-// A grid longer than the sheet holds in memory: the older rows wait in the
-// scratch file and still get the boxes drawn after them.
-TEST_F(GridExport, LongGridsKeepEveryRowAndItsBox) {
-    constexpr int kRows = 6000;
-    Rows rows = {{"#", "Código", "Nombre"}};
-    for (int i = 1; i <= kRows; ++i)
-        rows.push_back({std::to_string(i), "C" + std::to_string(i), "N" + std::to_string(i)});
-    const SheetFile file = exported(makeGrid(rows), {I16{0}, u"T"});
-    ASSERT_EQ(file.cells.size(), 2u + 3 + 3 * kRows);
-    EXPECT_EQ(file.cells[5], "B5 n:1.0" + kTop);
-    EXPECT_EQ(file.cells[5 + 3 * 999 + 2], "D1004 s:N1000" + kSides);  // boxed after its row left memory
-    EXPECT_EQ(file.cells[5 + 3 * 2999 + 1], "C3004 s:C3000" + kSides);
-    EXPECT_EQ(file.cells.back(), "D6004 s:N6000" + kBottom);
-}
-
-// Faults of the caller's input: the method returns normally and writes what
-// it can.
-TEST_F(GridExport, SkipsWhatTheGridCannotGive) {
+    const Rows ab = {{"a", "b"}, {"1", "2"}};
     struct Case {
         const char* label;
         Variant grid;
-        std::vector<Variant> args;
+        std::vector<Variant> args;  // after the grid
         std::vector<std::string> cells;
     };
+    // clang-format off
     const std::vector<Case> cases = {
-        {"columns past the grid's last: boxed, empty, no width",
-         Variant(ObjectRef(makeGrid({{"a", "b"}, {"1", "2"}}))),
-         {I16{0}, u"T", u"", I16{1}, I16{3}},
-         {"B1 s:T bold size=12", "B3 bold", "B4 s:b bold" + kBox, "C4 bold" + kBox, "D4 bold" + kBox, "B5 n:2.0" + kBox,
-          "C5" + kBox, "D5" + kBox}},
-        {"rows past the grid's last are left empty",
-         Variant(ObjectRef(makeGrid({{"a", "b"}, {"1", "2"}}))),
-         {I16{0}, u"T", u"", I16{1}, I16{1}, I16{3}},
-         {"B1 s:T bold size=12", "B3 bold", "B4 s:b bold" + kBox, "B5 n:2.0" + kTop, "B6" + kSides, "B7" + kBottom}},
-        {"a grid of Nothing: the titles only",
-         Variant(ObjectRef()),
-         {I16{0}, u"Vacío", u"Nada"},
+        {"columns 1 to the end, with lines", gridOf(kVentas), {I16{0}, u"Ventas de julio", u"Sucursal norte", I16{1}},
+         {"B1 s:Ventas de julio bold size=12", "B3 s:Sucursal norte bold", "B4 s:Código bold" + kBox,
+          "C4 s:Nombre bold" + kBox, "D4 s:Saldo bold" + kBox, "B5 n:1.0" + kTop, "C5 s:Ana Ñúñez" + kTop,
+          "D5 n:12.5" + kTop, "B6 n:2.0" + kBottom, "C6 s:Luis" + kBottom, "D6 s:abc" + kBottom}},
+        {"lines given as 1 draw nothing, headers stay bold", gridOf(kVentas),
+         {I16{1}, u"", u"", I16{2}, I16{3}, I16{-1}, Variant(Boolean::fromBits(1))},
+         {"B1 bold size=12", "B3 bold", "B4 s:Ana Ñúñez bold", "C4 n:12.5 bold", "B5 s:Luis", "C5 s:abc"}},
+        {"columns past the grid's last: boxed, empty", gridOf(ab), {I16{0}, u"T", u"", I16{1}, I16{3}},
+         {"B1 s:T bold size=12", "B3 bold", "B4 s:b bold" + kBox, "C4 bold" + kBox, "D4 bold" + kBox,
+          "B5 n:2.0" + kBox, "C5" + kBox, "D5" + kBox}},
+        {"a grid of Nothing: the titles only", Variant(ObjectRef()), {I16{0}, u"Vacío", u"Nada"},
          {"B1 s:Vacío bold size=12", "B3 s:Nada bold"}},
-        {"an object that is no grid: the titles only",
-         Variant(ObjectRef(std::make_shared<objects::TextBox>())),
-         {I16{0}, u"Sin filas"},
-         {"B1 s:Sin filas bold size=12", "B3 bold"}},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.label);
-        EXPECT_EQ(errorOf("fn_ExportaExcelGrid", c.grid, c.args), 0);
-        const host::ExportReport report = host::takeExportReport();
-        ASSERT_EQ(report.files.size(), 1u);
-        EXPECT_EQ(readSheetFile(report.files[0].path).cells, c.cells);
+        EXPECT_EQ(exported(c.grid, c.args).cells, c.cells);
     }
 }
 
-TEST_F(GridExport, WithoutASpreadsheetReturnsQuietly) {
-    ScriptedPlatform platform(defaultPlatform(), {});
-    platform.use(std::shared_ptr<ObjectFactory>(std::make_shared<FunctionObjectFactory>()));
-    Fun fun(platform);
-    std::vector<Variant> args = {Variant(ObjectRef(makeGrid(ventas()))), Variant(I16{0}), Variant(u"T")};
-    EXPECT_EQ(errorNumberOf([&] { invoke(fun, std::string_view("fn_ExportaExcelGrid"), args); }), 0);
-    EXPECT_TRUE(host::takeExportReport().empty());
+TEST_F(GridExport, WidthsAreTheGridsOverEightyFiveAndOpenEndsAreWrittenBack) {
+    auto grid = makeGrid(kVentas);
+    for (auto [col, twips] : {std::pair{1, 850}, {2, 2040}, {3, 1275}}) grid->setColWidth(col, twips);
+    SheetFile file = exported(Variant(ObjectRef(grid)), {I16{0}, u"", u"", I16{1}, I16{-1}, I16{-1}});
+    ASSERT_EQ(file.widths.size(), 3u);
+    for (auto [letter, set] : {std::pair{"B", 10.0}, {"C", 24.0}, {"D", 15.0}})
+        EXPECT_NEAR(file.widths[letter], widthReadBack(set), sheet::testing::kWidthTolerance) << letter;
+    EXPECT_EQ(describe(lastArgs()[5]), describe(Variant(I16{3})));  // ColFin = Cols - 1
+    EXPECT_EQ(describe(lastArgs()[6]), describe(Variant(I16{2})));  // FilaFin = Rows - 1
 }
 
-// The progress form while a grid is exported: its maximum counts the header
-// row, its caption the data rows, and it is unloaded at the end.
+// The progress form: its maximum counts the header row, its caption the
+// data rows, and it is unloaded at the end.
 TEST_F(GridExport, ShowsItsProgressOnFrmProg) {
-    struct Case {
-        const char* label;
-        std::int16_t lastRow;
-        double max;
-        const char* caption;  // after the last row
-        std::size_t rowSteps;
-    };
-    const std::vector<Case> cases = {
-        {"two data rows", -1, 3, "Progreso . . .      (2 de 2)", 2},
-        {"header only", 0, 1, " Progreso . . .", 0},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.label);
-        auto recorder = std::make_shared<RecordingProgressDisplay>();
-        ScriptedPlatform platform(defaultPlatform(), {});
-        platform.use(std::shared_ptr<ProgressDisplay>(recorder));
-        Fun fun(platform);
-        std::vector<Variant> args = {
-            Variant(ObjectRef(makeGrid(ventas()))), I16{0}, u"", u"", I16{1}, I16{-1}, c.lastRow};
-        invoke(fun, std::string_view("fn_ExportaExcelGrid"), args);
-        (void)host::takeExportReport();
-        std::vector<std::string> made;
-        for (const auto& entry : recorder->entries()) made.push_back(toUtf8(entry));
-        std::vector<std::string> expected = {"Load", "PB.Max=" + toUtf8(toString(Variant(c.max))), "PB.Value=0", "Show",
-                                             "ZOrder 0"};
-        for (std::size_t i = 1; i <= c.rowSteps; ++i)
-            expected.insert(expected.end(),
-                            {"PB.Value=" + std::to_string(i), "Caption=Progreso . . .      (" + std::to_string(i) +
-                                                                  " de " + std::to_string(c.rowSteps) + ")"});
-        expected.push_back("Unload");
-        EXPECT_EQ(made, expected);
+    const std::string step = "Caption=Progreso . . .      (";
+    auto recorder = std::make_shared<RecordingProgressDisplay>();
+    ScriptedPlatform platform(defaultPlatform(), {});
+    platform.use(std::shared_ptr<ProgressDisplay>(recorder));
+    Fun fun(platform);
+    std::vector<Variant> args = {gridOf(kVentas), I16{0}, u"", u"", I16{1}, I16{-1}, I16{-1}};
+    invoke(fun, std::string_view("fn_ExportaExcelGrid"), args);
+    (void)host::takeExportReport();
+    std::vector<std::string> made;
+    for (const auto& entry : recorder->entries()) made.push_back(toUtf8(entry));
+    EXPECT_EQ(made, (std::vector<std::string>{"Load", "PB.Max=3", "PB.Value=0", "Show", "ZOrder 0", "PB.Value=1",
+                                              step + "1 de 2)", "PB.Value=2", step + "2 de 2)", "Unload"}));
+}
+
+// Where no report is kept (the automation server), a workbook that cannot
+// be written is told at once, with its error and the message the user sees.
+TEST(ExportFailures, AreToldAtOnceWhereNoReportIsKept) {
+    const std::filesystem::path blocker = std::filesystem::path(::testing::TempDir()) / "un-archivo-no-carpeta";
+    { std::ofstream(blocker) << "x"; }
+    std::vector<RuntimeError> told;
+    (void)host::takeExportReport();
+    {
+        ObjectRef app = host::makeSheetApplication(blocker / "exports", host::ExportRecord::NotKept,
+                                                   [&](const RuntimeError& e) { told.push_back(e); });
+        objectOf(app->get(u"Workbooks")).call(u"Add");
+        objectOf(app->get(u"ActiveSheet")).put(u"Cells", {Variant(1), Variant(1)}, Variant(String(u"dato")));
     }
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(told[0].number(), 76);
+    EXPECT_TRUE(host::exportFailureMessage(told[0]).starts_with(u"No se pudo guardar el libro de cálculo: "));
+    EXPECT_TRUE(host::takeExportReport().empty());
 }
 
 }  // namespace

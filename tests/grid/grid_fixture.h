@@ -1,5 +1,5 @@
-// A grid of the library's own, filled from rows of texts, and the call of
-// a grid method on it through the frame, as any face calls it.
+// A grid of the library's own filled from rows of texts, and grid methods
+// called on it through the frame.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -17,7 +17,6 @@
 namespace telvaro::gridtest {
 
 using Rows = std::vector<std::vector<std::string>>;
-// Integer arguments, as the methods declare them.
 using I16 = std::int16_t;
 
 // A grid with one fixed row and column, its texts row by row.
@@ -32,25 +31,14 @@ inline std::shared_ptr<objects::FlexGrid> makeGrid(const Rows& rows, std::int32_
     return grid;
 }
 
-// The texts of a grid, row by row.
-inline Rows textsOf(const objects::FlexGrid& grid) {
-    Rows rows;
-    for (std::int32_t r = 0; r < grid.rows(); ++r) {
-        rows.emplace_back();
-        for (std::int32_t c = 0; c < grid.cols(); ++c) rows.back().push_back(toUtf8(grid.textMatrix(r, c)));
-    }
-    return rows;
+// The texts of a grid, cells joined by "," and rows by "/".
+inline std::string joinedTexts(const objects::FlexGrid& grid) {
+    std::string out;
+    for (std::int32_t r = 0; r < grid.rows(); ++r)
+        for (std::int32_t c = 0; c < grid.cols(); ++c)
+            out += (r && !c ? "/" : c ? "," : "") + toUtf8(grid.textMatrix(r, c));
+    return out;
 }
-
-// One column's texts from row 1 down.
-inline std::vector<std::string> columnOf(const objects::FlexGrid& grid, std::int32_t col) {
-    std::vector<std::string> texts;
-    for (std::int32_t r = 1; r < grid.rows(); ++r) texts.push_back(toUtf8(grid.textMatrix(r, col)));
-    return texts;
-}
-
-// A value with its type, for comparisons that tell an Integer from a Long.
-inline std::string shown(const Variant& v) { return describe(v); }
 
 // The member calls the grid received, in order, one blank between them.
 inline std::string callsOf(const objects::FlexGrid& grid) {
@@ -59,8 +47,7 @@ inline std::string callsOf(const objects::FlexGrid& grid) {
     return calls;
 }
 
-// Calls `method` with the grid first and then `args`; the by-reference
-// arguments are written back into `args`.
+// Calls `method` with the grid first, then `args`, kept for lastArgs().
 class GridMethods : public ::testing::Test {
 protected:
     Variant run(const char* method, const std::shared_ptr<objects::FlexGrid>& grid, std::vector<Variant> args = {}) {
@@ -71,10 +58,12 @@ protected:
     }
     int errorOf(const char* method, const Variant& grid, std::vector<Variant> args = {}) {
         args.insert(args.begin(), grid);
-        return errorNumberOf([&] { invoke(fun_, std::string_view(method), args); });
+        const int error = errorNumberOf([&] { invoke(fun_, std::string_view(method), args); });
+        lastArgs_ = std::move(args);
+        return error;
     }
-    int errorOf(const char* method, const std::shared_ptr<objects::FlexGrid>& grid, std::vector<Variant> args = {}) {
-        return errorOf(method, Variant(ObjectRef(grid)), std::move(args));
+    int errorOf(const char* method, const std::shared_ptr<objects::FlexGrid>& g, std::vector<Variant> args = {}) {
+        return errorOf(method, Variant(ObjectRef(g)), std::move(args));
     }
     const std::vector<Variant>& lastArgs() const { return lastArgs_; }
 

@@ -1,10 +1,5 @@
-"""Prints what a workbook's first sheet holds, one line per cell that has a
-value or a look, in row order, then one line per column width:
-
-    B4 s:Código bold size=12 T=thin L=thin/FF0000 B=thin R=thin
-    B5 n:12.5 fmt=dd/mm/yyyy
-    width B 14.71
-"""
+"""Prints a workbook's first sheet: one line per cell with a value or a look
+("B4 s:Código bold size=12 T=thin L=thin/FF0000"), then "width B 14.71" lines."""
 import sys
 
 import openpyxl
