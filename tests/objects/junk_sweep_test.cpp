@@ -25,61 +25,31 @@
 namespace telvaro::objects {
 namespace {
 
+// clang-format off
 std::vector<Variant> junkValues() {
-    return {
-        Variant(),
-        Variant(Null{}),
-        Variant::missing(),
-        Variant(ObjectRef()),
-        Variant(ObjectRef(std::make_shared<Font>())),
-        Variant(u"abc"),
-        Variant(u""),
-        Variant(u"1e400"),
-        Variant(std::int32_t(-1)),
-        Variant(std::int32_t(0)),
-        Variant(std::int32_t(1)),
-        Variant(std::numeric_limits<std::int32_t>::max()),
-        Variant(std::numeric_limits<std::int32_t>::min()),
-        Variant(std::int16_t(-32768)),
-        Variant(1e300),
-        Variant(-1e300),
-        Variant(std::nan("")),
-        Variant(std::numeric_limits<double>::infinity()),
-        Variant(Boolean(true)),
-        Variant(Array::ofValues({Variant(1), Variant(2)})),
-    };
+    return {Variant(), Variant(Null{}), Variant::missing(), Variant(ObjectRef()), Variant(ObjectRef(std::make_shared<Font>())),
+            Variant(u"abc"), Variant(u""), Variant(u"1e400"), Variant(std::int32_t(-1)), Variant(std::int32_t(0)),
+            Variant(std::int32_t(1)), Variant(std::numeric_limits<std::int32_t>::max()),
+            Variant(std::numeric_limits<std::int32_t>::min()), Variant(std::int16_t(-32768)), Variant(1e300),
+            Variant(-1e300), Variant(std::nan("")), Variant(std::numeric_limits<double>::infinity()),
+            Variant(Boolean(true)), Variant(Array::ofValues({Variant(1), Variant(2)}))};
 }
+// clang-format on
 
 // A fresh object of each kind, in a state with something in it.
+// clang-format off
 std::vector<std::function<std::shared_ptr<CallerObject>()>> makers() {
     return {
-        [] {
-            auto g = std::make_shared<FlexGrid>(u"grd", 4, 3);
-            g->setTextMatrix(1, 1, u"x");
-            return g;
-        },
-        [] {
-            auto l = std::make_shared<ListControl>(ListControl::Kind::ListBox, u"lst");
-            l->addItem(u"a");
-            return l;
-        },
-        [] {
-            auto c = std::make_shared<ListControl>(ListControl::Kind::ComboBox, u"cbo");
-            c->setStyle(2);
-            c->addItem(u"a");
-            return c;
-        },
+        [] { auto g = std::make_shared<FlexGrid>(u"grd", 4, 3); g->setTextMatrix(1, 1, u"x"); return g; },
+        [] { auto l = std::make_shared<ListControl>(ListControl::Kind::ListBox, u"lst"); l->addItem(u"a"); return l; },
+        [] { auto c = std::make_shared<ListControl>(ListControl::Kind::ComboBox, u"cbo"); c->setStyle(2); c->addItem(u"a"); return c; },
         [] { return std::make_shared<TextBox>(u"txt"); },
         [] { return std::make_shared<CheckBox>(u"chk"); },
         [] { return std::make_shared<OptionButton>(u"opt"); },
         [] { return std::make_shared<Label>(u"lbl"); },
         [] { return std::make_shared<Frame>(u"fra"); },
         [] { return std::make_shared<PictureBox>(u"pic"); },
-        [] {
-            auto f = std::make_shared<Form>(u"frm");
-            f->add(std::make_shared<TextBox>(u"txt"));
-            return f;
-        },
+        [] { auto f = std::make_shared<Form>(u"frm"); f->add(std::make_shared<TextBox>(u"txt")); return f; },
         [] { return std::make_shared<Form>(u"mdi", true); },
         [] { return std::make_shared<DataGrid>(u"dg"); },
         [] { return std::make_shared<Chart>(u"cht"); },
@@ -89,17 +59,16 @@ std::vector<std::function<std::shared_ptr<CallerObject>()>> makers() {
             return r;
         },
         [] { return std::make_shared<ReportControl>(ReportControl::Kind::Function, u"fn"); },
-        [] { return std::make_shared<ReportControl>(ReportControl::Kind::Label, u"lbl"); },
         [] { return std::make_shared<Font>(); },
         [] { return makeCheckBoxPicture(CheckBoxPicture::Checked); },
         [] {
             auto f = std::make_shared<Form>(u"frm");
             f->add(std::make_shared<Label>(u"lbl"));
-            return std::static_pointer_cast<CallerObject>(
-                std::dynamic_pointer_cast<CallerObject>(f->get(u"Controls").get<ObjectRef>()));
+            return std::dynamic_pointer_cast<CallerObject>(f->get(u"Controls").get<ObjectRef>());
         },
     };
 }
+// clang-format on
 
 // The values tried in pairs (indices and a value, two indices): Null,
 // missing, a text, -1, the largest Long and an infinite Double.

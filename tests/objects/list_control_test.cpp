@@ -12,26 +12,24 @@ using enum Access;
 
 TEST(ListControl, ListBoxMembers) {
     auto list = std::make_shared<ListControl>(ListControl::Kind::ListBox, u"lstClientes");
-    runScript(*list, {
-                         {Get, u"ListCount", {}, L(0)},         {Get, u"ListIndex", {}, L(-1)},
-                         {Get, u"NewIndex", {}, L(-1)},         {Get, u"Text", {}, S(u"")},
-                         {Get, u"ItemData", {L(-1)}, {}, 381},  {Call, u"AddItem", {S(u"Pérez")}},
-                         {Call, u"AddItem", {S(u"Andrade")}},   {Call, u"AddItem", {S(u"Zambrano"), L(0)}},
-                         {Get, u"NewIndex", {}, L(0)},          {Put, u"ItemData", {L(0), L(30)}},
-                         {Put, u"ItemData", {L(2), L(20)}},     {Get, u"ItemData", {L(2)}, L(20)},
-                         {Get, u"ItemData", {L(3)}, {}, 381},   {Get, u"List", {L(1)}, S(u"Pérez")},
-                         {Get, u"List", {L(3)}, S(u"")},        {Get, u"List", {L(-2)}, {}, 381},
-                         {Get, u"ListCount", {}, L(3)},         {Put, u"ListIndex", {L(2)}},
-                         {Get, u"Text", {}, S(u"Andrade")},     {Put, u"ListIndex", {L(3)}, {}, 380},
-                         {Put, u"ListIndex", {L(-2)}, {}, 380}, {Put, u"Text", {S(u"PÉREZ")}},
-                         {Get, u"ListIndex", {}, L(1)},         {Call, u"RemoveItem", {L(0)}},
-                         {Get, u"ListIndex", {}, L(0)},         {Get, u"ItemData", {L(1)}, L(20)},
-                         {Call, u"RemoveItem", {L(5)}, {}, 5},  {Call, u"AddItem", {S(u"x"), L(9)}, {}, 5},
-                         {Call, u"AddItem", {}, {}, 450},       {Put, u"Style", {I(1)}, {}, 383},
-                         {Put, u"SelStart", {L(0)}, {}, 438},   {Put, u"FontSize", {Variant(10.0)}},
-                         {Get, u"FontSize", {}, Variant(10.0)}, {Call, u"Clear"},
-                         {Get, u"ListCount", {}, L(0)},         {Get, u"ListIndex", {}, L(-1)},
-                     });
+    runScript(*list, {{Get, u"ListCount", {}, L(0)},         {Get, u"ListIndex", {}, L(-1)},
+                      {Get, u"NewIndex", {}, L(-1)},         {Get, u"Text", {}, S(u"")},
+                      {Get, u"ItemData", {L(-1)}, {}, 381},  {Call, u"AddItem", {S(u"Pérez")}},
+                      {Call, u"AddItem", {S(u"Andrade")}},   {Call, u"AddItem", {S(u"Zambrano"), L(0)}},
+                      {Get, u"NewIndex", {}, L(0)},          {Put, u"ItemData", {L(0), L(30)}},
+                      {Put, u"ItemData", {L(2), L(20)}},     {Get, u"ItemData", {L(2)}, L(20)},
+                      {Get, u"ItemData", {L(3)}, {}, 381},   {Get, u"List", {L(1)}, S(u"Pérez")},
+                      {Get, u"List", {L(3)}, S(u"")},        {Get, u"List", {L(-2)}, {}, 381},
+                      {Get, u"ListCount", {}, L(3)},         {Put, u"ListIndex", {L(2)}},
+                      {Get, u"Text", {}, S(u"Andrade")},     {Put, u"ListIndex", {L(3)}, {}, 380},
+                      {Put, u"ListIndex", {L(-2)}, {}, 380}, {Put, u"Text", {S(u"PÉREZ")}},
+                      {Get, u"ListIndex", {}, L(1)},         {Call, u"RemoveItem", {L(0)}},
+                      {Get, u"ListIndex", {}, L(0)},         {Get, u"ItemData", {L(1)}, L(20)},
+                      {Call, u"RemoveItem", {L(5)}, {}, 5},  {Call, u"AddItem", {S(u"x"), L(9)}, {}, 5},
+                      {Call, u"AddItem", {}, {}, 450},       {Put, u"Style", {I(1)}, {}, 383},
+                      {Put, u"SelStart", {L(0)}, {}, 438},   {Put, u"FontSize", {Variant(10.0)}},
+                      {Get, u"FontSize", {}, Variant(10.0)}, {Call, u"Clear"},
+                      {Get, u"ListCount", {}, L(0)},         {Get, u"ListIndex", {}, L(-1)}});
 }
 
 TEST(ListControl, ComboBoxTextByStyle) {
@@ -60,16 +58,14 @@ TEST(ListControl, ComboBoxTextByStyle) {
 
 TEST(ListControl, ComboBoxSelectionSetsItsText) {
     auto combo = std::make_shared<ListControl>(ListControl::Kind::ComboBox, u"cboTipo");
-    runScript(*combo, {
-                          {Call, u"AddItem", {S(u"uno")}},
-                          {Call, u"AddItem", {S(u"dos")}},
-                          {Put, u"ListIndex", {L(1)}},
-                          {Get, u"Text", {}, S(u"dos")},
-                          {Put, u"SelStart", {L(9)}},
-                          {Get, u"SelStart", {}, L(3)},
-                          {Put, u"SelStart", {L(-1)}, {}, 380},
-                          {Get, u"", {}, S(u"dos")},
-                      });
+    runScript(*combo, {{Call, u"AddItem", {S(u"uno")}},
+                       {Call, u"AddItem", {S(u"dos")}},
+                       {Put, u"ListIndex", {L(1)}},
+                       {Get, u"Text", {}, S(u"dos")},
+                       {Put, u"SelStart", {L(9)}},
+                       {Get, u"SelStart", {}, L(3)},
+                       {Put, u"SelStart", {L(-1)}, {}, 380},
+                       {Get, u"", {}, S(u"dos")}});
     const std::vector<String> expected{u"AddItem",   u"AddItem",  u"ListIndex=", u"Text",
                                        u"SelStart=", u"SelStart", u"SelStart=",  u"Text"};
     EXPECT_EQ(combo->calls(), expected);
