@@ -140,20 +140,18 @@ TEST_F(CaptureTest, WindowCapturesGiveThePixelsDrawn) {
         std::vector<Pixel> pixels;
     };
     const int w = TestWindow::kWidth, h = TestWindow::kHeight, x0 = TestWindow::kLeft, y0 = TestWindow::kTop;
+    // clang-format off
     const std::vector<Case> cases = {
-        {"the client area by its twips", Client, 0, 0, w * 15, h * 15, w, h, {{0, 0, kRed}, {99, 99, kRed}}},
-        {"the client area's blue half", Client, 0, 0, w * 15, h * 15, w, h, {{100, 0, kBlue}, {199, 99, kBlue}}},
-        {"the client area's green pixel", Client, 0, 0, w * 15, h * 15, w, h, {{10, 5, kGreen}}},
+        {"the client area by its twips", Client, 0, 0, w * 15, h * 15, w, h,
+         {{0, 0, kRed}, {99, 99, kRed}, {100, 0, kBlue}, {199, 99, kBlue}, {10, 5, kGreen}}},
         // No window manager: no frame around the whole window.
-        {"whole window, no frame", Whole, 0, 0, w * 15, h * 15, w, h, {{0, 0, kRed}, {199, 99, kBlue}}},
-        {"whole window's green pixel", Whole, 0, 0, w * 15, h * 15, w, h, {{10, 5, kGreen}}},
+        {"whole window, no frame", Whole, 0, 0, w * 15, h * 15, w, h, {{0, 0, kRed}, {10, 5, kGreen}, {199, 99, kBlue}}},
         {"from a point of the window, in pixels", Client, 10, 5, 15, 15, 1, 1, {{0, 0, kGreen}}},
-        {"the right half", Client, 100, 0, 50 * 15, 15, 50, 1, {{0, 0, kBlue}, {49, 0, kBlue}}},
-        {"up to the window's edge", Client, 190, 0, 20 * 15, 15, 20, 1, {{0, 0, kBlue}, {9, 0, kBlue}}},
-        {"past the window's edge is black", Client, 190, 0, 20 * 15, 15, 20, 1, {{10, 0, kBlack}, {19, 0, kBlack}}},
+        {"up to the window's edge, black past it", Client, 190, 0, 20 * 15, 15, 20, 1, {{9, 0, kBlue}, {10, 0, kBlack}}},
         {"twips round to whole pixels: 22 twips are 1 pixel", Client, 0, 0, 22, 23, 1, 2, {{0, 1, kRed}}},
         {"window 0 is the screen", Screen, x0, y0 + 5, 11 * 15, 15, 11, 1, {{0, 0, kRed}, {10, 0, kGreen}}},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.label);
         auto picture = capture(c.source == Screen ? 0 : window_.handle(), c.source == Client, c.left, c.top,
@@ -198,11 +196,8 @@ TEST_F(CaptureTest, CapturesThatCannotBeMadeGiveNothing) {
     const std::vector<Case> cases = {
         {"a window that is gone", goneHandle, 0, 0, 150, 150},
         {"a handle that never was a window", 0x7FFFFFF0, 0, 0, 150, 150},
-        {"a width of 0", win, 0, 0, 0, 150},
         {"less than half a pixel", win, 0, 0, 7, 7},
         {"a negative width", win, 0, 0, -150, 150},
-        {"a negative height", win, 0, 0, 150, -1500},
-        {"the largest Long of twips", win, 0, 0, 2147483647, 2147483647},
         {"wider than a picture may be", win, 0, 0, 16385 * 15, 15},
     };
     for (const auto& c : cases) {
@@ -246,8 +241,6 @@ TEST_F(CaptureTest, ABitmapBecomesAPictureThatTakesItOver) {
     };
     for (const Case& c : std::vector<Case>{{"the bitmap already taken", handle, 0},
                                            {"bitmap 0", 0, 0},
-                                           {"no such bitmap", 0x7FFFFFF0, 0},
-                                           {"a negative handle", -1, 0},
                                            {"no such bitmap nor palette", 0x7FFFFFF0, 0x7FFFFFF1}}) {
         SCOPED_TRACE(c.label);
         const Variant result = call("imgCreateBitmapPicture", {Variant(c.bitmap), Variant(c.palette)});
@@ -350,8 +343,7 @@ TEST_F(PictureCopyTest, TheCopyLaysTheBoxOverTheSourceWithItsPaintedLook) {
     for (const auto& p : std::vector<Pixel>{{"the shown box's first pixel", 10, 20, kRed},
                                             {"its last pixel", 13, 23, kRed},
                                             {"past it", 14, 23, kWhite},
-                                            {"where the hidden box is", 0, 0, kWhite},
-                                            {"the far corner", 199, 99, kWhite}}) {
+                                            {"where the hidden box is", 0, 0, kWhite}}) {
         EXPECT_EQ(copy->pixel(p.x, p.y), p.argb) << p.label;
     }
 }
@@ -397,7 +389,6 @@ TEST_F(PictureCopyTest, ObjectsWithoutTheMembersRaiseTheirError) {
         {"a form as target has no AutoRedraw", Variant(ObjectRef(shown)),
          Variant(ObjectRef(std::make_shared<objects::Form>())), 438},
         {"Nothing as source", Variant(ObjectRef()), Variant(ObjectRef(target)), 91},
-        {"Nothing as target", Variant(ObjectRef(form)), Variant(ObjectRef()), 91},
     };
     for (const auto& c : cases) EXPECT_EQ(errorOf("ImgCopiaImagen", {c.origen, c.destino}), c.error) << c.label;
 }
