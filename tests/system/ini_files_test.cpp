@@ -90,9 +90,7 @@ TEST_F(IniFiles, ReadingFollowsTheProfileRules) {
         {u"Conexion", u"Vacia", Variant(u"def"), u"def"},  // an empty value gives the default
         {u"Conexion", u"Puerto", Variant(u"0"), u"0"},     // a comment is not a key; first section only
         {u"Otra", u"Servidor", Variant::missing(), u"otro"},
-        {u"NoExiste", u"Servidor", Variant(u"x"), u"x"},
         {u"Conexion", u"NoExiste", Variant::missing(), u""},
-        {u"Conexion", u"NoExiste", Variant(std::int32_t(5)), u"5"},
         {u"Conexion", u"NoExiste", Variant(u"ab  "), u"ab"},  // trailing blanks of the default go
         {u"Conexion", u"NoExiste", Variant(u"   "), u"   "},  // but an all-blank default comes back
     };

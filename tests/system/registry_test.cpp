@@ -46,7 +46,6 @@ TEST(Registry, ValuesWrittenAndReadBack) {
         {kCurrentUser, key, u"Negativo", Variant(std::int32_t(-2))},  // rounded half to even
         {kCurrentUser, key, u"Fecha", Variant(u"14/07/2024")},
         {kCurrentUser, key, u"Binario", Variant()},  // type 2 writes nothing
-        {kCurrentUser, key, u"Nada", Variant()},
         {kCurrentUser, u"Software\\NoExiste", u"Empresa", Variant()},
         {2, u"Software\\Telvaro", u"", Variant(u"por omisión")},
         {0, key, u"Empresa", Variant()},  // another root
