@@ -108,22 +108,14 @@ TEST_F(Files, RecordsKeepEveryKindOfValue) {
     Array matrix = Array::matrix(1, 2, 0, 1);
     matrix.at(1, 0) = Variant(u"a");
     matrix.at(2, 1) = Variant(std::int16_t(7));
-    const std::vector<Variant> values = {Variant(),
-                                         Variant(Null{}),
-                                         Variant(std::int16_t(-32768)),
-                                         Variant(std::int32_t(2147483647)),
-                                         Variant(-1.5e-300),
-                                         Variant(Currency{-9223372036854775807LL}),
-                                         Variant(Date{45487.75}),
-                                         Variant(u"Fábrica Ñandú, S.A."),
-                                         Variant(u""),
-                                         Variant(True),
-                                         Variant(Boolean::fromBits(1)),
-                                         Variant(*Decimal::parse(u"-79228162514264.337593543950335")),
-                                         Variant(std::uint8_t(255)),
-                                         Variant(Array::ofValues({Variant(1), Variant(u"dos"), Variant(Null{})}, 1)),
-                                         Variant(matrix),
-                                         Variant(ErrorCode{5})};
+    // clang-format off
+    const std::vector<Variant> values = {
+        Variant(), Variant(Null{}), Variant(std::int16_t(-32768)), Variant(std::int32_t(2147483647)), Variant(-1.5e-300),
+        Variant(Currency{-9223372036854775807LL}), Variant(Date{45487.75}), Variant(u"Fábrica Ñandú, S.A."), Variant(u""),
+        Variant(True), Variant(Boolean::fromBits(1)), Variant(*Decimal::parse(u"-79228162514264.337593543950335")),
+        Variant(std::uint8_t(255)), Variant(Array::ofValues({Variant(1), Variant(u"dos"), Variant(Null{})}, 1)),
+        Variant(matrix), Variant(ErrorCode{5})};
+    // clang-format on
     const String file = path(u"valores.dat");
     std::int16_t record = 1;
     for (const auto& v : values) call("fsoGrabaArchivo", {file, record++, v});

@@ -2,7 +2,6 @@
 // home folder.
 #include <gtest/gtest.h>
 
-#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -141,15 +140,6 @@ TEST_F(IniFiles, TwoProcessesWritingAtOnceLoseNothing) {
             EXPECT_EQ(read(section, fromUtf8("k" + std::to_string(i)).c_str()), u"v") << toUtf8(section) << i;
 }
 
-// Names in a folder that are temporary files of an interrupted write.
-std::vector<std::string> temporariesIn(const fs::path& folder) {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder))
-        if (entry.path().filename().string().find(".telvaro-tmp-") != std::string::npos)
-            names.push_back(entry.path().filename().string());
-    return names;
-}
-
 TEST_F(IniFiles, AWriteRemovesWhatKilledWritesLeftInItsFolder) {
     const fs::path folder = posix::mapPath(u"C:\\App");
     const struct {
@@ -167,22 +157,6 @@ TEST_F(IniFiles, AWriteRemovesWhatKilledWritesLeftInItsFolder) {
     write(u"S", u"k", u"v");
     for (const auto& f : files) EXPECT_EQ(fs::exists(folder / f.name), !f.stale) << f.name;
     EXPECT_EQ(read(u"S", u"k"), u"v");
-}
-
-TEST_F(IniFiles, AfterAWriterIsKilledTheNextWriteLeavesNoTemporaryFile) {
-    pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        for (int i = 0;; ++i) write(u"S", u"k", fromUtf8(std::to_string(i)));
-    }
-    ::usleep(200000);
-    ::kill(child, SIGKILL);
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    write(u"S", u"fin", u"1");
-    EXPECT_TRUE(temporariesIn(posix::mapPath(u"C:\\App")).empty());
-    EXPECT_EQ(read(u"S", u"fin"), u"1");
-    EXPECT_FALSE(read(u"S", u"k").empty()) << "the killed writer's last complete write is there";
 }
 
 TEST(ProfileWrites, CreateDriveCAsTheFileWritesDo) {
