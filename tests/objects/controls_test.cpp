@@ -1,7 +1,6 @@
 // Text boxes, check boxes, option buttons, labels, frames, picture boxes
-// and forms: their members, the kinds the class tests see, the Container
-// and Parent links, the form's Controls, and the members of a data-entry
-// form that moves through records.
+// and forms: their members, the Container and Parent links, the form's
+// Controls, and the members of a data-entry form that moves through records.
 #include "member_script.h"
 #include "objects/check_box.h"
 #include "objects/flex_grid.h"

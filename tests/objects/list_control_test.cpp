@@ -41,8 +41,8 @@ TEST(ListControl, ComboBoxTextByStyle) {
         std::int32_t listIndex;
     };
     const Case cases[] = {
-        {0, u"libre", 0, u"libre", -1}, {0, u"DOS", 0, u"DOS", 1},   {1, u"uno", 0, u"uno", 0},
-        {2, u"dos", 0, u"dos", 1},      {2, u"libre", 383, u"", -1}, {2, u"", 0, u"", -1},
+        {0, u"libre", 0, u"libre", -1}, {0, u"DOS", 0, u"DOS", 1}, {2, u"dos", 0, u"dos", 1},
+        {2, u"libre", 383, u"", -1},    {2, u"", 0, u"", -1},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::to_string(c.style) + " " + toUtf8(c.assigned));
