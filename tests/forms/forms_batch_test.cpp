@@ -17,8 +17,6 @@ TEST(FormsBatch, AnswersCarryControlStatesCallsAndWindows) {
          {{"/byref/0/value/text", "12.35"}, {"/byref/0/value/calls", {"Text", "Text", "Text=", "Text", "SelStart="}}}},
         {R"({"id":4,"method":"fn_ScrollHListBox","args":[{"object":"list","items":["abc","abcdef"],"fontSize":8}]})",
          {{"/windows/0/horizontalExtent", 36}}},
-        {R"({"id":5,"method":"fn_LimpiaTextObjetos","args":[{"object":"form","controls":[{"object":"textbox","name":"t","text":"x"},{"object":"grid","name":"g"}]}]})",
-         {{"/byref/0/value/controls/0/text", ""}, {"/byref/0/value/controls/1/calls", {"TextMatrix"}}}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.request);
