@@ -98,7 +98,6 @@ TEST_F(LineCutting, BadArgumentsAnswerRuntimeErrors) {
         {"negative width", "LimitaTamTexto", -1, Variant(font()), 5},
         {"negative width", "SeparaEnLineasImprimir", -1, Variant(font()), 5},
         {"no font", "LimitaTamTexto", 100, Variant(ObjectRef()), 91},
-        {"no font", "SeparaEnLineasImprimir", 100, Variant(ObjectRef()), 91},
         {"a picture is no font", "LimitaTamTexto", 100, Variant(ObjectRef(std::make_shared<objects::Picture>())), 438},
         {"the default font", "LimitaTamTexto", 100, Variant(ObjectRef(textBox)), 0},
     };
