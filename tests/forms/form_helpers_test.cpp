@@ -24,10 +24,9 @@ TEST_F(FormsTest, EsChangedByKindKeyAndTag) {
     const auto option = std::make_shared<objects::OptionButton>();
     const auto label = std::make_shared<objects::Label>();
     const std::vector<Case> cases = {
-        {textBox(u""), 'a', False, True}, {textBox(u""), 27, False, False}, {textBox(u""), 13, False, False},
-        {combo, 'x', False, True},        {search, 'a', False, False},      {search, 'a', True, True},
-        {check, 32, False, True},         {check, 'a', False, False},       {option, 32, False, True},
-        {label, 'a', False, False},       {label, 32, True, True},
+        {textBox(u""), 'a', False, True}, {textBox(u""), 27, False, False}, {combo, 'x', False, True},
+        {search, 'a', False, False},      {search, 'a', True, True},        {check, 32, False, True},
+        {check, 'a', False, False},       {option, 32, False, True},        {label, 'a', False, False},
     };
     for (const auto& c : cases) {
         const Variant result = call("esChanged", {Variant(c.control), Variant(c.key), Variant(c.before)});
@@ -111,8 +110,7 @@ TEST_F(FormsTest, ScrollExtentFromTheLongestItem) {
     const std::vector<Case> cases = {
         {{}, 8, 200},
         {{u"abc", u"abcdefgh", u"a"}, 8, 48},
-        {{u"ab"}, 10.25, 16},  // 16.5 rounds to even
-        {{String(5000, u'x')}, 8, 30000},
+        {{u"ab"}, 10.25, 16},           // 16.5 rounds to even
         {{String(6000, u'x')}, 8, -1},  // 36000 does not fit an Integer
     };
     for (const auto& c : cases) {
