@@ -4,31 +4,23 @@
 // back from the type library).
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-#include <string>
-
 #include "cli/com_source.h"
+#include "cli/program_run.h"
 
 namespace telvaro::cli {
 namespace {
 
-std::string fileText(const std::string& name) {
-    std::ifstream in(std::string(TELVARO_SOURCE_DIR) + "/src/" + name, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
+std::string sourceText(const std::string& name) { return fileText(std::string(TELVARO_SOURCE_DIR) + "/src/" + name); }
 
 TEST(ComSource, CommittedCopiesAreCurrent) {
     std::ostringstream idl, vtable, enums;
     writeInterfaceDescription(idl);
     writeVtableDeclaration(vtable);
     writeEnumerationHeader(enums);
-    EXPECT_EQ(fileText("com/telvaro.idl"), idl.str()) << "run: telvaro com-source idl > src/com/telvaro.idl";
-    EXPECT_EQ(fileText("com/fun_interface.h"), vtable.str())
+    EXPECT_EQ(sourceText("com/telvaro.idl"), idl.str()) << "run: telvaro com-source idl > src/com/telvaro.idl";
+    EXPECT_EQ(sourceText("com/fun_interface.h"), vtable.str())
         << "run: telvaro com-source vtable > src/com/fun_interface.h";
-    EXPECT_EQ(fileText("context/enums.h"), enums.str()) << "run: telvaro com-source enums > src/context/enums.h";
+    EXPECT_EQ(sourceText("context/enums.h"), enums.str()) << "run: telvaro com-source enums > src/context/enums.h";
 }
 
 }  // namespace

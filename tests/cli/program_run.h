@@ -55,12 +55,4 @@ inline Outcome runProgram(const std::string& args, const std::string& input = ""
     return shell("env " + environment + " $T " + args, input);
 }
 
-// Every line of a batch's output, parsed.
-inline std::vector<nlohmann::ordered_json> jsonLines(const std::string& out) {
-    std::vector<nlohmann::ordered_json> lines;
-    std::istringstream in(out);
-    for (std::string line; std::getline(in, line);) lines.push_back(nlohmann::ordered_json::parse(line));
-    return lines;
-}
-
 }  // namespace telvaro::cli

@@ -1,5 +1,6 @@
 // The form helpers through `telvaro batch`: each control's state and
 // calls, and the windows the window calls told.
+#include "cli/program_run.h"
 #include "forms/forms_fixture.h"
 
 namespace telvaro {
@@ -20,7 +21,7 @@ TEST(FormsBatch, AnswersCarryControlStatesCallsAndWindows) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.request);
-        const json answer = batchAnswer(c.request);
+        const json answer = json::parse(cli::runProgram("batch", std::string(c.request) + "\n").out);
         ASSERT_FALSE(answer.contains("error")) << answer.dump();
         for (const auto& [pointer, expected] : c.expected)
             EXPECT_EQ(answer.at(json::json_pointer(pointer)), expected) << pointer;
