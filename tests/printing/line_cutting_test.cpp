@@ -13,7 +13,7 @@ std::vector<std::string> linesOf(const Variant& result) {
     return lines;
 }
 
-class LineCutting : public PrintingTest {};
+using LineCutting = PrintingTest;
 
 TEST_F(LineCutting, LimitaTamTextoKeepsTheStartThatFits) {
     struct Case {
@@ -56,32 +56,6 @@ TEST_F(LineCutting, SeparaEnLineasImprimirBreaksBetweenWordsAndInsideLongOnes) {
         EXPECT_EQ(linesOf(r), c.expected) << c.label;
         EXPECT_EQ(toLong(args[0]), static_cast<std::int32_t>(c.expected.size())) << c.label << ": Indices";
         EXPECT_EQ(r.array().lbound(), 0) << c.label;
-    }
-}
-
-TEST_F(LineCutting, EveryLineFitsAndTheNextWordWouldNot) {
-    const String text =
-        u"Señores: por medio de la presente certificamos que el cliente ha cancelado la totalidad de sus "
-        u"obligaciones pendientes hasta la fecha de emisión de este documento.";
-    const double width = 1500;
-    for (const char16_t* name : {u"DejaVu Sans", u"Fuente Que No Existe"}) {
-        SCOPED_TRACE(toUtf8(name));
-        std::vector<Variant> args{Variant(std::int16_t(0)), Variant(text), Variant(width), Variant(font(name))};
-        const auto lines = linesOf(invoke(fun_, "SeparaEnLineasImprimir", args));
-        std::string joined;
-        for (std::size_t i = 0; i < lines.size(); ++i) {
-            const String line = fromUtf8(lines[i]);
-            const Variant kept = call("LimitaTamTexto", {Variant(line), Variant(width), Variant(font(name))});
-            EXPECT_EQ(toUtf8(toString(kept)), lines[i]) << "line fits";
-            if (i + 1 < lines.size()) {
-                const String next = fromUtf8(lines[i + 1]);
-                const String longer = line + u" " + next.substr(0, next.find(u' '));
-                const Variant cut = call("LimitaTamTexto", {Variant(longer), Variant(width), Variant(font(name))});
-                EXPECT_NE(toString(cut), longer) << "next word would not fit";
-            }
-            joined += (i ? " " : "") + lines[i];
-        }
-        EXPECT_EQ(joined, toUtf8(text)) << "no word lost";
     }
 }
 
