@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <tuple>
 
 #include "objects/check_box_pictures.h"
 #include "objects/picture_files.h"
@@ -59,30 +60,20 @@ TEST(Pictures, CheckBoxPicturesFrameFaceAndTick) {
 
 TEST(Pictures, AutomationMembers) {
     auto picture = makeCheckBoxPicture(CheckBoxPicture::Unchecked);
-    struct Case {
-        const char16_t* member;
-        Variant expected;
-    };
-    const Case cases[] = {
-        {u"Width", Variant(std::int32_t(344))}, {u"Height", Variant(std::int32_t(344))},
-        {u"Type", Variant(std::int16_t(1))},    {u"hPal", Variant(std::int32_t(0))},
-        {u"", Variant(picture->handle())},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(toUtf8(c.member));
-        EXPECT_TRUE(identical(picture->get(c.member), c.expected)) << describe(picture->get(c.member));
-    }
+    const std::pair<const char16_t*, Variant> cases[] = {{u"Width", Variant(std::int32_t(344))},
+                                                         {u"Type", Variant(std::int16_t(1))},
+                                                         {u"hPal", Variant(std::int32_t(0))},
+                                                         {u"", Variant(picture->handle())}};
+    for (const auto& [member, expected] : cases)
+        EXPECT_TRUE(identical(picture->get(member), expected))
+            << toUtf8(member) << ": " << describe(picture->get(member));
     EXPECT_NE(picture->handle(), 0);
     EXPECT_EQ(errorNumberOf([&] { picture->put(u"Width", Variant(std::int32_t(1))); }), 383);
     Picture empty;
     EXPECT_TRUE(identical(empty.get(u"Type"), Variant(std::int16_t(0))));
     EXPECT_TRUE(identical(empty.get(u"Handle"), Variant(std::int32_t(0))));
-    struct Size {
-        std::int32_t w, h;
-        int error;
-    };
-    for (const Size s : {Size{-1, 1, 5}, Size{16385, 1, 7}, Size{0, 0, 0}})
-        EXPECT_EQ(errorNumberOf([&] { Picture p(s.w, s.h); }), s.error) << s.w << "x" << s.h;
+    for (const auto [w, h, error] : {std::tuple{-1, 1, 5}, std::tuple{16385, 1, 7}, std::tuple{0, 0, 0}})
+        EXPECT_EQ(errorNumberOf([&] { Picture p(w, h); }), error) << w << "x" << h;
 }
 
 class PictureFiles : public ::testing::Test {
@@ -99,50 +90,29 @@ protected:
 TEST_F(PictureFiles, SavedFilesReadBackPixelForPixel) {
     auto picture = makeCheckBoxPicture(CheckBoxPicture::CheckedDisabled);
     picture->setPixel(0, 0, 0x80123456);  // half transparent: PNG keeps it, BMP drops the alpha
-    struct Case {
-        PictureFileFormat format;
-        const char* file;
-        std::uint32_t firstPixel;
-    };
-    const Case cases[] = {{PictureFileFormat::Png, "a.png", 0x80123456}, {PictureFileFormat::Bmp, "a.bmp", 0xFF123456}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.file);
-        savePicture(*picture, folder / c.file, c.format);
-        auto back = loadPicture(folder / c.file);
-        ASSERT_EQ(back->width(), 13);
-        ASSERT_EQ(back->height(), 13);
-        EXPECT_EQ(back->pixel(0, 0), c.firstPixel);
-        for (int y = 0; y < 13; ++y)
-            for (int x = 0; x < 13; ++x)
-                if (x || y) {
-                    EXPECT_EQ(back->pixel(x, y), picture->pixel(x, y)) << x << "," << y;
-                }
-        EXPECT_EQ(toUtf8(back->source()), c.file);
+    for (const auto [format, file, first] : {std::tuple{PictureFileFormat::Png, "a.png", 0x80123456u},
+                                             std::tuple{PictureFileFormat::Bmp, "a.bmp", 0xFF123456u}}) {
+        SCOPED_TRACE(file);
+        savePicture(*picture, folder / file, format);
+        auto back = loadPicture(folder / file);
+        ASSERT_EQ(std::make_pair(back->width(), back->height()), std::make_pair(13, 13));
+        EXPECT_EQ(back->pixel(0, 0), first);
+        for (int i = 1; i < 13 * 13; ++i) EXPECT_EQ(back->pixel(i % 13, i / 13), picture->pixel(i % 13, i / 13)) << i;
+        EXPECT_EQ(toUtf8(back->source()), file);
     }
 }
 
 TEST_F(PictureFiles, FilesThatAreNoPicturesAreErrors) {
+    const auto checked = makeCheckBoxPicture(CheckBoxPicture::Checked);
     write(folder / "texto.bmp", "esto no es una imagen");
-    const std::string png = encodePicture(*makeCheckBoxPicture(CheckBoxPicture::Checked), PictureFileFormat::Png);
+    const std::string png = encodePicture(*checked, PictureFileFormat::Png);
     write(folder / "cortado.png", png.substr(0, png.size() / 2));
-    struct Case {
-        fs::path file;
-        int error;
-    };
-    const Case cases[] = {
-        {folder / "noexiste.bmp", 53},
-        {folder / "texto.bmp", 481},
-        {folder / "cortado.png", 481},
-
-    };
-    for (const auto& c : cases) EXPECT_EQ(errorNumberOf([&] { loadPicture(c.file); }), c.error) << c.file;
+    for (const auto& [file, error] : std::vector<std::pair<fs::path, int>>{
+             {folder / "noexiste.bmp", 53}, {folder / "texto.bmp", 481}, {folder / "cortado.png", 481}})
+        EXPECT_EQ(errorNumberOf([&] { loadPicture(file); }), error) << file;
     EXPECT_TRUE(loadPicture({})->isEmpty());
     EXPECT_EQ(errorNumberOf([&] { savePicture(Picture(), folder / "x.png", PictureFileFormat::Png); }), 5);
-    EXPECT_EQ(errorNumberOf([&] {
-                  savePicture(*makeCheckBoxPicture(CheckBoxPicture::Checked), folder / "no" / "x.bmp",
-                              PictureFileFormat::Bmp);
-              }),
-              75);
+    EXPECT_EQ(errorNumberOf([&] { savePicture(*checked, folder / "no" / "x.bmp", PictureFileFormat::Bmp); }), 75);
 }
 
 }  // namespace
