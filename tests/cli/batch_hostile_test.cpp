@@ -38,8 +38,7 @@ TEST(BatchAnswers, EveryLineGetsOneAnswerOfOneShape) {
         json a;
         ASSERT_NO_THROW(a = json::parse(answerRequest(c.line))) << label;
         EXPECT_EQ(a["id"], c.id) << label;
-        ASSERT_TRUE(a["byref"].is_array()) << label << " -> " << a.dump();
-        ASSERT_TRUE(a["messages"].is_array()) << label;
+        ASSERT_TRUE(a["byref"].is_array() && a["messages"].is_array()) << label << " -> " << a.dump();
         if (c.number == 0) {
             EXPECT_TRUE(a.contains("result")) << label << " -> " << a.dump();
             continue;
@@ -48,8 +47,9 @@ TEST(BatchAnswers, EveryLineGetsOneAnswerOfOneShape) {
         EXPECT_EQ(a["error"]["number"], c.number) << label;
         const std::string description = a["error"]["description"].get<std::string>();
         EXPECT_FALSE(description.empty()) << label;
-        EXPECT_EQ(description.find("json"), std::string::npos) << label << ": " << description;
-        EXPECT_EQ(description.find("parse_error"), std::string::npos) << label << ": " << description;
+        EXPECT_TRUE(description.find("json") == std::string::npos &&
+                    description.find("parse_error") == std::string::npos)
+            << label << ": " << description;
     }
 }
 

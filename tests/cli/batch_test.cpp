@@ -40,30 +40,6 @@ TEST(JsonValues, RequestValuesDecodeToTheirVariantTypes) {
     }
 }
 
-TEST(JsonValues, UndecodableValuesAreError5NamingTheField) {
-    struct Case {
-        const char* json;
-        const char* field;  // named in the description
-    };
-    const Case cases[] = {
-        {R"({"type": "Integer", "value": 40000})", "\"value\""},
-        {R"({"type": "Quaternion", "value": 1})", "\"type\""},
-        {R"({"date": 5})", "\"date\""},
-        {R"({"object": 5})", "\"object\""},
-    };
-    for (const auto& c : cases) {
-        try {
-            decodeValue(json::parse(c.json));
-            ADD_FAILURE() << c.json << " was decoded";
-        } catch (const RuntimeError& e) {
-            EXPECT_EQ(e.number(), err::InvalidProcedureCall) << c.json;
-            EXPECT_NE(toUtf8(e.description()).find(c.field), std::string::npos) << c.json << ": " << e.what();
-        }
-    }
-    EXPECT_EQ(errorNumberOf([] { decodeValue(json::parse(R"({"object": "grid"})")); }),
-              err::ObjectDoesNotSupportAction);
-}
-
 TEST(JsonValues, AnswersCarryTypeAndValue) {
     Array m = Array::matrix(0, 1, 0, 0);
     m.at(1, 0) = Variant(u"x");

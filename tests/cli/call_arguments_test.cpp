@@ -71,12 +71,9 @@ TEST(CallArguments, NamedArgumentsOmitTheOnesBetween) {
     for (const auto& c : cases) {
         const std::vector<Variant> args = callArguments(*m, c.tokens, false);
         ASSERT_EQ(args.size(), c.expected.size()) << c.tokens.back();
-        for (std::size_t i = 0; i < args.size(); ++i) {
-            if (std::string(c.expected[i]) == "-")
-                EXPECT_TRUE(args[i].isMissing()) << i;
-            else
-                EXPECT_EQ(toUtf8(toString(args[i])), c.expected[i]) << i;
-        }
+        for (std::size_t i = 0; i < args.size(); ++i)
+            EXPECT_EQ(args[i].isMissing() ? "-" : toUtf8(toString(args[i])), c.expected[i])
+                << c.tokens.back() << " " << i;
     }
     EXPECT_EQ(callArguments(*m, {"12", "1"}, false)[1].type(), VarType::Integer);
     EXPECT_EQ(callArguments(*m, {"12", "--text", "1"}, false)[1].type(), VarType::String);

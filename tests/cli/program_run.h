@@ -9,10 +9,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <nlohmann/json.hpp>
-#include <sstream>
+#include <iterator>
 #include <string>
-#include <vector>
 
 namespace telvaro::cli {
 
@@ -23,9 +21,7 @@ struct Outcome {
 
 inline std::string fileText(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
+    return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 // A file of the suite's scratch folder holding `content`; its path.

@@ -1,5 +1,7 @@
 // The form helpers through `telvaro batch`: each control's state and
 // calls, and the windows the window calls told.
+#include <nlohmann/json.hpp>
+
 #include "cli/program_run.h"
 #include "forms/forms_fixture.h"
 
