@@ -1,9 +1,9 @@
-// The batch command against what a pipe can bring: deep nesting, ids of
-// every kind, lines that are not requests, and answers that cannot be
-// written.
+// The batch command against what a pipe can bring: deep nesting, ids of every
+// kind, lines that are not requests, and answers that cannot be written.
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <nlohmann/json.hpp>
 
 #include "cli/batch.h"
 #include "cli/program_run.h"

@@ -290,7 +290,7 @@ TEST_F(PictureCopyTest, ObjectsWithoutTheMembersRaiseTheirError) {
         Variant origen, destino;
         int error;
     };
-    const Variant to(ObjectRef(target)), toForm(ObjectRef(std::make_shared<objects::Form>()));
+    const Variant to{ObjectRef(target)}, toForm{ObjectRef(std::make_shared<objects::Form>())};
     const std::vector<Case> cases = {{"a text box has no ScaleMode", Variant(ObjectRef(textBox(u"x"))), to, 438},
                                      {"a form as target has no AutoRedraw", Variant(ObjectRef(shown)), toForm, 438},
                                      {"Nothing as source", Variant(ObjectRef()), to, 91}};

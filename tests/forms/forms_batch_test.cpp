@@ -1,5 +1,4 @@
-// The form helpers through `telvaro batch`: each control's state and
-// calls, and the windows the window calls told.
+// The form helpers through `telvaro batch`: control states and calls, and the windows told.
 #include <nlohmann/json.hpp>
 
 #include "cli/program_run.h"

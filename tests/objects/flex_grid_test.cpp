@@ -3,8 +3,6 @@
 // cells kept only where it was set, and the record of the calls.
 #include "objects/flex_grid.h"
 
-#include <tuple>
-
 #include "member_script.h"
 
 namespace telvaro::objects {
@@ -79,28 +77,6 @@ TEST(FlexGrid, FormattingFollowsItsRowAndGoesWithIt) {
     grid.clear();
     EXPECT_EQ(grid.textMatrix(4, 0), u"");
     EXPECT_EQ(grid.rows(), 5);
-}
-
-TEST(FlexGrid, ShrinkingKeepsWhatFitsAndMovesTheCurrentCellIn) {
-    struct Case {
-        std::int32_t rows, cols, row, col, fixedRows;
-        const char16_t* kept;  // cell (1, 1) afterwards, or nullptr when gone
-    };
-    for (const Case& c : {Case{2, 2, 1, 1, 1, u"k"}, Case{0, 0, 0, 0, 0, nullptr}, Case{6, 6, 3, 3, 1, u"k"}}) {
-        SCOPED_TRACE(std::to_string(c.rows) + "x" + std::to_string(c.cols));
-        FlexGrid grid(u"g", 4, 4);
-        grid.setTextMatrix(1, 1, u"k");
-        grid.setRow(3);
-        grid.setCol(3);
-        grid.setRows(c.rows);
-        grid.setCols(c.cols);
-        EXPECT_EQ(std::make_tuple(grid.row(), grid.col(), grid.fixedRows()),
-                  std::make_tuple(c.row, c.col, c.fixedRows));
-        if (c.kept)
-            EXPECT_EQ(grid.textMatrix(1, 1), c.kept);
-        else
-            EXPECT_EQ(errorNumberOf([&] { grid.textMatrix(1, 1); }), 381);
-    }
 }
 
 TEST(FlexGrid, RemovingRowsStopsAtTheLastNonFixedRow) {

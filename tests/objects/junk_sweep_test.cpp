@@ -17,7 +17,7 @@ namespace {
 TEST(JunkSweep, OnlyValuesOrRunTimeErrors) {
     // clang-format off
     const std::vector<Variant> junk = {Variant(Null{}), Variant::missing(), Variant(ObjectRef()), Variant(u"abc"),
-                                       Variant(std::int32_t(-1)), Variant(2147483647), Variant(std::nan("")), Variant(-1e300)};
+        Variant(std::int32_t(-1)), Variant(2147483647), Variant(std::nan("")), Variant(-1e300)};
     const std::function<std::shared_ptr<CallerObject>()> makers[] = {
         [] { auto g = std::make_shared<FlexGrid>(u"grd", 4, 3); g->setTextMatrix(1, 1, u"x"); return g; },
         [] { auto c = std::make_shared<ListControl>(ListControl::Kind::ComboBox, u"cbo"); c->addItem(u"a"); return c; },

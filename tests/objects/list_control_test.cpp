@@ -51,17 +51,5 @@ TEST(ListControl, ComboBoxTextByStyle) {
     }
 }
 
-TEST(ListControl, ComboBoxSelectionSetsItsText) {
-    auto combo = std::make_shared<ListControl>(ListControl::Kind::ComboBox, u"cboTipo");
-    // clang-format off
-    runScript(*combo, {
-        {Call, u"AddItem", {S(u"uno")}}, {Call, u"AddItem", {S(u"dos")}}, {Put, u"ListIndex", {L(1)}},
-        {Get, u"Text", {}, S(u"dos")}, {Put, u"SelStart", {L(9)}}, {Get, u"SelStart", {}, L(3)},
-        {Put, u"SelStart", {L(-1)}, {}, 380}, {Get, u"", {}, S(u"dos")}});
-    // clang-format on
-    EXPECT_EQ(combo->calls(), (std::vector<String>{u"AddItem", u"AddItem", u"ListIndex=", u"Text", u"SelStart=",
-                                                   u"SelStart", u"SelStart=", u"Text"}));
-}
-
 }  // namespace
 }  // namespace telvaro::objects

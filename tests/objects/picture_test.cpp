@@ -40,19 +40,22 @@ TEST(Pictures, CheckBoxPicturesFrameFaceAndTick) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         auto picture = makeCheckBoxPicture(c.kind);
-        ASSERT_EQ(picture->width(), 13);
-        ASSERT_EQ(picture->height(), 13);
+        ASSERT_EQ(std::make_pair(picture->width(), picture->height()), std::make_pair(13, 13));
         EXPECT_EQ(toUtf8(picture->source()), c.name);
         EXPECT_EQ(checkBoxPictureNamed(fromUtf8(c.name)), c.kind);
-        struct Pixel {
-            int x, y;
-            std::uint32_t argb;
-        };
-        for (const Pixel p :
-             {Pixel{0, 0, rgb(128, 128, 128)}, Pixel{11, 0, rgb(128, 128, 128)}, Pixel{1, 1, rgb(64, 64, 64)},
-              Pixel{12, 0, rgb(212, 208, 200)}, Pixel{0, 12, rgb(212, 208, 200)}, Pixel{2, 2, c.face},
-              Pixel{11, 11, c.face}, Pixel{3, 5, c.tick}, Pixel{10, 3, c.tick}, Pixel{3, 4, c.face}})
-            EXPECT_EQ(picture->pixel(p.x, p.y), p.argb) << p.x << "," << p.y;
+        const std::uint32_t outer = rgb(128, 128, 128), edge = rgb(212, 208, 200);
+        for (const auto& [x, y, argb] :
+             std::initializer_list<std::tuple<int, int, std::uint32_t>>{{0, 0, outer},
+                                                                        {11, 0, outer},
+                                                                        {1, 1, rgb(64, 64, 64)},
+                                                                        {12, 0, edge},
+                                                                        {0, 12, edge},
+                                                                        {2, 2, c.face},
+                                                                        {11, 11, c.face},
+                                                                        {3, 5, c.tick},
+                                                                        {10, 3, c.tick},
+                                                                        {3, 4, c.face}})
+            EXPECT_EQ(picture->pixel(x, y), argb) << x << "," << y;
     }
     EXPECT_EQ(checkBoxPictureNamed(u"imsi"), CheckBoxPicture::Checked);
     EXPECT_EQ(checkBoxPictureNamed(u"imX"), std::nullopt);
@@ -72,14 +75,13 @@ TEST(Pictures, AutomationMembers) {
     Picture empty;
     EXPECT_TRUE(identical(empty.get(u"Type"), Variant(std::int16_t(0))));
     EXPECT_TRUE(identical(empty.get(u"Handle"), Variant(std::int32_t(0))));
-    for (const auto [w, h, error] : {std::tuple{-1, 1, 5}, std::tuple{16385, 1, 7}, std::tuple{0, 0, 0}})
+    for (const auto& [w, h, error] : {std::tuple{-1, 1, 5}, std::tuple{16385, 1, 7}, std::tuple{0, 0, 0}})
         EXPECT_EQ(errorNumberOf([&] { Picture p(w, h); }), error) << w << "x" << h;
 }
 
 class PictureFiles : public ::testing::Test {
 protected:
-    fs::path folder =
-        fs::path(std::getenv("TELVARO_TEST_HOME") ? std::getenv("TELVARO_TEST_HOME") : "/tmp") / "picture-files";
+    fs::path folder = fs::path(::testing::TempDir()) / "picture-files";
     void SetUp() override {
         fs::remove_all(folder);
         fs::create_directories(folder);
@@ -90,8 +92,8 @@ protected:
 TEST_F(PictureFiles, SavedFilesReadBackPixelForPixel) {
     auto picture = makeCheckBoxPicture(CheckBoxPicture::CheckedDisabled);
     picture->setPixel(0, 0, 0x80123456);  // half transparent: PNG keeps it, BMP drops the alpha
-    for (const auto [format, file, first] : {std::tuple{PictureFileFormat::Png, "a.png", 0x80123456u},
-                                             std::tuple{PictureFileFormat::Bmp, "a.bmp", 0xFF123456u}}) {
+    for (const auto& [format, file, first] : {std::tuple{PictureFileFormat::Png, "a.png", 0x80123456u},
+                                              std::tuple{PictureFileFormat::Bmp, "a.bmp", 0xFF123456u}}) {
         SCOPED_TRACE(file);
         savePicture(*picture, folder / file, format);
         auto back = loadPicture(folder / file);

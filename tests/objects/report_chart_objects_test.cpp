@@ -45,7 +45,7 @@ TEST(DataReportObject, SectionsControlsAndBinding) {
         SCOPED_TRACE(describe(key));
         Variant section;
         EXPECT_EQ(errorNumberOf([&] { section = sections.get(u"", {key}); }), name.empty() ? 9 : 0);
-        if (!name.empty()) EXPECT_EQ(objectOf(section).get(u"Name").get<String>(), name);
+        EXPECT_TRUE(name.empty() || objectOf(section).get(u"Name").get<String>() == name) << toUtf8(name);
         EXPECT_EQ(errorNumberOf([&] { report->get(u"Sections", {key}); }), name.empty() ? 9 : 0);
     }
 
@@ -56,36 +56,10 @@ TEST(DataReportObject, SectionsControlsAndBinding) {
     EXPECT_EQ(objectOf(controls.get(u"", {S(u"TXTNOMBRE")})).ref(), text);
     EXPECT_EQ(objectOf(detail.get(u"Controls", {L(2)})).ref(), label);
     EXPECT_EQ(errorNumberOf([&] { controls.get(u"Item", {L(3)}); }), 9);
-}
-
-TEST(DataReportObject, ReportControlsHaveTheirKindsMembers) {
-    struct Case {
-        Kind kind;
-        const char16_t* typeName;
-        int dataMember;  // error of DataMember=
-        int caption;
-        int functionType;
-    };
-    for (const auto& c : std::vector<Case>{{Kind::TextBox, u"RptTextBox", 0, 438, 438},
-                                           {Kind::Function, u"RptFunction", 0, 438, 0},
-                                           {Kind::Label, u"RptLabel", 438, 0, 438},
-                                           {Kind::Line, u"RptLine", 438, 438, 438}}) {
-        SCOPED_TRACE(toUtf8(c.typeName));
-        auto control = std::make_shared<ReportControl>(c.kind, u"ctl");
-        EXPECT_EQ(control->typeName(), c.typeName);
-        // clang-format off
-        runScript(*control, {
-            {A::Put, u"DataMember", {S(u"Ventas")}, {}, c.dataMember},
-            {A::Put, u"Caption", {S(u"Nombre")}, {}, c.caption}, {A::Put, u"FunctionType", {I(3)}, {}, c.functionType},
-            {A::Put, u"Visible", {B(false)}}, {A::Get, u"Name", {}, S(u"ctl")}});
-        // clang-format on
-    }
-    auto function = std::make_shared<ReportControl>(Kind::Function, u"fn");
-    EXPECT_EQ(errorNumberOf([&] { function->put(u"FunctionType", I(8)); }), 380);
     // Two controls of one name in a section: refused.
-    ReportSection section(u"s");
-    section.add(std::make_shared<ReportControl>(Kind::TextBox, u"a"));
-    EXPECT_EQ(errorNumberOf([&] { section.add(std::make_shared<ReportControl>(Kind::Label, u"A")); }), 5);
+    EXPECT_EQ(
+        errorNumberOf([&] { report->sections()[2]->add(std::make_shared<ReportControl>(Kind::Label, u"TXTNOMBRE")); }),
+        5);
 }
 
 TEST(ChartObject, ChartDataKeepsArraysOnly) {

@@ -40,10 +40,11 @@ TEST(Registry, ValuesWrittenAndReadBack) {
     // clang-format off
     const Case cases[] = {
         {kCurrentUser, u"SOFTWARE\\telvaro\\PRUEBA", u"EMPRESA", Variant(u"Fábrica ACME")},
+        {kCurrentUser, key, u"Binario", Variant()}, {kCurrentUser, key, u"Negativo", Variant(std::int32_t(-2))},
+        {kCurrentUser, u"Software\\NoExiste", u"Empresa", Variant()}, {7, key, u"Empresa", Variant()},
         {kCurrentUser, key, u"Puerto", Variant(std::int32_t(12))},
-        {kCurrentUser, key, u"Negativo", Variant(std::int32_t(-2))}, {kCurrentUser, key, u"Binario", Variant()},
-        {kCurrentUser, key, u"Fecha", Variant(u"14/07/2024")}, {kCurrentUser, u"Software\\NoExiste", u"Empresa", Variant()},
-        {2, u"Software\\Telvaro", u"", Variant(u"por omisión")}, {7, key, u"Empresa", Variant()}};
+        {kCurrentUser, key, u"Fecha", Variant(u"14/07/2024")},
+        {2, u"Software\\Telvaro", u"", Variant(u"por omisión")}};
     // clang-format on
     for (const auto& c : cases)
         EXPECT_TRUE(identical(call("REG_BuscaRegistro", {c.root, c.key, c.name}), c.expected))
