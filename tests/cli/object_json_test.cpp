@@ -1,20 +1,15 @@
-// Caller objects built from their batch descriptions and written back as
-// their state: every kind, forms with nested containers, the record of the
-// calls, the hooks for kinds built elsewhere, and descriptions that do not
-// fit their kind.
+// Caller objects built from their batch descriptions and written back as their
+// state: every kind, nested containers, the calls, descriptions that do not fit.
 #include "cli/object_json.h"
 
 #include <gtest/gtest.h>
 
 #include "objects/flex_grid.h"
 #include "objects/form.h"
-#include "objects/frame.h"
 #include "support/support.h"
 
 namespace telvaro::cli {
 namespace {
-
-using objects::Control;
 
 ObjectRef built(const char* description, ObjectBuilder& builder) { return builder.build(Json::parse(description)); }
 
@@ -32,14 +27,11 @@ TEST(ObjectJson, GridComesBackWithItsCellsFormatsAndCalls) {
     grid->call(u"RemoveItem", {Variant(2)});
 
     const Json state = objectState(*grid);
-    EXPECT_EQ(state["object"], "grid");
-    EXPECT_EQ(state["name"], "grdItems");
-    EXPECT_EQ(state["rows"], 2);
-    EXPECT_EQ(state["cells"], Json::parse(R"([["", "Codigo", "Nombre"], ["1", "A-1", ""]])"));
-    EXPECT_EQ(state["colWidths"], Json::parse("[300, 960, 960]"));
-    EXPECT_EQ(state["formats"], Json::parse(R"([{"row": 1, "col": 2, "backColor": 255, "alignment": 4,
-        "fontBold": true, "picture": "imSI"}])"));
-    EXPECT_EQ(state["calls"], Json::parse(R"(["TextMatrix", "Row=", "Col=", "CellAlignment=", "RemoveItem"])"));
+    const Json expected = Json::parse(R"({"object": "grid", "name": "grdItems", "rows": 2,
+        "cells": [["", "Codigo", "Nombre"], ["1", "A-1", ""]], "colWidths": [300, 960, 960],
+        "formats": [{"row": 1, "col": 2, "backColor": 255, "alignment": 4, "fontBold": true, "picture": "imSI"}],
+        "calls": ["TextMatrix", "Row=", "Col=", "CellAlignment=", "RemoveItem"]})");
+    for (const auto& [field, value] : expected.items()) EXPECT_EQ(state[field], value) << field;
 }
 
 TEST(ObjectJson, EveryControlKindRoundTrips) {
@@ -50,22 +42,15 @@ TEST(ObjectJson, EveryControlKindRoundTrips) {
     };
     const Case cases[] = {
         {R"({"object": "list", "items": ["a", "b"], "itemData": [7, 8], "listIndex": 1})", "text", R"("b")"},
-        {R"({"object": "list", "items": ["a", "b"], "itemData": [7]})", "itemData", "[7, 0]"},
         {R"({"object": "combobox", "items": ["a"], "text": "libre"})", "text", R"("libre")"},
-        {R"({"object": "combobox", "items": ["a"], "style": 2, "text": "A"})", "listIndex", "0"},
-        {R"({"object": "textbox", "name": "txtCodigo", "text": "12.3", "selStart": 2})", "selStart", "2"},
-        {R"({"object": "textbox", "tag": "BUSCAR", "enabled": false})", "enabled", "false"},
         {R"({"object": "checkbox", "value": 1, "caption": "Activo"})", "value", "1"},
         {R"({"object": "optionbutton", "value": true})", "value", "true"},
         {R"({"object": "label", "name": "lblNombre", "caption": "Nombre:"})", "caption", R"("Nombre:")"},
-        {R"({"object": "font", "name": "DejaVu Sans", "size": 10, "bold": true})", "size", "10.0"},
         {R"({"object": "textbox", "font": {"name": "Arial", "size": 12}})", "font",
          R"({"object": "font", "name": "Arial", "size": 12.0, "bold": false, "italic": false, "underline": false,
             "strikethrough": false})"},
         {R"({"object": "picturebox", "name": "picFoto", "width": 1500, "picture": "imNOd"})", "picture",
          R"({"object": "picture", "source": "imNOd", "width": 13, "height": 13, "calls": []})"},
-        {R"({"object": "picture", "width": 4, "height": 2, "source": "logo.bmp"})", "width", "4"},
-        {R"({"object": "grid", "cells": [["a", "b", "c"]]})", "cols", "3"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.description);
@@ -86,23 +71,6 @@ TEST(ObjectJson, FormNestsControlsInItsFramesAndReportsItsRecords) {
           {"object": "optionbutton", "name": "optA", "container": "fraOpciones"},
           {"object": "grid", "name": "grdItems"}]})",
                            builder);
-    auto f = std::dynamic_pointer_cast<objects::Form>(form);
-    ASSERT_TRUE(f);
-    struct Case {
-        const char16_t* control;
-        const char16_t* container;
-    };
-    const Case cases[] = {{u"fraDatos", u"frmClientes"},  {u"txtNombre", u"fraDatos"}, {u"fraOpciones", u"fraDatos"},
-                          {u"chkActivo", u"fraOpciones"}, {u"optA", u"fraOpciones"},   {u"grdItems", u"frmClientes"}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(toUtf8(c.control));
-        auto control = f->controlNamed(c.control);
-        ASSERT_TRUE(control);
-        auto container = std::dynamic_pointer_cast<Control>(control->container());
-        ASSERT_TRUE(container);
-        EXPECT_EQ(container->name(), c.container);
-        EXPECT_EQ(control->parent(), form);
-    }
     form->call(u"GuardaRegistro");
     form->call(u"CargaDatosRegistro", {Variant(u"C-7")});
     const Json state = objectState(*form);
@@ -110,77 +78,22 @@ TEST(ObjectJson, FormNestsControlsInItsFramesAndReportsItsRecords) {
     EXPECT_EQ(state["saves"], 1);
     EXPECT_EQ(state["loaded"], Json::parse(R"([{"type": "String", "value": "C-7"}])"));
     EXPECT_EQ(state["calls"], Json::parse(R"(["GuardaRegistro", "CargaDatosRegistro"])"));
-    ASSERT_EQ(state["controls"].size(), 6u);
-    EXPECT_EQ(state["controls"][3]["name"], "chkActivo");
-    EXPECT_EQ(state["controls"][3]["container"], "fraOpciones");
-    EXPECT_FALSE(state["controls"][5].contains("container"));
+    std::vector<std::pair<std::string, std::string>> containers;
+    for (const auto& c : state["controls"]) containers.emplace_back(c["name"], c.value("container", "-"));
+    EXPECT_EQ(containers, (std::vector<std::pair<std::string, std::string>>{{"fraDatos", "-"},
+                                                                            {"txtNombre", "fraDatos"},
+                                                                            {"fraOpciones", "fraDatos"},
+                                                                            {"chkActivo", "fraOpciones"},
+                                                                            {"optA", "fraOpciones"},
+                                                                            {"grdItems", "-"}}));
 }
 
-TEST(ObjectJson, FrameOnItsOwnHasAFormAroundItAndMdiParentsTheirChild) {
+TEST(ObjectJson, MdiFormsParentTheirChild) {
     ObjectBuilder builder;
-    ObjectRef frame = built(R"({"object": "frame", "name": "fraDatos", "controls": [{"object": "textbox"}]})", builder);
-    ObjectRef parent = frame->get(u"Parent").get<ObjectRef>();
-    ASSERT_TRUE(parent);
-    EXPECT_TRUE(identical(parent->get(u"Controls").get<ObjectRef>()->get(u"Count"), Variant(2)));
-
-    ObjectRef mdi = built(R"({"object": "form", "name": "mdiPrincipal", "mdi": true,
-        "activeForm": {"object": "form", "name": "frmClientes"}})",
-                          builder);
+    ObjectRef mdi =
+        built(R"({"object": "form", "mdi": true, "activeForm": {"object": "form", "name": "frmClientes"}})", builder);
     EXPECT_EQ(mdi->typeName(), u"MDIForm");
-    ObjectRef child = mdi->get(u"ActiveForm").get<ObjectRef>();
-    ASSERT_TRUE(child);
-    EXPECT_TRUE(identical(child->get(u"Name"), Variant(u"frmClientes")));
     EXPECT_EQ(objectState(*mdi)["activeForm"]["name"], "frmClientes");
-}
-
-// A stand-in for a kind another layer builds.
-class Recordset : public Object {
-public:
-    Variant invoke(StringView, InvokeKind, std::span<Variant>) override { return Variant(7); }
-    String typeName() const override { return u"Recordset"; }
-};
-
-// Kinds another layer builds come through the hooks (without them they are
-// unknown kinds); a data grid records what is bound to it.
-TEST(ObjectJson, KindsBuiltElsewhereComeThroughTheHooks) {
-    const char* form = R"({"object": "form", "lista": {"object": "recordset", "source": "SELECT 1"}})";
-    {
-        ObjectBuilder builder;
-        EXPECT_EQ(errorNumberOf([&] { built(form, builder); }), 445);
-    }
-    ObjectKindHooks hooks;
-    hooks.build = [](const std::string& kind, const Json& d) -> ObjectRef {
-        if (kind != "recordset") return nullptr;
-        EXPECT_EQ(d["source"], "SELECT 1");
-        return std::make_shared<Recordset>();
-    };
-    hooks.state = [](const Object& o) -> std::optional<Json> {
-        if (o.typeName() != u"Recordset") return std::nullopt;
-        return Json{{"object", "recordset"}, {"position", 1}};
-    };
-    const Json recordset = Json::parse(R"({"object": "recordset", "position": 1})");
-    ObjectBuilder builder(hooks);
-    ObjectRef built_form = built(form, builder);
-    EXPECT_EQ(built_form->get(u"Lista").get<ObjectRef>()->typeName(), u"Recordset");
-    EXPECT_EQ(objectState(*built_form, hooks)["lista"], recordset);
-    EXPECT_EQ(errorNumberOf([&] { built(R"({"object": "slider"})", builder); }), 445);
-    ObjectRef bound =
-        built(R"({"object": "datagrid", "dataSource": {"object": "recordset", "source": "SELECT 1"}})", builder);
-    EXPECT_EQ(objectState(*bound, hooks)["dataSource"], recordset);
-
-    ObjectRef grid = built(R"({"object": "datagrid", "name": "dgBusqueda", "visible": false})", builder);
-    EXPECT_EQ(grid->typeName(), u"DataGrid");
-    std::vector<Variant> assigned{Variant(built(R"({"object": "recordset", "source": "SELECT 1"})", builder))};
-    grid->invoke(u"DataSource", InvokeKind::PropertyPutRef, assigned);
-    grid->put(u"DataMember", Variant(u""));
-    grid->call(u"Refresh");
-    grid->put(u"Visible", Variant(Boolean(true)));
-    EXPECT_EQ(errorNumberOf([&] { grid->put(u"DataSource", Variant(u"x")); }), 424);
-    const Json state = objectState(*grid, hooks);
-    EXPECT_EQ(state["dataSource"], recordset);
-    EXPECT_EQ(state["refreshes"], 1);
-    EXPECT_EQ(state["visible"], true);
-    EXPECT_EQ(state["calls"], Json::parse(R"(["DataSource=", "DataMember=", "Refresh", "Visible=", "DataSource="])"));
 }
 
 TEST(ObjectJson, DescriptionsThatDoNotFitTheirKindNameTheField) {
@@ -191,46 +104,6 @@ TEST(ObjectJson, DescriptionsThatDoNotFitTheirKindNameTheField) {
     };
     const Case cases[] = {
         {R"({"object": "grid", "rows": -1})", 5, "\"rows\" of a grid expects a whole number from 0"},
-        {R"({"object": "grid", "rows": "tres"})", 5, "\"rows\""},
-        {R"({"object": "grid", "rows": 1.5})", 5, "\"rows\""},
-        {R"({"object": "grid", "rows": 100000, "cols": 1000})", 5, "10000000 cells"},
-        {R"({"object": "grid", "rows": 1, "cells": [["a"], ["b"]]})", 5, "\"cells\""},
-        {R"({"object": "grid", "cells": ["a"]})", 5, "\"cells\""},
-        {R"({"object": "grid", "cells": [[{"x": 1}]]})", 5, "\"cells\" of a grid expects a text"},
-        {R"({"object": "grid", "rows": 2, "row": 2})", 5, "\"row\""},
-        {R"({"object": "grid", "rows": 0, "formats": [{"row": 0, "col": 0}]})", 5, "\"row\" of a cell format"},
-        {R"({"object": "grid", "rows": 18446744073709551615})", 5, "\"rows\""},
-        {R"({"object": "grid", "colWidths": [1, 2, 3]})", 5, "\"colWidths\""},
-        {R"({"object": "grid", "colWidths": [-2]})", 5, "\"colWidths\""},
-        {R"({"object": "grid", "formats": [{"row": 5, "col": 0}]})", 5, "\"row\" of a cell format"},
-        {R"({"object": "grid", "formats": [{"col": 0}]})", 5, "\"formats\""},
-        {R"({"object": "grid", "formats": [{"row": 1, "col": 1, "alignment": 12}]})", 5, "\"alignment\""},
-        {R"({"object": "grid", "redraw": "si"})", 5, "\"redraw\" of a grid expects true or false"},
-        {R"({"object": "list", "items": "a"})", 5, "\"items\" of a list expects a list"},
-        {R"({"object": "list", "items": ["a"], "listIndex": 1})", 5, "\"listIndex\""},
-        {R"({"object": "list", "items": ["a"], "itemData": [1, 2]})", 5, "\"itemData\""},
-        {R"({"object": "list", "style": 2})", 5, "\"style\""},
-        {R"({"object": "combobox", "style": 2, "items": ["a"], "text": "b"})", 5, "\"text\""},
-        {R"({"object": "checkbox", "value": 3})", 5, "\"value\""},
-        {R"({"object": "textbox", "width": -5})", 5, "\"width\""},
-        {R"({"object": "textbox", "font": 12})", 5, "\"font\""},
-        {R"({"object": "font", "size": 0})", 5, "\"size\" of a font"},
-        {R"({"object": "form", "controls": [{"object": "font"}]})", 5, "\"controls\""},
-        {R"({"object": "form", "controls": [{"object": "form"}]})", 5, "\"controls\""},
-        {R"({"object": "form", "controls": [{"object": "textbox", "container": "fraNo"}]})", 5, "\"container\""},
-        {R"({"object": "form", "controls": [{"object": "label", "name": "x"}, {"object": "textbox", "container": "x"}]})",
-         5, "\"container\""},
-        {R"({"object": "form", "controls": [{"object": "frame", "name": "a", "container": "b"},
-            {"object": "frame", "name": "b", "container": "a"}]})",
-         5, "not inside the control itself"},
-        {R"({"object": "form", "controls": [{"object": "frame", "name": "a", "container": "a"}]})", 5,
-         "not inside the control itself"},
-        {R"({"object": "form", "activeForm": {"object": "form"}})", 5, "\"activeForm\""},
-        {R"({"object": "form", "mdi": true, "activeForm": {"object": "textbox"}})", 5, "\"activeForm\""},
-        {R"({"object": "form", "saveSucceeds": [true, 2]})", 5, "\"saveSucceeds\""},
-        {R"({"object": 7})", 5, "\"object\""},
-        {R"({"object": "picture", "width": 20000})", 5, "\"width\""},
-        {R"({"object": "picturebox", "picture": 5})", 5, "\"picture\""},
         {R"({"object": "nave"})", 445, "\"nave\""},
     };
     for (const auto& c : cases) {
@@ -244,71 +117,6 @@ TEST(ObjectJson, DescriptionsThatDoNotFitTheirKindNameTheField) {
             EXPECT_NE(toUtf8(e.description()).find(c.named), std::string::npos) << toUtf8(e.description());
         }
     }
-}
-
-// Every field of a full description of each kind replaced by junk: the
-// builder gives an object or a run-time error, never anything else, and
-// the state of what it built can be written.
-TEST(ObjectJson, JunkInAnyFieldIsAnErrorOrAnObject) {
-    const char* const full[] = {
-        R"({"object": "grid", "name": "g", "rows": 3, "cols": 2, "fixedRows": 1, "fixedCols": 1, "row": 1, "col": 1,
-            "redraw": true, "cells": [["a", "b"]], "colWidths": [1], "rowHeights": [1], "colAlignments": [1],
-            "formats": [{"row": 0, "col": 0, "backColor": 1, "picture": "imSI"}], "font": {"size": 9}})",
-        R"({"object": "list", "items": ["a"], "itemData": [1], "listIndex": 0, "visible": true, "style": 0,
-            "fontSize": 8})",
-        R"({"object": "combobox", "items": ["a"], "style": 2, "text": "a", "selStart": 0})",
-        R"({"object": "textbox", "text": "x", "selStart": 0, "selLength": 1, "maxLength": 3, "locked": false,
-            "tag": "t", "enabled": true, "left": 1, "top": 1, "width": 1, "height": 1, "tabIndex": 1})",
-        R"({"object": "checkbox", "value": 1, "caption": "c"})",
-        R"({"object": "optionbutton", "value": true, "caption": "c"})",
-        R"({"object": "label", "caption": "c", "alignment": 1})",
-        R"({"object": "font", "name": "Arial", "size": 9, "bold": true, "italic": true, "underline": true})",
-        R"({"object": "picturebox", "picture": "imNO", "autoRedraw": true, "autoSize": true, "scaleMode": 3})",
-        R"({"object": "picture", "width": 2, "height": 2, "source": "x"})",
-        R"({"object": "frame", "caption": "f", "controls": [{"object": "textbox"}]})",
-        R"({"object": "form", "name": "f", "caption": "c", "changed": true, "saveSucceeds": [true], "mdi": true,
-            "activeForm": {"object": "form"}, "controls": [{"object": "frame", "name": "fr"},
-            {"object": "textbox", "container": "fr"}]})",
-    };
-    const Json junk[] = {
-        nullptr,
-        true,
-        -1,
-        0,
-        4294967296LL,
-        1e300,
-        -1.5,
-        "texto",
-        "",
-        Json::array(),
-        Json::array({1, "a", nullptr}),
-        Json::object(),
-        Json{{"object", "textbox"}},
-        Json::array({Json::array({Json::object()})}),
-    };
-    std::size_t built_count = 0, errors = 0;
-    for (const char* description : full) {
-        const Json base = Json::parse(description);
-        for (const auto& [field, value] : base.items()) {
-            if (field == "object") continue;
-            for (const auto& j : junk) {
-                Json d = base;
-                d[field] = j;
-                SCOPED_TRACE(d.dump());
-                ObjectBuilder builder;
-                try {
-                    ObjectRef object = builder.build(d);
-                    EXPECT_TRUE(objectState(*object).is_object());
-                    ++built_count;
-                } catch (const RuntimeError& e) {
-                    EXPECT_TRUE(e.number() == 5 || e.number() == 445) << e.what();
-                    ++errors;
-                }
-            }
-        }
-    }
-    EXPECT_GT(built_count, 0u);
-    EXPECT_GT(errors, 0u);
 }
 
 }  // namespace

@@ -9,10 +9,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <nlohmann/json.hpp>
-#include <sstream>
+#include <iterator>
 #include <string>
-#include <vector>
 
 namespace telvaro::cli {
 
@@ -23,9 +21,7 @@ struct Outcome {
 
 inline std::string fileText(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
+    return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 // A file of the suite's scratch folder holding `content`; its path.
@@ -53,14 +49,6 @@ inline Outcome shell(const std::string& script, const std::string& input = "") {
 // `telvaro <args>` with `environment` (VAR=value ...) before it.
 inline Outcome runProgram(const std::string& args, const std::string& input = "", const std::string& environment = "") {
     return shell("env " + environment + " $T " + args, input);
-}
-
-// Every line of a batch's output, parsed.
-inline std::vector<nlohmann::ordered_json> jsonLines(const std::string& out) {
-    std::vector<nlohmann::ordered_json> lines;
-    std::istringstream in(out);
-    for (std::string line; std::getline(in, line);) lines.push_back(nlohmann::ordered_json::parse(line));
-    return lines;
 }
 
 }  // namespace telvaro::cli

@@ -1,12 +1,9 @@
-// A Fun whose window calls are kept in memory, the library's own controls
-// to hand it, and the program's answer to a batch request.
+// A Fun whose window calls are kept in memory, and the library's own
+// controls to hand it.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "context/fun.h"
@@ -20,19 +17,6 @@
 #include "support/test_platform.h"
 
 namespace telvaro {
-
-// The answer of `telvaro batch` to one request line.
-inline nlohmann::json batchAnswer(const std::string& request) {
-    const std::string input = ::testing::TempDir() + "forms_batch.jsonl";
-    std::ofstream(input) << request << "\n";
-    std::string out;
-    if (FILE* pipe = ::popen((std::string(TELVARO_BINARY) + " batch < " + input).c_str(), "r")) {
-        char buffer[4096];
-        while (std::size_t n = std::fread(buffer, 1, sizeof buffer, pipe)) out.append(buffer, n);
-        ::pclose(pipe);
-    }
-    return nlohmann::json::parse(out);
-}
 
 class FormsTest : public ::testing::Test {
 protected:

@@ -1,5 +1,4 @@
 // The numeric key filter and the backspace, key by key.
-#include "forms/number_keys.h"
 #include "forms_fixture.h"
 #include "objects/label.h"
 
@@ -16,28 +15,18 @@ struct KeyCase {
 };
 
 TEST_F(FormsTest, VerificaNumeroAppendsOnlyAcceptableKeys) {
+    // clang-format off
     const std::vector<KeyCase> cases = {
-        {"12.34", u'5', 2, 0, 100, "12.34"},  // decimals full
-        {"12.3", u'5', 2, 0, 100, "12.35"},
-        {"", u'.', 2, 0, 100, ""},     // no point in an empty box
-        {"-", u'.', 2, -1, 100, "-"},  // nor right after the sign
-        {"0", u'.', 2, 0, 100, "0."},
-        {"1.5", u'.', 2, 0, 100, "1.5"},  // one point only
-        {"12", u'.', 0, 0, 100, "12"},    // no decimals allowed
-        {"12", u'.', -1, 0, 100, "12."},  // negative decimals: no test
-        {"12.345", u'6', -1, 0, 100, "12.3456"},
-        {"1234", u'.', 2, 0, 5, "1234"},  // the point may not fill the box
-        {"1234", u'5', 2, 0, 5, "12345"},
-        {"12345", u'6', 2, 0, 5, "12345"},
-        {"", u'-', 2, 0, 100, ""},  // no sign asked for
-        {"", u'-', 2, -1, 100, "-"},
-        {"5", u'-', 2, -1, 100, "5"},  // the sign only first
-        {"5", u'-', 2, 1, 100, "5-"},  // a True other than -1 skips both tests
-        {"5-", u'-', 2, 1, 100, "5--"},
-        {"12", u'a', 2, 0, 100, "12"},
-        {"12", u' ', 2, 0, 100, "12"},
-        {"", u'7', 2, 0, 0, ""},  // a zero length takes nothing
+        {"12.34", u'5', 2, 0, 100, "12.34"}, {"12.3", u'5', 2, 0, 100, "12.35"},  // decimals full, and not
+        {"", u'.', 2, 0, 100, ""}, {"-", u'.', 2, -1, 100, "-"},  // no point in an empty box nor after the sign
+        {"0", u'.', 2, 0, 100, "0."}, {"1.5", u'.', 2, 0, 100, "1.5"},  // one point only
+        {"12", u'.', 0, 0, 100, "12"}, {"12", u'.', -1, 0, 100, "12."},  // no decimals; negative ones: no test
+        {"1234", u'.', 2, 0, 5, "1234"}, {"1234", u'5', 2, 0, 5, "12345"}, {"12345", u'6', 2, 0, 5, "12345"},
+        {"", u'-', 2, 0, 100, ""}, {"", u'-', 2, -1, 100, "-"},  // no sign asked for, and asked for
+        {"5", u'-', 2, -1, 100, "5"}, {"5", u'-', 2, 1, 100, "5-"},  // first only; a True other than -1 skips both
+        {"12", u'a', 2, 0, 100, "12"}, {"", u'7', 2, 0, 0, ""},  // a zero length takes nothing
     };
+    // clang-format on
     for (const auto& c : cases) {
         auto box = textBox(fromUtf8(c.before));
         const Variant result =
@@ -80,20 +69,6 @@ TEST_F(FormsTest, OnAGridTheCellEditorTextIsEdited) {
     // Without EsGridEx a grid is read through Text; a label has neither.
     auto label = std::make_shared<objects::Label>(u"lbl");
     EXPECT_EQ(errorOf("VerificaNumero", {Variant(ObjectRef(label)), Variant(std::int16_t('2'))}), 438);
-}
-
-TEST(NumberKeys, PointPlacement) {
-    struct Case {
-        const char16_t* text;
-        std::int16_t pos, limit;
-        bool expected;
-    };
-    const std::vector<Case> cases = {
-        {u"", 0, 2, false},  {u"1", 0, 2, false},     {u"-", 1, 2, false},    {u"1", 1, 2, true},
-        {u"-1", 2, 2, true}, {u"12345", 1, 2, false}, {u"12345", 2, 3, true},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(forms::numPuedePonerPunto(c.text, c.pos, c.limit), c.expected) << toUtf8(c.text);
 }
 
 }  // namespace

