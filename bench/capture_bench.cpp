@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "context/fun.h"
-#include "forms/xvfb_server.h"
+#include "forms/xvfb.h"
 #include "frame/invoke.h"
 #include "host/default_platform.h"
 
@@ -23,12 +23,14 @@ constexpr int kWidth = 1024, kHeight = 768;
 
 // The server for the whole run, and $DISPLAY naming it.
 const std::string& displayName() {
-    static const auto server = [] {
-        auto s = std::make_unique<testing::XvfbServer>("1024x768x24");
-        if (s->running()) ::setenv("DISPLAY", s->display().c_str(), 1);
-        return s;
+    static pid_t server = -1;
+    static const std::string display = [] {
+        const std::string name = testing::startXvfb(server);
+        if (!name.empty()) ::setenv("DISPLAY", name.c_str(), 1);
+        std::atexit([] { testing::stopXvfb(server); });
+        return name;
     }();
-    return server->display();
+    return display;
 }
 
 void captureLibrary(benchmark::State& state) {

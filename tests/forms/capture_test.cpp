@@ -2,8 +2,6 @@
 // library's own controls. The capture fixture starts Xvfb (1024 x 768, 24
 // bits, 96 pixels per inch, so 15 twips a pixel), draws known pixels into a
 // window with Xlib and reads them back through the methods.
-#include <fcntl.h>
-#include <poll.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,6 +11,7 @@
 #include <tuple>
 
 #include "forms/forms_fixture.h"
+#include "forms/xvfb.h"
 #include "objects/picture.h"
 #include "objects/picture_box.h"
 
@@ -35,36 +34,13 @@ std::shared_ptr<Picture> pictureOf(const Variant& v) {
 }
 bool isNothing(const Variant& v) { return v.isObject() && v.get<ObjectRef>() == nullptr; }
 
-// Xvfb on a display number of its own choosing, told through -displayfd;
-// "" when it does not come up within 10 s.
-std::string startXvfb(pid_t& pid) {
-    int fds[2];
-    if (::pipe(fds) != 0) return "";
-    pid = ::fork();
-    if (pid == 0) {
-        const int devNull = ::open("/dev/null", O_RDWR);
-        ::dup2(devNull, 1);
-        ::dup2(devNull, 2);
-        const std::string fd = std::to_string(fds[1]);
-        ::execlp("Xvfb", "Xvfb", "-displayfd", fd.c_str(), "-screen", "0", "1024x768x24", "-dpi", "96", "-nolisten",
-                 "tcp", "-noreset", static_cast<char*>(nullptr));
-        ::_exit(127);
-    }
-    ::close(fds[1]);
-    std::string number;
-    pollfd p{fds[0], POLLIN, 0};
-    for (char c; ::poll(&p, 1, 10000) > 0 && ::read(fds[0], &c, 1) == 1 && c != '\n';) number += c;
-    ::close(fds[0]);
-    return number.empty() ? "" : ":" + number;
-}
-
 // The test window: 200 x 100 at (20, 10) of the screen, red on its left
 // half, blue on its right half, one green pixel at (10, 5), focused.
 class CaptureTest : public FormsTest {
 protected:
     static constexpr int kLeft = 20, kTop = 10, kWidth = 200, kHeight = 100;
     static void SetUpTestSuite() {
-        const std::string display = startXvfb(pid_);
+        const std::string display = testing::startXvfb(pid_);
         if (display.empty() || !(x_ = XOpenDisplay(display.c_str()))) return;
         variable_.emplace("DISPLAY", display.c_str());
         XSetWindowAttributes attributes{};
@@ -82,7 +58,7 @@ protected:
     static void TearDownTestSuite() {
         if (x_) XCloseDisplay(x_);
         variable_.reset();
-        if (pid_ > 0) ::kill(pid_, SIGTERM), ::waitpid(pid_, nullptr, 0);
+        testing::stopXvfb(pid_);
     }
     void SetUp() override { ASSERT_NE(x_, nullptr) << "no virtual X server (is the package xvfb installed?)"; }
 
