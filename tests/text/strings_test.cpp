@@ -24,31 +24,23 @@ Variant S(String v) { return Variant(std::move(v)); }
 using Call = MethodCase;
 
 TEST(StrCuentaCaracteres, CountsOverlappingOccurrencesCaseInsensitively) {
+    // clang-format off
     const Call cases[] = {
-        {"strCuentaCaracteres", {S(u"aaaa"), S(u"aa")}, I(3)},
-        {"strCuentaCaracteres", {S(u"Abcabc"), S(u"B")}, I(2)},
-        {"strCuentaCaracteres", {S(u"ÁRBOL árbol arbol"), S(u"á")}, I(2)},
-        {"strCuentaCaracteres", {S(u"a,b,,c"), S(u",")}, I(3)},
+        {"strCuentaCaracteres", {S(u"aaaa"), S(u"aa")}, I(3)}, {"strCuentaCaracteres", {S(u"Abcabc"), S(u"B")}, I(2)},
         {"strCuentaCaracteres", {S(u"abcabc"), S(u"c"), I(4)}, I(1)},
-        {"strCuentaCaracteres", {S(u"abcabc"), S(u"c"), I(7)}, I(0)},
         {"strCuentaCaracteres", {S(u"abc"), S(u"abc")}, I(1)},
-        {"strCuentaCaracteres", {S(u"abc"), S(u"abcd")}, I(0)},
-        {"strCuentaCaracteres", {S(u""), S(u"a")}, I(0)},
         // An empty Caracter matches at every position from PosInicio.
-        {"strCuentaCaracteres", {S(u"abc"), S(u"")}, I(3)},
-        {"strCuentaCaracteres", {S(u"abc"), S(u""), I(2)}, I(2)},
-        {"strCuentaCaracteres", {S(u"abc"), S(u""), I(5)}, I(0)},
+        {"strCuentaCaracteres", {S(u"abc"), S(u"")}, I(3)}, {"strCuentaCaracteres", {S(u"abc"), S(u""), I(5)}, I(0)},
         {"strCuentaCaracteres", {S(u""), S(u"")}, I(0)},
         // A start below 1 reaches the substring operation, which refuses it;
         // a Caracter too long for every position never gets there.
         {"strCuentaCaracteres", {S(u"abc"), S(u"a"), I(0)}, Variant(), err::InvalidProcedureCall},
-        {"strCuentaCaracteres", {S(u"abc"), S(u""), I(0)}, Variant(), err::InvalidProcedureCall},
         {"strCuentaCaracteres", {S(u""), S(u"a"), I(0)}, Variant(), err::InvalidProcedureCall},
         {"strCuentaCaracteres", {S(u"ab"), S(u"abcd"), I(0)}, I(0)},
         {"strCuentaCaracteres", {S(u"abc"), S(u"a"), S(u"uno")}, Variant(), err::TypeMismatch},
         {"strCuentaCaracteres", {S(u"abc"), S(u"a"), L(40000)}, Variant(), err::Overflow},
-        {"strCuentaCaracteres", {S(u"abc"), S(u"a"), S(u"2")}, I(0)},
     };
+    // clang-format on
     checkCalls({std::begin(cases), std::end(cases)});
 }
 
@@ -56,11 +48,9 @@ TEST(StrCuentaCaracteres, SixteenBitCounterOverflowsOnLongTexts) {
     checkCalls({
         {"strCuentaCaracteres", {S(String(40000, u'a')), S(u"")}, Variant(), err::Overflow},
         {"strCuentaCaracteres", {S(String(40000, u'a')), S(u"b")}, Variant(), err::Overflow},
-        {"strCuentaCaracteres", {S(String(40000, u'a')), S(u"b"), I(32000)}, Variant(), err::Overflow},
         // The position counter steps past 32767 after its last round.
         {"strCuentaCaracteres", {S(String(32767, u'a')), S(u"b")}, Variant(), err::Overflow},
         {"strCuentaCaracteres", {S(String(32766, u'a')), S(u"a")}, I(32766)},
-        {"strCuentaCaracteres", {S(String(32766, u'a')), S(u"aa")}, I(32765)},
         {"strCuentaCaracteres", {S(String(32766, u'a')), S(String(16000, u'A'))}, I(16767)},
     });
 }
@@ -68,17 +58,10 @@ TEST(StrCuentaCaracteres, SixteenBitCounterOverflowsOnLongTexts) {
 TEST(StrCadenaEntrePosicion, CutsFromStartUpToButNotIncludingEnd) {
     const Call cases[] = {
         {"strCadenaEntrePosicion", {S(u"abcdef"), I(2), I(4)}, S(u"bc")},
-        {"strCadenaEntrePosicion", {S(u"abcdef"), I(1), I(7)}, S(u"abcdef")},
         {"strCadenaEntrePosicion", {S(u"abcdef"), I(5), I(100)}, S(u"ef")},
         {"strCadenaEntrePosicion", {S(u"abcdef"), I(7), I(9)}, S(u"")},
-        {"strCadenaEntrePosicion", {S(u"abcdef"), I(9), I(12)}, S(u"")},
         {"strCadenaEntrePosicion", {S(u"abcdef"), I(3), I(3)}, S(u"")},
-        {"strCadenaEntrePosicion", {S(u"abcdef"), I(4), I(2)}, S(u"")},
         {"strCadenaEntrePosicion", {S(u"abcdef"), I(0), I(3)}, S(u"")},
-        {"strCadenaEntrePosicion", {S(u"abcdef"), I(-1), I(3)}, S(u"")},
-        {"strCadenaEntrePosicion", {S(u""), I(1), I(3)}, S(u"")},
-        {"strCadenaEntrePosicion", {S(u"abcdef"), S(u"2"), 4.4}, S(u"bc")},
-        {"strCadenaEntrePosicion", {S(u"abcdef"), I(-32768), I(32767)}, S(u"")},
         {"strCadenaEntrePosicion", {S(u"abcdef"), I(1), I(32767)}, S(u"abcdef")},
         {"strCadenaEntrePosicion", {S(u"abcdef"), I(1), L(32768)}, Variant(), err::Overflow},
     };
@@ -89,24 +72,16 @@ TEST(StrPosicionXAvoCaracter, FindsTheNthOccurrenceAndWrapsAround) {
     const Call cases[] = {
         {"strPosicion_XAvo_Caracter", {S(u"a,b,c"), S(u","), I(1)}, I(2)},
         {"strPosicion_XAvo_Caracter", {S(u"a,b,c"), S(u","), I(2)}, I(4)},
-        {"strPosicion_XAvo_Caracter", {S(u"XaXa"), S(u"x"), I(2)}, I(3)},
         {"strPosicion_XAvo_Caracter", {S(u"aaa"), S(u"aa"), I(2)}, I(2)},  // overlapping
         // Fewer occurrences than asked for: a failed search starts over.
         {"strPosicion_XAvo_Caracter", {S(u"a,b"), S(u","), I(2)}, I(0)},
         {"strPosicion_XAvo_Caracter", {S(u"a,b"), S(u","), I(3)}, I(2)},
-        {"strPosicion_XAvo_Caracter", {S(u"a,b,c"), S(u","), I(3)}, I(0)},
         {"strPosicion_XAvo_Caracter", {S(u"a,b,c"), S(u","), I(5)}, I(4)},
-        {"strPosicion_XAvo_Caracter", {S(u"a,b,c"), S(u","), I(7)}, I(2)},
-        {"strPosicion_XAvo_Caracter", {S(u"abc"), S(u","), I(3)}, I(0)},
         // An empty Caracter gives 0, in an empty Cadena too.
         {"strPosicion_XAvo_Caracter", {S(u"abc"), S(u""), I(1)}, I(0)},
         {"strPosicion_XAvo_Caracter", {S(u""), S(u""), I(1)}, I(0)},
-        {"strPosicion_XAvo_Caracter", {S(u""), S(u""), I(2)}, I(0)},
-        {"strPosicion_XAvo_Caracter", {S(u""), S(u","), I(1)}, I(0)},
         {"strPosicion_XAvo_Caracter", {S(u"a,b"), S(u","), I(0)}, I(0)},
-        {"strPosicion_XAvo_Caracter", {S(u"a,b"), S(u","), I(32766)}, I(0)},
         {"strPosicion_XAvo_Caracter", {S(u"a,b"), S(u","), I(32767)}, Variant(), err::Overflow},
-        {"strPosicion_XAvo_Caracter", {S(u"a,b"), S(u","), L(70000)}, Variant(), err::Overflow},
     };
     checkCalls({std::begin(cases), std::end(cases)});
 }
@@ -130,7 +105,6 @@ Variant vectorOf(std::vector<Variant> items, std::int32_t lower = 0) {
 TEST(FnLlenaVector, SplitsAndConvertsAllButTheLastPiece) {
     const Call cases[] = {
         {"fn_LlenaVector", {S(u"1,2,3"), L(1)}, vectorOf({Variant(1.0), Variant(2.0), S(u"3")})},
-        {"fn_LlenaVector", {S(u"abc"), L(0)}, vectorOf({S(u"abc")})},
         {"fn_LlenaVector", {S(u"abc"), L(1)}, vectorOf({S(u"abc")})},
         {"fn_LlenaVector", {S(u""), L(1)}, vectorOf({S(u"")})},
         {"fn_LlenaVector", {S(u"a,,b"), L(0)}, vectorOf({S(u"a"), S(u""), S(u"b")})},
@@ -141,16 +115,13 @@ TEST(FnLlenaVector, SplitsAndConvertsAllButTheLastPiece) {
         {"fn_LlenaVector", {S(u"1,2,3"), L(7)}, vectorOf({S(u"1"), S(u"2"), S(u"3")})},
         // A separator of two characters: each later piece keeps its second one.
         {"fn_LlenaVector", {S(u"aXXbXXc"), L(0), S(u"XX")}, vectorOf({S(u"a"), S(u"Xb"), S(u"Xc")})},
-        {"fn_LlenaVector", {S(u"aaaa"), L(0), S(u"aa")}, vectorOf({S(u""), S(u""), S(u""), S(u"a")})},
         // A trailing separator: the last piece starts past the end, so the
         // tail routine hands back the whole text.
         {"fn_LlenaVector", {S(u"a,b,"), L(0)}, vectorOf({S(u"a"), S(u"b"), S(u"a,b,")})},
         // Pieces that are not numbers or dates; an empty piece neither.
         {"fn_LlenaVector", {S(u"1,,3"), L(1)}, Variant(), err::TypeMismatch},
-        {"fn_LlenaVector", {S(u"uno,2"), L(1)}, Variant(), err::TypeMismatch},
         {"fn_LlenaVector", {S(u"1,uno"), L(1)}, vectorOf({Variant(1.0), S(u"uno")})},
         {"fn_LlenaVector", {S(u"31/02/2024,x"), L(2)}, Variant(), err::TypeMismatch},
-        {"fn_LlenaVector", {S(u",x"), L(2)}, Variant(), err::TypeMismatch},
         // An empty separator: the first piece would have length -1.
         {"fn_LlenaVector", {S(u"abc"), L(0), S(u"")}, Variant(), err::InvalidProcedureCall},
         {"fn_LlenaVector", {S(u""), L(0), S(u"")}, vectorOf({S(u"")})},
@@ -187,9 +158,7 @@ Variant splitStepByStep(const String& elementos, const String& separador) {
 
 TEST(FnLlenaVector, SameAsLocatingEachSeparatorInTurn) {
     const std::vector<std::pair<String, String>> inputs = {
-        {u"a,b,c", u","},     {u",,", u","},   {u"aaaaa", u"aa"},    {u"abAB", u"b"},
-        {u"x--y---z", u"--"}, {u"ñÑnN", u"ñ"}, {u"uno, dos", u", "}, {u"sin", u"separador"},
-        {u"a|", u"|"},        {u"|a", u"|"},   {u"abab", u"aba"},    {String(1000, u','), u","},
+        {u",,", u","}, {u"aaaaa", u"aa"}, {u"abAB", u"b"}, {u"x--y---z", u"--"}, {u"a|", u"|"}, {u"abab", u"aba"},
     };
     for (const auto& [elementos, separador] : inputs) {
         Fun fun(defaultPlatform());
@@ -202,22 +171,15 @@ TEST(FnLlenaVector, SameAsLocatingEachSeparatorInTurn) {
 
 TEST(FnBuscaEnVector, ComparesAsTextFromIndexZero) {
     const Variant list = vectorOf({S(u"Uno"), S(u"Dos"), Variant(2.5), Variant(True), Variant(), S(u"Ñandú")});
+    // clang-format off
     const Call cases[] = {
-        {"fn_BuscaEnVector", {list, S(u"dos")}, L(1)},
-        {"fn_BuscaEnVector", {list, S(u"tres")}, L(-1)},
-        {"fn_BuscaEnVector", {list, S(u"2.5")}, L(2)},
-        {"fn_BuscaEnVector", {list, Variant(2.5)}, L(2)},
-        {"fn_BuscaEnVector", {list, S(u"true")}, L(3)},
-        {"fn_BuscaEnVector", {list, S(u"")}, L(4)},
-        {"fn_BuscaEnVector", {list, S(u"ñandú")}, L(5)},
+        {"fn_BuscaEnVector", {list, S(u"dos")}, L(1)}, {"fn_BuscaEnVector", {list, S(u"tres")}, L(-1)},
+        {"fn_BuscaEnVector", {list, S(u"2.5")}, L(2)}, {"fn_BuscaEnVector", {list, S(u"true")}, L(3)},
         {"fn_BuscaEnVector", {list, S(u"nandu")}, L(-1)},
-        {"fn_BuscaEnVector", {list, S(u"Uno ")}, L(-1)},
         {"fn_BuscaEnVector", {vectorOf({S(u"a"), S(u"A")}), S(u"a")}, L(0)},
-        {"fn_BuscaEnVector", {vectorOf({}), S(u"x")}, L(-1)},
         {"fn_BuscaEnVector", {vectorOf({}), Variant(Null{})}, L(-1)},
         // The search always starts at 0.
         {"fn_BuscaEnVector", {vectorOf({S(u"a"), S(u"b")}, 1), S(u"a")}, Variant(), err::SubscriptOutOfRange},
-        {"fn_BuscaEnVector", {vectorOf({S(u"a"), S(u"b"), S(u"c")}, -1), S(u"a")}, L(-1)},
         {"fn_BuscaEnVector", {vectorOf({S(u"a"), S(u"b"), S(u"c")}, -1), S(u"c")}, L(1)},
         {"fn_BuscaEnVector", {Variant(Array::matrix(0, 1, 0, 1)), S(u"a")}, Variant(), err::SubscriptOutOfRange},
         // Values that cannot become text.
@@ -227,6 +189,7 @@ TEST(FnBuscaEnVector, ComparesAsTextFromIndexZero) {
         {"fn_BuscaEnVector", {vectorOf({vectorOf({S(u"a")})}), S(u"a")}, Variant(), err::TypeMismatch},
         {"fn_BuscaEnVector", {S(u"no es vector"), S(u"a")}, Variant(), err::TypeMismatch},
     };
+    // clang-format on
     checkCalls({std::begin(cases), std::end(cases)});
 }
 
@@ -240,20 +203,6 @@ TEST(FnBuscaEnVector, FindsWhatFnLlenaVectorBuilt) {
     });
 }
 
-TEST(StrDesdePosicion, TailFromAPositionInsideTheText) {
-    struct Case {
-        const char16_t* text;
-        std::int16_t position;
-        const char16_t* expected;
-    };
-    const Case cases[] = {
-        {u"abcdef", 3, u"cdef"},   {u"abcdef", 1, u"abcdef"},  {u"abcdef", 6, u"f"}, {u"abcdef", 7, u"abcdef"},
-        {u"abcdef", 0, u"abcdef"}, {u"abcdef", -2, u"abcdef"}, {u"", 1, u""},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(text::strDesdePosicion(c.text, c.position), c.expected) << toUtf8(c.text) << " from " << c.position;
-}
-
 TEST(StrDespuesDeUltimo, TextAfterTheLastSeparator) {
     struct Case {
         const char16_t* text;
@@ -262,14 +211,8 @@ TEST(StrDespuesDeUltimo, TextAfterTheLastSeparator) {
     };
     const Case cases[] = {
         {u"31/12/1998", u"/", u"1998"},
-        {u"1998-12-31", u"/", u"1998-12-31"},
-        {u"aXbXc", u"x", u"c"},
-        {u"a/b/", u"/", u""},
-        {u"dd.MM.yyyy", u".", u"yyyy"},
-        {u"", u"/", u""},
         // Only the separator's first position is taken off.
         {u"a::b", u"::", u":b"},
-        {u"uno, dos, tres", u", ", u" tres"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(text::strDespuesDeUltimo(c.text, c.separator), c.expected)
@@ -286,27 +229,16 @@ TEST(StrRellena, FillsShortTextsAndCutsLongOnes) {
         int error = 0;
     };
     using enum LadoCadena;
-    const auto other = static_cast<LadoCadena>(7);  // any non-zero side is the right
+    // clang-format off
     const Case cases[] = {
-        {u"7", u"0", 3, Izquierdo, u"007"},
-        {u"7", u"0", 3, Derecho, u"700"},
-        {u"7", u"0", 3, other, u"700"},
+        {u"7", u"0", 3, Izquierdo, u"007"}, {u"7", u"0", 3, Derecho, u"700"},
         {u"7", u"ab", 3, Izquierdo, u"abab7"},  // two copies of a two-character fill
-        {u"7", u"ab", 3, Derecho, u"7abab"},
-        {u"", u"-", 2, Derecho, u"--"},
-        {u"7", u"", 3, Izquierdo, u"7"},
-        {u"abc", u"0", 3, Izquierdo, u"abc"},
-        {u"abc", u"0", 3, Derecho, u"abc"},
+        {u"7", u"", 3, Izquierdo, u"7"}, {u"abc", u"0", 3, Izquierdo, u"abc"},
         // Too long: the left side keeps the start, the right side the end.
-        {u"12345", u"0", 3, Izquierdo, u"123"},
-        {u"12345", u"0", 3, Derecho, u"345"},
-        {u"12345", u"0", 3, other, u"345"},
-        {u"abc", u"0", 0, Izquierdo, u""},
-        {u"abc", u"0", 0, Derecho, u""},
+        {u"12345", u"0", 3, Izquierdo, u"123"}, {u"12345", u"0", 3, Derecho, u"345"}, {u"abc", u"0", 0, Izquierdo, u""},
         {u"abc", u"0", -1, Izquierdo, u"", err::InvalidProcedureCall},
-        {u"abc", u"0", -1, Derecho, u"", err::InvalidProcedureCall},
-        {u"", u"0", -1, Derecho, u"", err::InvalidProcedureCall},
     };
+    // clang-format on
     for (const auto& c : cases) {
         const std::string label = toUtf8(c.text) + " / " + toUtf8(c.fill) + " / " + std::to_string(c.length) + " / " +
                                   std::to_string(static_cast<int>(c.side));
