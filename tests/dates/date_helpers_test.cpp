@@ -19,9 +19,8 @@ TEST(EdadExacta, PhraseFromTheFixedLengthCalendar) {
         const char16_t* phrase;
     };
     const Case cases[] = {
-        {30, u" 0 años con  1 mes y  29 días"},
-        {31, u" 0 años con  1 mes y  0 días"},
-        {365, u" 1 año con  0 meses y  0 días"},
+        {30, u" 0 años con  1 mes y  29 días"},   {31, u" 0 años con  1 mes y  0 días"},
+        {365, u" 1 año con  0 meses y  0 días"},  {366, u" 1 año con  0 meses y  1 día"},
         {800, u" 2 años con  2 meses y  9 días"},
     };
     std::vector<MethodCase> calls;

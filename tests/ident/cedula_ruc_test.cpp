@@ -64,6 +64,7 @@ TEST(Cedula, CheckDigitAndWarning) {
         {u"1710034065", true, {}, 1, 0},   // weighted sum 25: check digit 5
         {u"1710034064", false, {}, 0, 0},  // wrong check digit, no warning asked
         {u"1710034064", true, {6}, 2, 1},  // the user accepts it
+        {u"1770034062", true, {7}, 0, 1},  // class digit 7 fails with a right check digit
         {u"171003406", true, {6}, 0, 0},   // format fails: never a prompt
         {u"0200000990", false, {}, 1, 0},  // 2*1 + 9*1 + 9*2(=9) = 20: check digit 0
     };
