@@ -218,12 +218,12 @@ TEST(DateReading, DayFirstOrder) {
     // clang-format on
     for (const auto& c : cases) checkParse(u"dd/MM/yyyy", c);
 
-    // clang-format off
     const ParseCase currentYear[] = {
-        {u"31/12", thisYear(12, 31)}, {u"14 1", thisYear(1, 14)}, {u"31 dic", thisYear(12, 31)},
+        {u"31/12", thisYear(12, 31)},
+        {u"14 1", thisYear(1, 14)},
+        {u"31 dic", thisYear(12, 31)},
         {u"3 am 1 2", thisYear(2, 1, 0.125)},
     };
-    // clang-format on
     for (const auto& c : currentYear) checkParse(u"dd/MM/yyyy", c);
 }
 

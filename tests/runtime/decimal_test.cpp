@@ -252,13 +252,15 @@ TEST(DecimalComparison, NumericWhateverTheScaleOrSignOfZero) {
         std::string a, b;
         int order;  // -1: a < b, 0: equal, 1: a > b
     };
-    // clang-format off
     const Case cases[] = {
-        {"1.50", "1.5", 0}, {"-0", "0", 0}, {"-2", "-1", -1}, {"0.0000000000000000000000000001", "0", 1},
-        {"1.0000000000000000000000000001", "1", 1}, {kMax, "7922816251426433759354395033.5", 1},
+        {"1.50", "1.5", 0},
+        {"-0", "0", 0},
+        {"-2", "-1", -1},
+        {"0.0000000000000000000000000001", "0", 1},
+        {"1.0000000000000000000000000001", "1", 1},
+        {kMax, "7922816251426433759354395033.5", 1},
         {std::string("-") + kMax, "-7.9228162514264337593543950335", -1},
     };
-    // clang-format on
     for (const auto& c : cases) {
         const Decimal a = dec(c.a), b = dec(c.b);
         const auto expected = c.order < 0   ? std::strong_ordering::less

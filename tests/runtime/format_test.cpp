@@ -60,13 +60,14 @@ TEST(FormatNumbers, DigitPlaceholders) {
 }
 
 TEST(FormatNumbers, RoundingIsHalfAwayFromZeroOnFifteenDigits) {
-    // clang-format off
     checkAll({
-        {dbl(0.5), u"0", u"1"}, {dbl(-2.5), u"0", u"-3"}, {dbl(1.005), u"0.00", u"1.01"},
-        {dbl(1.73245), u"0.0000E+000", u"1.7325E+000"}, {dbl(-0.001), u"0.00", u"-0.00"},
+        {dbl(0.5), u"0", u"1"},
+        {dbl(-2.5), u"0", u"-3"},
+        {dbl(1.005), u"0.00", u"1.01"},
+        {dbl(1.73245), u"0.0000E+000", u"1.7325E+000"},
+        {dbl(-0.001), u"0.00", u"-0.00"},
         {dbl(0.3 + 0.6), u"0.000000000000000000", u"0.900000000000000000"},
     });
-    // clang-format on
 }
 
 TEST(FormatNumbers, ThousandsGroupingAndScaling) {
@@ -229,12 +230,12 @@ TEST(FormatNamed, DateNames) {
 }
 
 TEST(FormatPlain, EmptyPatternGivesTheValuesText) {
-    // clang-format off
     checkAll({
-        {dbl(12.5), u"", u"12.5"}, {Variant(Currency{12345000}), u"", u"1234.5"}, {Variant(Null{}), u"", u""},
+        {dbl(12.5), u"", u"12.5"},
+        {Variant(Currency{12345000}), u"", u"1234.5"},
+        {Variant(Null{}), u"", u""},
         {kFriday, u"", u"05/07/2024 14:05:09"},
     });
-    // clang-format on
 }
 
 class DefaultValue : public Object {
@@ -250,13 +251,13 @@ private:
 };
 
 TEST(FormatValues, ObjectsArraysAndBadInput) {
-    // clang-format off
     checkAll({
         {Variant(ObjectRef(std::make_shared<DefaultValue>(Variant(12.5)))), u"0.00", u"12.50"},
-        {Variant(ObjectRef()), u"0.00", u"error 91"}, {Variant(Array::ofValues({Variant(1.0)})), u"0", u"error 13"},
-        {Variant::missing(), u"0", u"error 13"}, {dbl(std::numeric_limits<double>::infinity()), u"0", u"error 6"},
+        {Variant(ObjectRef()), u"0.00", u"error 91"},
+        {Variant(Array::ofValues({Variant(1.0)})), u"0", u"error 13"},
+        {Variant::missing(), u"0", u"error 13"},
+        {dbl(std::numeric_limits<double>::infinity()), u"0", u"error 6"},
     });
-    // clang-format on
 }
 
 RegionalSettings commaSettings() {

@@ -16,12 +16,12 @@ TEST(Regional, DerivedItemsFollowTheFormats) {
         bool fourDigits;
     };
     using O = RegionalSettings::DateOrder;
+    // clang-format off
     const Case cases[] = {
-        {u"dd/MM/yyyy", u"/", O::DayMonthYear, true},
-        {u"MM-dd-yy", u"-", O::MonthDayYear, false},
-        {u"yyyy.MM.dd", u".", O::YearMonthDay, true},
-        {u"d/M/yy", u"/", O::DayMonthYear, false},
+        {u"dd/MM/yyyy", u"/", O::DayMonthYear, true}, {u"MM-dd-yy", u"-", O::MonthDayYear, false},
+        {u"yyyy.MM.dd", u".", O::YearMonthDay, true}, {u"d/M/yy", u"/", O::DayMonthYear, false},
     };
+    // clang-format on
     for (const auto& c : cases) {
         RegionalSettings s;
         s.shortDate = c.shortDate;

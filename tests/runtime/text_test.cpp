@@ -28,13 +28,12 @@ TEST(TextEquality, CaseIgnoredAccentsKept) {
         const char16_t* b;
         bool equal;
     };
-    // clang-format off
     const Case cases[] = {
-        {u"A", u"a", true}, {u"Ñ", u"ñ", true}, {u"á", u"a", false}, {u"", u"", true}, {u"a", u"", false},
-        {u"a ", u"a", false},        {u"a\u0301", u"á", false},  // combining accent: other units, other text
-        {u"ab", u"a\u00ADb", false},                             // a soft hyphen is a character too
+        {u"A", u"a", true},          {u"Ñ", u"ñ", true},   {u"á", u"a", false},       {u"", u"", true},
+        {u"a", u"", false},          {u"a ", u"a", false}, {u"a\u0301", u"á", false},  // combining accent: other units,
+                                                                                       // other text
+        {u"ab", u"a\u00ADb", false},  // a soft hyphen is a character too
     };
-    // clang-format on
     for (const auto& c : cases) {
         EXPECT_EQ(textEquals(c.a, c.b), c.equal) << show(c.a) << " = " << show(c.b);
         EXPECT_EQ(textEquals(c.b, c.a), c.equal) << show(c.b) << " = " << show(c.a);
@@ -161,13 +160,12 @@ TEST(Replace, OneLeftToRightPassIgnoringCase) {
         const char16_t* with;
         const char16_t* expected;
     };
-    // clang-format off
     const Case cases[] = {
         {u"aAa", u"a", u"aa", u"aaaaaa"},  // replaced text is not searched again
-        {u"aaa", u"aa", u"b", u"ba"}, {u"'%' y '%'", u"'%'", u"'x.x00x'", u"'x.x00x' y 'x.x00x'"},
-        {u"abc", u"B", u"", u"ac"}, {u"abc", u"", u"x", u"abc"}, {u"abc", u"abcd", u"x", u"abc"},
+        {u"aaa", u"aa", u"b", u"ba"},     {u"'%' y '%'", u"'%'", u"'x.x00x'", u"'x.x00x' y 'x.x00x'"},
+        {u"abc", u"B", u"", u"ac"},       {u"abc", u"", u"x", u"abc"},
+        {u"abc", u"abcd", u"x", u"abc"},
     };
-    // clang-format on
     for (const auto& c : cases)
         EXPECT_EQ(replaceText(c.s, c.find, c.with), c.expected)
             << "Replace(" << show(c.s) << ", " << show(c.find) << ", " << show(c.with) << ")";

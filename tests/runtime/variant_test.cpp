@@ -98,12 +98,12 @@ TEST(Text, Utf8RoundTripsAndCountsUtf16Units) {
 }
 
 TEST(RuntimeError, CarriesTheStandardDescriptions) {
-    // clang-format off
     const std::pair<int, const char16_t*> cases[] = {
-        {13, u"Type mismatch"}, {6, u"Overflow"}, {438, u"Object doesn't support this property or method"},
+        {13, u"Type mismatch"},
+        {6, u"Overflow"},
+        {438, u"Object doesn't support this property or method"},
         {449, u"Argument not optional"},
     };
-    // clang-format on
     for (auto [number, text] : cases) EXPECT_EQ(RuntimeError(number).description(), text) << number;
     EXPECT_STREQ(RuntimeError(9).what(), "Error 9: Subscript out of range");
 }
