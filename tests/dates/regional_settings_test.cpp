@@ -24,11 +24,11 @@ RegionalSettings with(const char16_t* shortDate, const char16_t* decimal = u".",
 }
 
 TEST(RegionalCheck, TrueOnlyForDayMonthFourDigitYearAndPointDecimals) {
+    // clang-format off
     struct Case {
         RegionalSettings settings;
         const char* what;
         Boolean expected;
-        // clang-format off
     } cases[] = {
         {with(u"dd/MM/yyyy"), "dd/MM/yyyy", True}, {with(u"dd/MM/yy"), "two-digit year", False},
         {with(u"yyyy-MM-dd"), "year first", False}, {with(u"dd-MM-yyyy"), "no slash, four-digit year", True},
@@ -105,11 +105,11 @@ TEST(RegionalChange, ThroughTheStoreMakesTheCheckPassForEveryLaterProcess) {
 TEST(RegionalStore, RefusesItemsAndValuesThePlatformRefuses) {
     RegionalScope scope(RegionalSettings::standard());
     posix::PosixRegionalStore store(posix::homeFolder() / "otra" / "regional.ini");
+    // clang-format off
     struct Case {
         int item;
         const char16_t* value;
         bool accepted;
-        // clang-format off
     } cases[] = {
         {lcitem::DecimalSeparator, u",", true}, {lcitem::DecimalSeparator, u"", false},
         {lcitem::DecimalSeparator, u"1", false}, {lcitem::ThousandSeparator, u" ", true},
