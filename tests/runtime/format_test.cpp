@@ -1,6 +1,6 @@
 // Format, pattern by pattern: number placeholders, grouping and scaling,
 // sections, scientific form, date and time letters with their case rules,
-// text patterns, named formats, week options, the values Format reads, and
+// text patterns, named formats, the values Format reads, and
 // the regional marks of a "." and a "," configuration; the grid loaders'
 // column codes are among the rows.
 #include <gtest/gtest.h>
@@ -60,14 +60,13 @@ TEST(FormatNumbers, DigitPlaceholders) {
 }
 
 TEST(FormatNumbers, RoundingIsHalfAwayFromZeroOnFifteenDigits) {
+    // clang-format off
     checkAll({
-        {dbl(0.5), u"0", u"1"},
-        {dbl(-2.5), u"0", u"-3"},
-        {dbl(1.005), u"0.00", u"1.01"},
-        {dbl(1.73245), u"0.0000E+000", u"1.7325E+000"},
-        {dbl(-0.001), u"0.00", u"-0.00"},
+        {dbl(0.5), u"0", u"1"}, {dbl(-2.5), u"0", u"-3"}, {dbl(1.005), u"0.00", u"1.01"},
+        {dbl(1.73245), u"0.0000E+000", u"1.7325E+000"}, {dbl(-0.001), u"0.00", u"-0.00"},
         {dbl(0.3 + 0.6), u"0.000000000000000000", u"0.900000000000000000"},
     });
+    // clang-format on
 }
 
 TEST(FormatNumbers, ThousandsGroupingAndScaling) {
@@ -131,7 +130,8 @@ TEST(FormatDates, DayMonthYearLetters) {
         {kFriday, u"dd/MM/yy", u"05/07/24"},
         {kFriday, u"dddd, dd \\de\\ MMMM \\del\\ yyyy", u"viernes, 05 de julio del 2024"},
         {kFriday, u"DD/MM/YYYY", u"05/07/2024"}, {kFriday, u"\"dia\" d", u"dia 5"},
-        {Variant(Date{45294}), u"dddd d/m/yyyy", u"miércoles 3/1/2024"},
+        {Variant(Date{45294}), u"dddd d/m/yyyy", u"miércoles 3/1/2024"}, {Variant(Date{45292}), u"ww", u"1"},
+        {Variant(Date{45657}), u"ww", u"53"},
     });
     // clang-format on
 }
@@ -159,39 +159,6 @@ TEST(FormatDates, ValuesReadAsDates) {
         {Variant(u"abc"), u"dd/mm/yyyy", u"abc"},
     });
     // clang-format on
-}
-
-TEST(FormatDates, WeekOptions) {
-    struct WeekCase {
-        double serial;
-        int firstDay, firstWeek;
-        const char16_t* pattern;
-        const char16_t* expected;
-    };
-    const WeekCase cases[] = {
-        {kJuly5, 2, 1, u"w", u"5"},   // Friday counted from Monday
-        {kJuly5, 7, 1, u"w", u"7"},   // from Saturday
-        {45292, 1, 1, u"ww", u"1"},   // Monday 1 January 2024
-        {45657, 1, 1, u"ww", u"53"},  // Tuesday 31 December 2024
-        {44197, 2, 2, u"ww", u"53"},  // Friday 1 January 2021: last week of 2020 (four days)
-        {45292, 1, 3, u"ww", u"53"},  // 1 January 2024 before the first full week
-        {45292, 0, 0, u"ww", u"1"},   // 0 means the defaults
-    };
-    for (const auto& c : cases) {
-        FormatOptions options;
-        options.firstDayOfWeek = c.firstDay;
-        options.firstWeekOfYear = c.firstWeek;
-        EXPECT_EQ(toUtf8(format(Variant(Date{c.serial}), c.pattern, options)), toUtf8(c.expected))
-            << "serial " << c.serial << " first day " << c.firstDay << " first week " << c.firstWeek << " with "
-            << toUtf8(c.pattern);
-    }
-    for (auto [day, week] : {std::pair{8, 1}, std::pair{-1, 1}, std::pair{1, 4}}) {
-        FormatOptions options;
-        options.firstDayOfWeek = day;
-        options.firstWeekOfYear = week;
-        EXPECT_EQ(errorNumberOf([&] { format(kFriday, u"ww", options); }), err::InvalidProcedureCall)
-            << "first day " << day << " first week " << week;
-    }
 }
 
 TEST(FormatText, Placeholders) {
@@ -230,12 +197,12 @@ TEST(FormatNamed, DateNames) {
 }
 
 TEST(FormatPlain, EmptyPatternGivesTheValuesText) {
+    // clang-format off
     checkAll({
-        {dbl(12.5), u"", u"12.5"},
-        {Variant(Currency{12345000}), u"", u"1234.5"},
-        {Variant(Null{}), u"", u""},
+        {dbl(12.5), u"", u"12.5"}, {Variant(Currency{12345000}), u"", u"1234.5"}, {Variant(Null{}), u"", u""},
         {kFriday, u"", u"05/07/2024 14:05:09"},
     });
+    // clang-format on
 }
 
 class DefaultValue : public Object {
@@ -251,13 +218,13 @@ private:
 };
 
 TEST(FormatValues, ObjectsArraysAndBadInput) {
+    // clang-format off
     checkAll({
         {Variant(ObjectRef(std::make_shared<DefaultValue>(Variant(12.5)))), u"0.00", u"12.50"},
-        {Variant(ObjectRef()), u"0.00", u"error 91"},
-        {Variant(Array::ofValues({Variant(1.0)})), u"0", u"error 13"},
-        {Variant::missing(), u"0", u"error 13"},
-        {dbl(std::numeric_limits<double>::infinity()), u"0", u"error 6"},
+        {Variant(ObjectRef()), u"0.00", u"error 91"}, {Variant(Array::ofValues({Variant(1.0)})), u"0", u"error 13"},
+        {Variant::missing(), u"0", u"error 13"}, {dbl(std::numeric_limits<double>::infinity()), u"0", u"error 6"},
     });
+    // clang-format on
 }
 
 RegionalSettings commaSettings() {
