@@ -137,36 +137,6 @@ TEST(FnLlenaVector, DatesInTheRegionalOrder) {
     });
 }
 
-// The steps of fn_LlenaVector spelled with the public methods themselves:
-// count the separators, locate each one, cut the pieces, keep the tail.
-Variant splitStepByStep(const String& elementos, const String& separador) {
-    Fun fun(defaultPlatform());
-    const Variant n = call(fun, "strCuentaCaracteres", {S(elementos), S(separador), I(1)});
-    std::vector<Variant> pieces;
-    std::int32_t prev = 0;
-    for (std::int16_t i = 0; i < n.get<std::int16_t>(); ++i) {
-        const Variant pos =
-            call(fun, "strPosicion_XAvo_Caracter", {S(elementos), S(separador), I(std::int16_t(i + 1))});
-        pieces.push_back(mid(elementos, prev + 1, pos.get<std::int16_t>() - prev - 1));
-        prev = pos.get<std::int16_t>();
-    }
-    pieces.push_back(text::strDesdePosicion(elementos, std::int16_t(prev + 1)));
-    return vectorOf(std::move(pieces));
-}
-
-TEST(FnLlenaVector, SameAsLocatingEachSeparatorInTurn) {
-    const std::vector<std::pair<String, String>> inputs = {
-        {u",,", u","}, {u"aaaaa", u"aa"}, {u"abAB", u"b"}, {u"x--y---z", u"--"}, {u"a|", u"|"}, {u"abab", u"aba"},
-    };
-    for (const auto& [elementos, separador] : inputs) {
-        Fun fun(defaultPlatform());
-        const Variant got = call(fun, "fn_LlenaVector", {S(elementos), L(0), S(separador)});
-        const Variant expected = splitStepByStep(elementos, separador);
-        EXPECT_TRUE(identical(got, expected)) << toUtf8(elementos) << " / " << toUtf8(separador) << ": "
-                                              << describe(got) << " not " << describe(expected);
-    }
-}
-
 TEST(FnBuscaEnVector, ComparesAsTextFromIndexZero) {
     const Variant list = vectorOf({S(u"Uno"), S(u"Dos"), Variant(2.5), Variant(True), Variant(), S(u"Ñandú")});
     // clang-format off
