@@ -19,8 +19,17 @@ TEST(EdadExacta, PhraseFromTheFixedLengthCalendar) {
         const char16_t* phrase;
     };
     const Case cases[] = {
-        {30, u" 0 años con  1 mes y  29 días"},   {31, u" 0 años con  1 mes y  0 días"},
-        {365, u" 1 año con  0 meses y  0 días"},  {366, u" 1 año con  0 meses y  1 día"},
+        {0, u" 0 años con  0 meses y  0 días"},
+        {45, u" 0 años con  1 mes y  14 días"},
+        {1, u" 0 años con  0 meses y  1 día"},
+        {7305, u" 20 años con  0 meses y  0 días"},
+        {-2, u""},
+        {-400, u""},
+        {-1, u" 0 años con  0 meses y  0 días"},  // the leap-day allowance Int(-1 / 365 / 4) is -1
+        {30, u" 0 años con  1 mes y  29 días"},
+        {31, u" 0 años con  1 mes y  0 días"},
+        {365, u" 1 año con  0 meses y  0 días"},
+        {366, u" 1 año con  0 meses y  1 día"},
         {800, u" 2 años con  2 meses y  9 días"},
     };
     std::vector<MethodCase> calls;
@@ -29,15 +38,24 @@ TEST(EdadExacta, PhraseFromTheFixedLengthCalendar) {
     checkCalls(calls);
 }
 
-// The time of day does not count in an age; a month outside 1 to 12 has no
-// days. (The script clients hold the other rows of these helpers.)
+// The time of day does not count in an age, text arguments are read as dates,
+// the month lengths ignore the century rule.
 TEST(DateHelpers, Calls) {
+    const String age = u" 0 años con  1 mes y  14 días";
+    // clang-format off
     std::vector<MethodCase> calls = {
-        {"fecEdadExacta", {dateOf(2000, 1, 1, 45.9), dateOf(2000, 1, 1, 0.8)}, u" 0 años con  1 mes y  14 días"},
-        {"MyFecha", {u"1/2/98"}, u"1998-02-01"},
-        {"fecUltimoDiaMes", {1, 2023}, std::uint8_t(31)},
-        {"fecUltimoDiaMes", {0, 2024}, std::uint8_t(0)},
+        {"fecEdadExacta", {dateOf(2020, 1, 1), dateOf(2000, 1, 1)}, u" 20 años con  0 meses y  0 días"},
+        {"fecEdadExacta", {dateOf(2000, 1, 1, 45.9), dateOf(2000, 1, 1, 0.8)}, age},
+        {"fecEdadExacta", {u"15/02/2000", u"01/01/2000"}, age}, {"fecUltimoDiaMes", {256, 2024}, {}, err::Overflow},
+        {"FechaPrimerDia", {u"15/03/2024"}, dateOf(2024, 3, 1)},
+        {"FechaPrimerDia", {dateOf(2024, 3, 15, 0.5)}, dateOf(2024, 3, 1, 0.5)},
+        {"FechaPrimerDia", {u"no es fecha"}, {}, err::TypeMismatch}, {"MyFecha", {u"15/03/2024"}, u"2024-03-15"},
+        {"MyFecha", {u"1/2/98"}, u"1998-02-01"}, {"MyFecha", {u"ayer"}, u"ayer"},
     };
+    // clang-format on
+    const int months[][3] = {{1, 2023, 31}, {4, 2023, 30},  {2, 2024, 29}, {2, 2023, 28}, {2, 1900, 29},
+                             {2, 2100, 29}, {12, 2023, 31}, {13, 2024, 0}, {0, 2024, 0},  {255, 2024, 0}};
+    for (auto [month, year, days] : months) calls.push_back({"fecUltimoDiaMes", {month, year}, std::uint8_t(days)});
     checkCalls(calls);
 }
 

@@ -32,46 +32,56 @@ Outcome call(const char* method, std::vector<Variant> args, std::vector<int> ans
 
 Variant S(const char16_t* s) { return Variant(s); }
 
-// The script clients hold the reserved number, the lengths, the class digits
-// and one number of each kind of RUC.
 TEST(FormatChecks, LengthDashAndEstablishment) {
     struct Case {
         const char* method;
         const char16_t* number;
         bool valid;
     };
+    // clang-format off
     const Case cases[] = {
-        {"fn_ValidaCedula", u"1710034065", true},
-        {"fn_ValidaCedula", u"171003406-", false},
-        {"fn_ValidaRUC", u"1710034065003", true},
+        {"fn_ValidaCedula", u"1710034065", true}, {"fn_ValidaCedula", u"ABCDEFGHIJ", true},  // letters: not tested here
+        {"fn_ValidaCedula", u"9999999999", false}, {"fn_ValidaCedula", u"171003406-", false},
+        {"fn_ValidaCedula", u"171003406", false}, {"fn_ValidaCedula", u"17100340655", false},
+        {"fn_ValidaCedula", u"", false}, {"fn_ValidaRUC", u"1710034065001", true}, {"fn_ValidaRUC", u"1710034065003", true},
+        {"fn_ValidaRUC", u"1710034065004", false}, {"fn_ValidaRUC", u"171003406500", false},
         {"fn_ValidaRUC", u"17100-4065001", false},
     };
+    // clang-format on
     for (const auto& c : cases) {
         Outcome o = call(c.method, {S(c.number)});
         EXPECT_TRUE(identical(o.result, Variant(Boolean(c.valid)))) << c.method << " " << toUtf8(c.number);
     }
 }
 
-TEST(Cedula, CheckDigitAndWarning) {
+TEST(Cedula, CheckDigitClassLettersAndWarning) {
     struct Case {
         const char16_t* number;
         bool advertir;
         std::vector<int> answers;
         std::int16_t code;  // fn_ValidaCedula3
         std::size_t prompts;
+        int error = 0;
     };
     const Case cases[] = {
-        {u"1710034065", true, {}, 1, 0},   // weighted sum 25: check digit 5
-        {u"1710034064", false, {}, 0, 0},  // wrong check digit, no warning asked
-        {u"1710034064", true, {6}, 2, 1},  // the user accepts it
-        {u"1770034062", true, {7}, 0, 1},  // class digit 7 fails with a right check digit
-        {u"171003406", true, {6}, 0, 0},   // format fails: never a prompt
-        {u"0200000990", false, {}, 1, 0},  // 2*1 + 9*1 + 9*2(=9) = 20: check digit 0
+        {u"1710034065", true, {}, 1, 0},                     // weighted sum 25: check digit 5
+        {u"1710034064", false, {}, 0, 0},                    // wrong check digit, no warning asked
+        {u"1710034064", true, {6}, 2, 1},                    // the user accepts it
+        {u"1710034064", true, {7}, 0, 1},                    // the user refuses it
+        {u"1770034062", true, {7}, 0, 1},                    // class digit 7 fails with a right check digit
+        {u"1760034064", false, {}, 1, 0},                    // class digit 6 is the last that passes
+        {u"171003406", true, {6}, 0, 0},                     // format fails: never a prompt
+        {u"0200000990", false, {}, 1, 0},                    // 2*1 + 9*1 + 9*2(=9) = 20: check digit 0
+        {u"0500000997", false, {}, 1, 0},                    // 5*1 + 9*1 + 9*2(=9) = 23: check digit 7
+        {u"17A0034065", true, {}, 0, 0, err::TypeMismatch},  // letters among the first nine digits
+        {u"1 10034065", false, {}, 0, 0, err::TypeMismatch},
     };
     for (const auto& c : cases) {
         Outcome three = call("fn_ValidaCedula3", {S(c.number), Variant(Boolean(c.advertir))}, c.answers);
         Outcome two = call("fn_ValidaCedula2", {S(c.number), Variant(Boolean(c.advertir))}, c.answers);
-        EXPECT_EQ(three.error + two.error, 0) << toUtf8(c.number);
+        EXPECT_EQ(three.error, c.error) << toUtf8(c.number);
+        EXPECT_EQ(two.error, c.error) << toUtf8(c.number);
+        if (c.error) continue;
         EXPECT_TRUE(identical(three.result, Variant(c.code))) << toUtf8(c.number) << " " << describe(three.result);
         EXPECT_EQ(three.shown.size(), c.prompts) << toUtf8(c.number);
         EXPECT_TRUE(identical(two.result, Variant(Boolean(c.code != 0)))) << toUtf8(c.number);
@@ -93,6 +103,11 @@ TEST(Ruc, ClassesCheckDigitsAndEstablishments) {
         std::size_t prompts = 0;
     };
     const Case cases[] = {
+        {u"1710034065001", true},                           // natural person: the cédula format and "001"
+        {u"1710034064001", true},                           // natural person: the cédula check digit is not applied
+        {u"1790011674003", true},                           // private company, establishment 003
+        {u"1760001550001", true},                           // public entity: 3,2,7,6,5,4,3,2 modulo 11, check at 9
+        {u"17AB011674001", true},                           // letters count as 0 in the RUC checks
         {u"1790011674001", true},                           // private company: 4,3,2,7,6,5,4,3,2 modulo 11
         {u"1790011675001", false},                          // private company, wrong check digit
         {u"1760001551001", false},                          // public entity: establishment is the last four, "1001"

@@ -41,8 +41,6 @@ Variant amount(std::vector<Variant> args) {
     return invoke(fun, "Numero2Letra", args);
 }
 
-// The script clients hold the dollar and peseta amounts, the padding and the
-// errors of text that is not a number.
 TEST(Numero2Letra, InvoicesAndCheques) {
     const Variant M(std::int32_t(1)), none = Variant::missing();
     // In dollars and cents, both masculine, with the default decimals.
@@ -54,7 +52,14 @@ TEST(Numero2Letra, InvoicesAndCheques) {
         const char16_t* text;  // nullptr: the error
         int error = 0;
     };
+    const Variant none0 = Variant(std::int32_t(0));
+    // clang-format off
     const std::vector<Case> cases = {
+        {dollars(u"1234.56"), u"mil doscientos treinta y cuatro dólares con cincuenta y seis centavos"},
+        {{Variant(u"21.01"), none, none, Variant(u"pesetas"), Variant(u"céntimos")}, u"veintiuna pesetas con un céntimos"},
+        {{Variant(u"12.345"), none, none0, Variant(u"dólares"), none, M}, u"doce dólares"},
+        {{Variant(u"5"), Variant(std::int32_t(30)), none0, Variant(u"dólares"), none, M}, u"cinco dólares*****************"},
+        {{Variant(u"doce")}, nullptr, err::TypeMismatch}, {{Variant(u"1e16")}, nullptr, err::Overflow},
         {{Variant(u"1"), none, none, Variant(u"dólar"), Variant(u"centavos"), M, M}, u"un dólar con cero centavos"},
         {dollars(u"1000000"), u"un millón de dólares con cero centavos"},
         {dollars(u"0.999"), u"un dólares con cero centavos"},
@@ -63,6 +68,7 @@ TEST(Numero2Letra, InvoicesAndCheques) {
         {{Variant(u"7.005"), none, Variant(std::int32_t(3))}, u"siete con cinco"},
         {{Variant(u"5"), Variant(std::int32_t(0)), Variant(std::int32_t(-1))}, nullptr, err::InvalidProcedureCall},
     };
+    // clang-format on
     for (const auto& c : cases) {
         Variant got;
         EXPECT_EQ(errorNumberOf([&] { got = amount(c.args); }), c.error) << toUtf8(toString(c.args[0]));

@@ -26,7 +26,7 @@ TEST(Formula, RewritingGivesTheseValues) {
     };
     // clang-format off
     const Case cases[] = {
-        {u"2*3+1", 7}, {u"1+2*3", 7}, {u"2^3^2", 512}, {u"8/4/2", 4}, {u"1+2*-3", -9}, {u"-5+3", -2}, {u"150 % 12", 18},
+        {u"2*3+1", 7}, {u"1+2*3", 7}, {u"2^3^2", 512}, {u"8/4/2", 4}, {u"6/2*3", 1}, {u"1+2*3-4/2", 1.5}, {u"1+2*-3", -9}, {u"-5+3", -2}, {u"150 % 12", 18},
         {u"10/0", 0}, {u"7\\2", 3}, {u"7\\0", 0}, {u"(1+2", 3}, {u"1 000 + 1", 1001}, {u"abc", 0}, {u"12abc", 12},
         {u"", 0}, {u"(2+3)*(4+5)", 45}, {u",5+1", 1.5}, {u"1,234,5+0", 1234.5}, {u"1,234,5", 1}, {u"2x3+1", 6},
         {u"$12.50", 12.5}, {u"2 x 3", 23}, {u"2^0.5", 1.4142135623731},
@@ -47,7 +47,7 @@ TEST(Formula, OperandsAreConvertedBeforeTheyAreTested) {
         // first, before the divisor is tested.
         {u"99999999999\\0.4", err::Overflow}, {u"7\\99999999999", err::Overflow}, {u"7\\0.4", err::DivisionByZero},
         // Zero to a negative power is an invalid call of "^".
-        {u"0^-1", err::InvalidProcedureCall}, {u"0^0", 0}, {u"10^400", err::Overflow},
+        {u"0^-1", err::InvalidProcedureCall}, {u"(-8)^0.5", err::InvalidProcedureCall}, {u"0^0", 0}, {u"10^400", err::Overflow},
         {u"99999999999999*99999999999999*99999999999999", err::Overflow},
     };
     // clang-format on

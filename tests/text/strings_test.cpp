@@ -26,7 +26,7 @@ using Call = MethodCase;
 TEST(StrCuentaCaracteres, CountsOverlappingOccurrencesCaseInsensitively) {
     // clang-format off
     const Call cases[] = {
-        {"strCuentaCaracteres", {S(u"aaaa"), S(u"aa")}, I(3)},
+        {"strCuentaCaracteres", {S(u"aaaa"), S(u"aa")}, I(3)}, {"strCuentaCaracteres", {S(u"Abcabc"), S(u"B")}, I(2)},
         {"strCuentaCaracteres", {S(u"abcabc"), S(u"c"), I(4)}, I(1)},
         {"strCuentaCaracteres", {S(u"abc"), S(u"abc")}, I(1)},
         // An empty Caracter matches at every position from PosInicio.
@@ -34,7 +34,9 @@ TEST(StrCuentaCaracteres, CountsOverlappingOccurrencesCaseInsensitively) {
         {"strCuentaCaracteres", {S(u""), S(u"")}, I(0)},
         // A start below 1 reaches the substring operation, which refuses it;
         // a Caracter too long for every position never gets there.
+        {"strCuentaCaracteres", {S(u"abc"), S(u"a"), I(0)}, Variant(), err::InvalidProcedureCall},
         {"strCuentaCaracteres", {S(u""), S(u"a"), I(0)}, Variant(), err::InvalidProcedureCall},
+        {"strCuentaCaracteres", {S(u"abc"), S(u"a"), L(40000)}, Variant(), err::Overflow},
         {"strCuentaCaracteres", {S(u"ab"), S(u"abcd"), I(0)}, I(0)},
         {"strCuentaCaracteres", {S(u"abc"), S(u"a"), S(u"uno")}, Variant(), err::TypeMismatch},
     };
