@@ -176,7 +176,7 @@ TEST(DateReading, DayFirstOrder) {
         {u"98/12/31", 36160},  // year first when neither day-month order works
         {u"1998-12-31", 36160}, {u"31-dic-1998", 36160}, {u"31/DIC/1998", 36160}, {u"31 de diciembre de 1998", 36160},
         {u"December 31, 1998", 36160}, {u"30 setiembre 1998", 36068}, {u"31 setiembre 1998", kNotADate},
-        {u"martes, 31 de marzo de 1998", 35885}, {u"dic 1998", 36130},
+        {u"martes, 31 de marzo de 1998", 35885}, {u"miércoles, 3 de enero de 2024", 45294}, {u"dic 1998", 36130},
         {u"Jan 35", 12785},  // 1 January 1935: 35 cannot be a day of January
         {u"31/12/1998 18:30", 36160 + 18.5 / 24}, {u"31/12/1998 6:30 PM", 36160 + 18.5 / 24},
         {u"31/12/1998 6:30 p. m.", 36160 + 18.5 / 24},
@@ -232,6 +232,20 @@ TEST(DateReading, ConversionsUseTheRegionalOrder) {
     EXPECT_DOUBLE_EQ(toDate(Variant(u"01/02/1998")).serial, 35797);
     EXPECT_EQ(errorNumberOf([] { toDate(Variant(u"31/02/1998")); }), err::TypeMismatch);
     EXPECT_EQ(toString(Variant(Date{35797})), u"01/02/1998");
+}
+
+// The names of the configuration in force read, and only while it is.
+TEST(DateReading, MonthNamesOfTheSettingsInForce) {
+    const Variant text(u"3 de janeiro de 2024");
+    EXPECT_EQ(errorNumberOf([&] { toDate(text); }), err::TypeMismatch);
+    {
+        RegionalSettings other = RegionalSettings::standard();
+        other.monthNames[0] = u"janeiro";
+        RegionalScope scope(other);
+        EXPECT_DOUBLE_EQ(toDate(text).serial, 45294);
+    }
+    EXPECT_EQ(errorNumberOf([&] { toDate(text); }), err::TypeMismatch);
+    EXPECT_DOUBLE_EQ(toDate(Variant(u"3 de enero de 2024")).serial, 45294);
 }
 
 TEST(DateClock, TodayAndNowAreTheLocalDate) {
