@@ -20,12 +20,13 @@ TEST(NumberParts, IntegerDecimalTruncateMultiple) {
     check({
         {"numParteEntera", {D(-3.7)}, D(-3)}, {"numParteEntera", {D(3e9)}, Variant(), err::Overflow},
         {"numParteDecimal", {D(-2.25)}, D(-0.25)}, {"numTruncar", {D(2.5679), I(2)}, D(2.56)},
-        {"numTruncar", {D(2.5), I(3)}, D(2.5)}, {"numTruncar", {D(2.5679), I(-5)}, Variant(), err::InvalidProcedureCall},
+        {"numTruncar", {D(2.5), I(3)}, D(2.5)},
+        {"numTruncar", {D(2.5679), I(-5)}, Variant(), err::InvalidProcedureCall},
         {"numEsMultiplo", {D(12), D(4)}, Variant(True)}, {"numEsMultiplo", {D(10), D(4)}, Variant(False)},
-         {"numParteEntera", {D(3.7)}, D(3)}, {"numParteEntera", {D(2.5)}, D(2)},
-         {"numParteEntera", {D(2.9999999999999996)}, D(3)}, {"numParteDecimal", {D(1.0000000001)}, D(0)},
-         {"numTruncar", {D(-2.5679), I(0)}, D(-2)}, {"numEsMultiplo", {D(7.5), D(2.5)}, Variant(False)},
-         {"numEsMultiplo", {D(12), D(0.3)}, Variant(), err::DivisionByZero},
+        {"numParteEntera", {D(3.7)}, D(3)}, {"numParteEntera", {D(2.5)}, D(2)},
+        {"numParteEntera", {D(2.9999999999999996)}, D(3)}, {"numParteDecimal", {D(1.0000000001)}, D(0)},
+        {"numTruncar", {D(-2.5679), I(0)}, D(-2)}, {"numEsMultiplo", {D(7.5), D(2.5)}, Variant(False)},
+        {"numEsMultiplo", {D(12), D(0.3)}, Variant(), err::DivisionByZero},
     });
     // clang-format on
 }
@@ -36,7 +37,8 @@ TEST(Fractions, PacksAndLooseUnits) {
         {"numFraccion_a_Decimal", {S(u"5.06"), I(12)}, D(5.5)}, {"numFraccion_a_Decimal", {S(u"5.3"), I(12)}, D(7.5)},
         {"numFraccion_a_Decimal", {S(u"3"), I(12)}, D(3)},
         {"numFraccion_a_Decimal", {S(u"1.5"), I(0)}, Variant(), err::DivisionByZero},
-        {"numDecimal_a_Fraccion", {S(u"3.5"), I(12)}, S(u"3.06")}, {"numDecimal_a_Fraccion", {S(u"-3.5"), I(12)}, S(u"-3")},
+        {"numDecimal_a_Fraccion", {S(u"3.5"), I(12)}, S(u"3.06")},
+        {"numDecimal_a_Fraccion", {S(u"-3.5"), I(12)}, S(u"-3")},
         {"numFraccion_a_Decimal", {S(u"-5.06"), I(12)}, D(-4.5)}, {"numFraccion_a_Decimal", {S(u"abc"), I(12)}, D(0)},
         {"numFraccion_a_Decimal", {S(u"2.005"), I(100)}, D(2.05)},
         {"numDecimal_a_Fraccion", {S(u"0.375"), I(12)}, S(u"0.05")},  // 4.5 rounds up, not to even
