@@ -293,25 +293,3 @@ TEST_F(Sweep, InputsThatOnceTookTheMachineAnswerAtOnce) {
 
 }  // namespace
 }  // namespace telvaro
-
-namespace telvaro::sweep {
-namespace {
-
-TEST(MemoryBudgetTest, FlagsWhatGoesPastTheBudgetOnly) {
-    {
-        MemoryBudget budget(std::size_t(64) << 20);
-        std::vector<char> within(std::size_t(32) << 20);
-        EXPECT_FALSE(budget.exceeded());
-        EXPECT_GE(budget.peak(), std::size_t(32) << 20);
-    }
-    {
-        MemoryBudget budget(std::size_t(64) << 20);
-        EXPECT_THROW(std::vector<char>(std::size_t(65) << 20), std::bad_alloc);
-        EXPECT_TRUE(budget.exceeded());
-    }
-    std::vector<char> afterwards(std::size_t(128) << 20);  // no budget any more
-    EXPECT_EQ(afterwards.size(), std::size_t(128) << 20);
-}
-
-}  // namespace
-}  // namespace telvaro::sweep
