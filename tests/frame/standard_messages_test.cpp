@@ -31,6 +31,7 @@ TEST(StandardMessages, DefaultTextsStylesAndTitles) {
         const char16_t* prompt;
         std::vector<Variant> args = {};
     };
+    // clang-format off
     const std::vector<Case> cases = {
         {"MsgGuardarRegistro", 36, u"Guardar registro?",
          u"Los datos del registro actual no han sido guardados. Desea guardarlos ahora ?"},
@@ -40,18 +41,13 @@ TEST(StandardMessages, DefaultTextsStylesAndTitles) {
          u"El registro no pudo ser guardado. Desea ignorar esto y realizar la operación solicitada de todas formas ?"},
         {"MsgDatosGuardados", 64, u"LISTO", u"Los datos del registro fueron guardados con éxito!"},
         {"MsgDatosEliminados", 64, u"LISTO", u"El registro fue eliminado con éxito!"},
-        {"MsgHayCambios",
-         64,
-         u"Registro sin cambios",
-         u"No se ha realizado ninguna modificación en el registro que necesite ser guardada!",
-         {Variant(False)}},
-        {"MsgRegistroSeleccionado",
-         64,
-         u"Seleccione un registro",
-         u"Primero debe seleccionar un registro existente para realizar la operación solicitada!",
-         {Variant(True)}},
+        {"MsgHayCambios", 64, u"Registro sin cambios",
+         u"No se ha realizado ninguna modificación en el registro que necesite ser guardada!", {Variant(False)}},
+        {"MsgRegistroSeleccionado", 64, u"Seleccione un registro",
+         u"Primero debe seleccionar un registro existente para realizar la operación solicitada!", {Variant(True)}},
         {"MsgGuardarRegistro", 36, u"Guardar registro?", u"¿Otro texto?", {Variant(u"¿Otro texto?")}},
     };
+    // clang-format on
     for (const auto& c : cases) {
         Shown s = call(c.method, c.args);
         ASSERT_EQ(s.boxes.size(), 1u) << c.method;
@@ -83,8 +79,7 @@ TEST(StandardMessages, ChangesAndSelectionShowOnlyInTheNegativeCase) {
     // clang-format on
     for (const auto& c : cases) {
         Shown s = call(c.method, {Variant(Boolean::fromBits(c.in))});
-        EXPECT_TRUE(identical(s.result, Variant(Boolean::fromBits(c.out))))
-            << c.method << "(" << c.in << ") gave " << describe(s.result);
+        EXPECT_TRUE(identical(s.result, Variant(Boolean::fromBits(c.out)))) << c.method << "(" << c.in << ")";
         EXPECT_EQ(s.boxes.size(), c.boxes) << c.method << "(" << c.in << ")";
     }
 }
