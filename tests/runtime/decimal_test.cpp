@@ -1,5 +1,4 @@
-// Decimal arithmetic, conversions and text, as tables of inputs and the
-// results of the runtime's 96-bit scaled integer ("error N" where it raises).
+// Decimal arithmetic, conversions and text of the 96-bit scaled integer ("error N" where it raises).
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -121,83 +120,46 @@ TEST(DecimalText, ParseWithMarksExponentsAndRounding) {
     }
 }
 
-TEST(DecimalText, PrintedTextReadsBackToTheSameValueAndScale) {
-    const char* texts[] = {"-1.50", "0.0000000000000000000000000001", kMax, "0.000"};
-    for (const char* text : texts) {
-        const Decimal d = dec(text);
-        EXPECT_EQ(toUtf8(d.toString()), text);
-        String withComma = fromUtf8(text);
-        for (auto& ch : withComma) ch = ch == u'.' ? u',' : ch;
-        EXPECT_EQ(d.toString(u','), withComma) << text;
-        const auto back = Decimal::parse(withComma, u',', u'.');
-        ASSERT_TRUE(back.has_value()) << text;
-        EXPECT_TRUE(*back == d && back->scale() == d.scale()) << text;
-    }
-}
-
+// A negative zero prints without its sign.
 TEST(DecimalText, FromPartsIsMantissaOverTenToTheScale) {
-    struct Case {
-        std::uint32_t lo, mid, hi;
-        int scale;
-        bool negative;
-        std::string expected;
-    };
-    // clang-format off
-    const Case cases[] = {
-        {1, 0, 0, 28, false, "0.0000000000000000000000000001"},
-        {0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF, 28, false, "7.9228162514264337593543950335"},
-        {0, 0, 0, 2, true, "0.00"},  // a negative zero prints without its sign
-        {1, 0, 0, 29, false, "error 5"}, {1, 0, 0, -1, false, "error 5"},
-    };
-    // clang-format on
-    for (const auto& c : cases) {
-        EXPECT_EQ(outcome([&] { return Decimal::fromParts(c.lo, c.mid, c.hi, c.scale, c.negative); }), c.expected)
-            << c.lo << ' ' << c.mid << ' ' << c.hi << " scale " << c.scale;
-    }
+    constexpr std::uint32_t kAll = 0xFFFFFFFF;
+    EXPECT_EQ(outcome([] { return Decimal::fromParts(1, 0, 0, 28, false); }), "0.0000000000000000000000000001");
+    EXPECT_EQ(outcome([] { return Decimal::fromParts(kAll, kAll, kAll, 28, false); }),
+              "7.9228162514264337593543950335");
+    EXPECT_EQ(outcome([] { return Decimal::fromParts(0, 0, 0, 2, true); }), "0.00");
+    EXPECT_EQ(outcome([] { return Decimal::fromParts(1, 0, 0, 29, false); }), "error 5");
+    EXPECT_EQ(outcome([] { return Decimal::fromParts(1, 0, 0, -1, false); }), "error 5");
 }
 
 TEST(DecimalConversions, FromDoubleKeepsFifteenSignificantDigits) {
     const double inf = std::numeric_limits<double>::infinity();
-    struct Case {
-        double value;
-        std::string expected;
-    };
     // clang-format off
-    const Case cases[] = {
+    const std::pair<double, std::string> cases[] = {
         {0.1, "0.1"}, {1.0 / 3, "0.333333333333333"}, {0.1 + 0.2, "0.3"}, {123456789.123456789, "123456789.123457"},
         {1.23456789012345e-25, "0.0000000000000000000000001235"},
         {7.92281625142643e28, "79228162514264300000000000000"}, {1e-30, "0"}, {5e-324, "0"},
         {std::ldexp(1.0, 96), "error 6"}, {inf, "error 6"}, {std::nan(""), "error 6"},
     };
     // clang-format on
-    for (const auto& c : cases) {
-        EXPECT_EQ(outcome([&] { return Decimal::fromDouble(c.value); }), c.expected) << c.value;
-    }
+    for (const auto& [value, expected] : cases)
+        EXPECT_EQ(outcome([&] { return Decimal::fromDouble(value); }), expected) << value;
 }
 
 TEST(DecimalConversions, ToDoubleIsTheNearestDouble) {
-    struct Case {
-        std::string text;
-        double expected;
-    };
     // clang-format off
-    const Case cases[] = {
+    const std::pair<std::string, double> cases[] = {
         {"0.1", 0.1}, {"0.3333333333333333333333333333", 1.0 / 3}, {"0.0000000000000000000000000001", 1e-28},
         {kMax, std::ldexp(1.0, 96)},
         {"9007199254740993", 9007199254740992.0},             // a tie: to the even Double
         {"9007199254740993.0000000001", 9007199254740994.0},  // just past the tie
     };
     // clang-format on
-    for (const auto& c : cases) EXPECT_EQ(dec(c.text).toDouble(), c.expected) << c.text;
+    for (const auto& [text, expected] : cases) EXPECT_EQ(dec(text).toDouble(), expected) << text;
 }
 
 TEST(DecimalConversions, IntegersAndCurrencyRoundHalfToEven) {
-    struct Case {
-        std::string text;
-        std::string int64, currency;
-    };
     // clang-format off
-    const Case cases[] = {
+    const std::tuple<std::string, std::string, std::string> cases[] = {  // text, Int64, Currency
         {"2.5", "2", "25000"}, {"-2.5", "-2", "-25000"}, {"1.23455", "1", "12346"}, {"-0.00015", "0", "-2"},
         {"9223372036854775807.4", "9223372036854775807", "error 6"}, {"9223372036854775807.5", "error 6", "error 6"},
         {"-9223372036854775809", "error 6", "error 6"},
@@ -206,10 +168,9 @@ TEST(DecimalConversions, IntegersAndCurrencyRoundHalfToEven) {
         {"-922337203685477.5808", "-922337203685478", "-9223372036854775808"}, {kMax, "error 6", "error 6"},
     };
     // clang-format on
-    for (const auto& c : cases) {
-        const Decimal d = dec(c.text);
-        EXPECT_EQ(outcome([&] { return d.toInt64(); }), c.int64) << c.text;
-        EXPECT_EQ(outcome([&] { return d.toCurrency(); }), c.currency) << c.text;
+    for (const auto& [text, int64, currency] : cases) {
+        EXPECT_EQ(outcome([&] { return dec(text).toInt64(); }), int64) << text;
+        EXPECT_EQ(outcome([&] { return dec(text).toCurrency(); }), currency) << text;
     }
 }
 
@@ -220,10 +181,8 @@ TEST(DecimalConversions, FromIntegersAndCurrency) {
     EXPECT_EQ(toUtf8(Decimal::fromInt64(max).toString()), "9223372036854775807");
     EXPECT_EQ(toUtf8(Decimal::fromCurrency(-1).toString()), "-0.0001");
     EXPECT_EQ(toUtf8(Decimal::fromCurrency(min).toString()), "-922337203685477.5808");
-    for (std::int64_t v : {min, max}) {
-        EXPECT_EQ(Decimal::fromInt64(v).toInt64(), v);
-        EXPECT_EQ(Decimal::fromCurrency(v).toCurrency(), v);
-    }
+    for (std::int64_t v : {min, max})
+        EXPECT_EQ(std::pair(Decimal::fromInt64(v).toInt64(), Decimal::fromCurrency(v).toCurrency()), std::pair(v, v));
 }
 
 // Truncation only: no caller rounds a Decimal to a number of places.
@@ -235,27 +194,19 @@ TEST(DecimalRounding, TruncateTowardZero) {
 }
 
 TEST(DecimalComparison, NumericWhateverTheScaleOrSignOfZero) {
-    struct Case {
-        std::string a, b;
-        int order;  // -1: a < b, 0: equal, 1: a > b
-    };
-    const Case cases[] = {
-        {"1.50", "1.5", 0},
-        {"-0", "0", 0},
-        {"-2", "-1", -1},
-        {"0.0000000000000000000000000001", "0", 1},
-        {"1.0000000000000000000000000001", "1", 1},
-        {kMax, "7922816251426433759354395033.5", 1},
+    // The order: -1 a < b, 0 equal, 1 a > b.
+    // clang-format off
+    const std::tuple<std::string, std::string, int> cases[] = {
+        {"1.50", "1.5", 0}, {"-0", "0", 0}, {"-2", "-1", -1}, {"0.0000000000000000000000000001", "0", 1},
+        {"1.0000000000000000000000000001", "1", 1}, {kMax, "7922816251426433759354395033.5", 1},
         {std::string("-") + kMax, "-7.9228162514264337593543950335", -1},
     };
-    for (const auto& c : cases) {
-        const Decimal a = dec(c.a), b = dec(c.b);
-        const auto expected = c.order < 0   ? std::strong_ordering::less
-                              : c.order > 0 ? std::strong_ordering::greater
-                                            : std::strong_ordering::equal;
-        EXPECT_EQ(a <=> b, expected) << c.a << " vs " << c.b;
-        EXPECT_EQ(b <=> a, 0 <=> expected) << c.b << " vs " << c.a;
-        EXPECT_EQ(a == b, c.order == 0) << c.a << " == " << c.b;
+    // clang-format on
+    for (const auto& [x, y, order] : cases) {
+        const Decimal a = dec(x), b = dec(y);
+        EXPECT_EQ(a <=> b, order <=> 0) << x << " vs " << y;
+        EXPECT_EQ(b <=> a, 0 <=> order) << y << " vs " << x;
+        EXPECT_EQ(a == b, order == 0) << x << " == " << y;
     }
 }
 

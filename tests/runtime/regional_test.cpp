@@ -1,6 +1,4 @@
-// The regional settings object: the items derived from the short-date and
-// time formats, and a scope that puts settings in force. (The standard
-// configuration is what every conversion, date and Format test reads.)
+// The regional settings object: the derived items, and a scope that puts settings in force.
 #include <gtest/gtest.h>
 
 #include "runtime/regional.h"
