@@ -22,10 +22,7 @@ TEST(SkipErrors, AFailingStatementIsAbandonedAndTheNextOneRuns) {
     EXPECT_EQ(onError.errorNumber(), err::ObjectDoesNotSupport) << "the latest error is the pending one";
     onError.clear();
     EXPECT_EQ(onError.errorNumber(), 0);
-}
-
-TEST(SkipErrors, ValueStatementsYieldNothingOnFailure) {
-    SkipErrors onError;
+    // A value statement yields nothing on failure.
     EXPECT_EQ(onError.value([] { return 5; }), std::optional<int>(5));
     EXPECT_EQ(onError.value([]() -> int { raise(err::DivisionByZero); }), std::nullopt);
     EXPECT_EQ(onError.errorNumber(), err::DivisionByZero);
