@@ -21,8 +21,7 @@ ParamInfo param(ArgType type, bool optional = false, Variant def = {}) {
     return p;
 }
 
-// The identity method of each declared type: what it returns is its
-// argument as the method received it.
+// The identity method of each declared type: it returns its argument as the method received it.
 template <typename T>
 T same(Fun&, T value) {
     return value;
@@ -43,18 +42,11 @@ Variant coerced(ArgType type, const Variant& input) {
     return b.entry(fun, m, args);
 }
 
-struct CoercionCase {
-    const char* label;
-    ArgType type;
-    Variant input;
-    Variant expected;  // Empty when an error is expected
-    int error;
-};
-
-// One row or more per declared type; the runtime's conversion tables hold the rest.
+// One row or more per declared type (label, type, input, result, error: an error leaves the result Empty); the
+// runtime's conversion tables hold the rest.
 TEST(Dispatch, CoercesArgumentsAsALateBoundCallDoes) {
     // clang-format off
-    const CoercionCase cases[] = {
+    const std::tuple<const char*, ArgType, Variant, Variant, int> cases[] = {
         {"text to Integer", ArgType::Integer, Variant(u"12"), Variant(std::int16_t(12)), 0},
         {"Double 2.5 to Integer rounds half to even", ArgType::Integer, Variant(2.5), Variant(std::int16_t(2)), 0},
         {"Long past 32767 to Integer", ArgType::Integer, Variant(std::int32_t(32768)), Variant(), err::Overflow},
@@ -63,10 +55,10 @@ TEST(Dispatch, CoercesArgumentsAsALateBoundCallDoes) {
         {"text to Object", ArgType::Object, Variant(u"x"), Variant(), err::TypeMismatch},
     };
     // clang-format on
-    for (const auto& c : cases) {
+    for (const auto& [label, type, input, expected, error] : cases) {
         Variant got;
-        EXPECT_EQ(errorNumberOf([&] { got = coerced(c.type, c.input); }), c.error) << c.label;
-        EXPECT_TRUE(identical(got, c.expected)) << c.label << ": " << describe(got);
+        EXPECT_EQ(errorNumberOf([&] { got = coerced(type, input); }), error) << label;
+        EXPECT_TRUE(identical(got, expected)) << label << ": " << describe(got);
     }
 }
 

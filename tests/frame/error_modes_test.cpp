@@ -14,7 +14,6 @@ TEST(SkipErrors, AFailingStatementIsAbandonedAndTheNextOneRuns) {
         raise(err::TypeMismatch);
         ran.push_back(99);  // never reached: the rest of the statement is abandoned
     });
-    EXPECT_EQ(onError.errorNumber(), err::TypeMismatch);
     onError([&] { ran.push_back(3); });
     EXPECT_EQ(ran, (std::vector<int>{1, 3}));
     EXPECT_EQ(onError.errorNumber(), err::TypeMismatch) << "the error stays pending until cleared";

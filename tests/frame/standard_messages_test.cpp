@@ -18,9 +18,8 @@ struct Shown {
 Shown call(const char* method, std::vector<Variant> args, std::vector<int> answers = {}) {
     ScriptedPlatform platform(defaultPlatform(), std::move(answers));
     Fun fun(platform);
-    Shown out{invoke(fun, method, args), {}};
-    out.boxes = platform.boxes().shown();
-    return out;
+    Variant result = invoke(fun, method, args);
+    return {result, platform.boxes().shown()};
 }
 
 TEST(StandardMessages, DefaultTextsStylesAndTitles) {
@@ -57,13 +56,10 @@ TEST(StandardMessages, DefaultTextsStylesAndTitles) {
     }
 }
 
-TEST(StandardMessages, AnswersBecomeBooleans) {
+TEST(StandardMessages, AnswersBecomeBooleansChangesAndSelectionShowOnlyInTheNegativeCase) {
     EXPECT_TRUE(identical(call("MsgGuardarRegistro", {}, {6}).result, Variant(True)));
     EXPECT_TRUE(identical(call("MsgGuardarRegistro", {}, {2}).result, Variant(False))) << "closed";
     EXPECT_TRUE(call("MsgDatosGuardados", {}).result.isEmpty());
-}
-
-TEST(StandardMessages, ChangesAndSelectionShowOnlyInTheNegativeCase) {
     struct Case {
         const char* method;
         std::int16_t in;
