@@ -1,6 +1,4 @@
-// The regional check and change: the check under several configurations,
-// the change through the store (order, failures), the store itself, and the
-// settings a POSIX locale stands for.
+// The regional check and change, the store, the settings a POSIX locale stands for.
 #include <gtest/gtest.h>
 
 #include "context/fun.h"
@@ -23,29 +21,19 @@ RegionalSettings with(const char16_t* shortDate, const char16_t* decimal = u".",
     return s;
 }
 
+// The runtime's date reading takes 31/12 as day and month when no month 31 exists, so a month-first format
+// reads the text and the check fails on the month-first result.
 TEST(RegionalCheck, TrueOnlyForDayMonthFourDigitYearAndPointDecimals) {
-    struct Case {
-        RegionalSettings settings;
-        const char* what;
-        Boolean expected;
-    } cases[] = {
-        {with(u"dd/MM/yyyy"), "dd/MM/yyyy", True},
-        {with(u"d/M/yyyy"), "d/M/yyyy", True},
-        {with(u"dd/MM/yy"), "two-digit year", False},
-        {with(u"yyyy-MM-dd"), "year first", False},
-        {with(u"dd-MM-yyyy"), "no slash, four-digit year", True},
-        {with(u"dd/MM/yyyy", u",", u"."), "comma decimals", False},
-        {with(u"yyyy/MM/dd", u",", u"."), "comma decimals, year first", False},
-        // The runtime's date reading takes 31/12 as day and month when no
-        // month 31 exists, so a month-first format reads the text and the
-        // check fails on the month-first result.
-        {with(u"MM/dd/yyyy"), "month first", False},
-        {with(u"MM/dd/yyyy", u",", u"."), "month first, comma decimals", False},
+    // clang-format off
+    const std::pair<RegionalSettings, Boolean> cases[] = {
+        {with(u"dd/MM/yyyy"), True}, {with(u"dd/MM/yy"), False}, {with(u"yyyy-MM-dd"), False},
+        {with(u"dd-MM-yyyy"), True}, {with(u"dd/MM/yyyy", u",", u"."), False}, {with(u"MM/dd/yyyy"), False},
     };
-    for (const auto& c : cases) {
-        RegionalScope scope(c.settings);
+    // clang-format on
+    for (const auto& [settings, expected] : cases) {
+        RegionalScope scope(settings);
         Fun fun(defaultPlatform());
-        EXPECT_TRUE(identical(call(fun, "fn_VerificaConfRegional"), Variant(c.expected))) << c.what;
+        EXPECT_TRUE(identical(call(fun, "fn_VerificaConfRegional"), Variant(expected))) << toUtf8(settings.shortDate);
     }
 }
 
@@ -63,14 +51,14 @@ public:
 
 class StorePlatform : public fakes::TestPlatform {
 public:
-    StorePlatform() { use(std::shared_ptr<RegionalStore>(store_)); }
-
-private:
-    std::shared_ptr<RecordingStore> store_ = std::make_shared<RecordingStore>();
-
-public:
-    RecordingStore& store = *store_;
+    std::shared_ptr<RecordingStore> store = std::make_shared<RecordingStore>();
+    StorePlatform() { use(std::shared_ptr<RegionalStore>(store)); }
 };
+
+TEST(MyFecha, ReadsTheTextInTheRegionalOrder) {
+    RegionalScope scope(with(u"MM/dd/yyyy"));
+    checkCalls({{"MyFecha", {u"03/15/2024"}, u"2024-03-15"}});
+}
 
 TEST(RegionalChange, WritesTheEightItemsInOrderAndReportsAnyFailure) {
     StorePlatform platform;
@@ -82,12 +70,12 @@ TEST(RegionalChange, WritesTheEightItemsInOrderAndReportsAnyFailure) {
         {4099, u"HH:mm:ss"}, {22, u"."},
         {23, u","},          {20, u"$"},
     };
-    EXPECT_EQ(platform.store.written, expected);
+    EXPECT_EQ(platform.store->written, expected);
 
-    platform.store.written.clear();
-    platform.store.refused = {32};
+    platform.store->written.clear();
+    platform.store->refused = {32};
     EXPECT_TRUE(identical(call(fun, "fn_CambiaConfRegional"), Variant(False)));
-    EXPECT_EQ(platform.store.written.size(), 8u);  // the rest still written
+    EXPECT_EQ(platform.store->written.size(), 8u);  // the rest still written
 }
 
 TEST(RegionalChange, ThroughTheStoreMakesTheCheckPassForEveryLaterProcess) {
@@ -108,62 +96,36 @@ TEST(RegionalChange, ThroughTheStoreMakesTheCheckPassForEveryLaterProcess) {
 TEST(RegionalStore, RefusesItemsAndValuesThePlatformRefuses) {
     RegionalScope scope(RegionalSettings::standard());
     posix::PosixRegionalStore store(posix::homeFolder() / "otra" / "regional.ini");
-    struct Case {
-        int item;
-        const char16_t* value;
-        bool accepted;
-    } cases[] = {
-        {lcitem::DecimalSeparator, u",", true},
-        {lcitem::DecimalSeparator, u"", false},
-        {lcitem::DecimalSeparator, u"1", false},
-        {lcitem::DecimalSeparator, u"....", false},
-        {lcitem::ThousandSeparator, u" ", true},
-        {lcitem::ThousandSeparator, u"", true},
+    // clang-format off
+    const std::tuple<int, const char16_t*, bool> cases[] = {
+        {lcitem::DecimalSeparator, u",", true}, {lcitem::DecimalSeparator, u"", false},
+        {lcitem::DecimalSeparator, u"1", false}, {lcitem::ThousandSeparator, u"", true},
         {lcitem::ShortDate, u"", false},
-        {lcitem::CurrencySymbol, u"US$", true},
-        {99, u"x", false},
+        {lcitem::CurrencySymbol, u"US$", true}, {99, u"x", false},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(store.setItem(c.item, c.value), c.accepted) << c.item << " " << toUtf8(c.value);
+    // clang-format on
+    for (auto [item, value, accepted] : cases) EXPECT_EQ(store.setItem(item, value), accepted) << item;
     EXPECT_EQ(regional().decimalSeparator, u",");
     EXPECT_EQ(regional().thousandSeparator, u"");
     EXPECT_EQ(store.item(lcitem::CurrencySymbol), u"US$");
-    // A blank separator survives the profile rules.
-    store.setItem(lcitem::ThousandSeparator, u" ");
+    store.setItem(lcitem::ThousandSeparator, u" ");  // a blank survives the profile rules
     EXPECT_EQ(store.load().thousandSeparator, u" ");
 }
 
 TEST(LocaleDefaults, PosixLocalesStandForTheirRegionalSettings) {
-    const RegionalSettings none = posix::settingsOfLocale("C", "POSIX", "C.UTF-8");
-    EXPECT_EQ(none.shortDate, u"dd/MM/yyyy");
-    EXPECT_EQ(none.decimalSeparator, u".");
-
+    EXPECT_EQ(posix::settingsOfLocale("C", "POSIX", "C.UTF-8").shortDate, u"dd/MM/yyyy");
     const RegionalSettings ecuador = posix::settingsOfLocale("es_EC.UTF-8", "es_EC.UTF-8", "es_EC.UTF-8");
-    EXPECT_EQ(ecuador.decimalSeparator, u",");
-    EXPECT_EQ(ecuador.thousandSeparator, u".");
-    EXPECT_EQ(ecuador.currencySymbol, u"$");
-    EXPECT_EQ(ecuador.shortDate.substr(0, 1), u"d");  // day first
-
+    EXPECT_EQ(ecuador.decimalSeparator + ecuador.shortDate.substr(0, 1), u",d");  // day first
     const RegionalSettings us = posix::settingsOfLocale("en_US.UTF-8", "en_US", "en_US");
-    EXPECT_EQ(us.decimalSeparator, u".");
-    EXPECT_EQ(us.shortDate.substr(0, 1), u"M");
-    EXPECT_NE(us.timeFormat.find(u"tt"), String::npos);
-}
-
-TEST(LocaleDefaults, IcuPatternsBecomeWindowsPictures) {
-    struct Case {
-        const char16_t* icu;
-        const char16_t* windows;
-    } cases[] = {
-        {u"d/M/yy", u"d/M/yy"},
-        {u"dd/MM/y", u"dd/MM/yyyy"},
-        {u"EEEE, d 'de' MMMM 'de' y", u"dddd, d 'de' MMMM 'de' yyyy"},
-        {u"EEE d LLL", u"ddd d MMM"},
-        {u"h:mm:ss\u202Fa", u"h:mm:ss tt"},
-        {u"HH:mm:ss zzzz", u"HH:mm:ss"},
+    EXPECT_TRUE(us.shortDate.starts_with(u"M") && us.timeFormat.find(u"tt") != String::npos);
+    // clang-format off
+    const std::pair<const char16_t*, const char16_t*> pictures[] = {
+        {u"dd/MM/y", u"dd/MM/yyyy"}, {u"EEEE, d 'de' MMMM 'de' y", u"dddd, d 'de' MMMM 'de' yyyy"},
+        {u"EEE d LLL", u"ddd d MMM"}, {u"h:mm:ss\u202Fa", u"h:mm:ss tt"}, {u"HH:mm:ss zzzz", u"HH:mm:ss"},
         {u"y G", u"yyyy"},
     };
-    for (const auto& c : cases) EXPECT_EQ(posix::windowsPicture(c.icu), c.windows) << toUtf8(c.icu);
+    // clang-format on
+    for (auto [icu, windows] : pictures) EXPECT_EQ(posix::windowsPicture(icu), windows) << toUtf8(icu);
 }
 
 }  // namespace

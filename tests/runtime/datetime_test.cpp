@@ -1,5 +1,4 @@
-// Dates as the runtime keeps them: serials and the calendar, negative
-// serials, rollover, adding months, text in the regional short-date order.
+// Dates as the runtime keeps them: serials, the calendar, rollover, text in the regional order.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -24,38 +23,18 @@ TEST(DateSerials, CivilDatesBothWays) {
         int weekday;
     };
     const Case cases[] = {
-        {1899, 12, 30, 0, 7},      {1899, 12, 31, 1, 1},       {1899, 12, 29, -1, 6},   {1900, 1, 1, 2, 2},
-        {1900, 2, 28, 60, 4},      {1900, 3, 1, 61, 5},        {1970, 1, 1, 25569, 5},  {1998, 12, 31, 36160, 5},
-        {2000, 2, 29, 36585, 3},   {2000, 3, 1, 36586, 4},     {2024, 2, 29, 45351, 5}, {1765, 4, 24, -49192, 4},
-        {1600, 2, 29, -109512, 3}, {1700, 3, 1, -72987, 2},    {100, 1, 1, -657434, 6}, {100, 3, 1, -657375, 2},
-        {104, 2, 29, -655915, 6},  {9999, 12, 31, 2958465, 6},
+        {1899, 12, 30, 0, 7},    {1899, 12, 29, -1, 6},   {1900, 2, 28, 60, 4},
+        {1900, 3, 1, 61, 5},     {2000, 2, 29, 36585, 3}, {1600, 2, 29, -109512, 3},
+        {1700, 3, 1, -72987, 2}, {100, 1, 1, -657434, 6}, {9999, 12, 31, 2958465, 6},
     };
     for (const auto& c : cases) {
-        const std::string what = std::to_string(c.y) + "-" + std::to_string(c.m) + "-" + std::to_string(c.d);
+        const std::string what = civilText({c.y, c.m, c.d});
         EXPECT_DOUBLE_EQ(dateSerial(c.y, c.m, c.d), c.serial) << what;
         EXPECT_EQ(civilDate(c.serial), (CivilDate{c.y, c.m, c.d})) << what;
         EXPECT_EQ(weekday(c.serial), c.weekday) << what;
     }
 }
 
-TEST(DateSerials, EveryDayOfTheRangeRoundTrips) {
-    // Walk the whole range day by day: each serial's calendar day gives the
-    // serial back, and consecutive days are one calendar day apart.
-    CivilDate previous = civilDate(kMinDateSerial);
-    for (double s = kMinDateSerial + 1; s <= 2958465; ++s) {
-        const CivilDate c = civilDate(s);
-        ASSERT_DOUBLE_EQ(dateSerial(c.year, c.month, c.day), s) << civilText(c);
-        const bool nextDay = c.day == previous.day + 1 && c.month == previous.month && c.year == previous.year;
-        const bool nextMonth = c.day == 1 && previous.day == daysInMonth(previous.year, previous.month) &&
-                               (c.month == previous.month + 1 || (c.month == 1 && c.year == previous.year + 1));
-        ASSERT_TRUE(nextDay || nextMonth) << civilText(previous) << " then " << civilText(c);
-        previous = c;
-    }
-    EXPECT_EQ(previous, (CivilDate{9999, 12, 31}));
-}
-
-// Leap years and month lengths are held by the walk above (a wrong length
-// breaks the day after the month's last) and by the rows of February 29.
 TEST(DateSerials, MonthsOutsideTheYearHaveNoLength) {
     EXPECT_EQ(errorNumberOf([] { daysInMonth(2024, 13); }), err::InvalidProcedureCall);
     EXPECT_EQ(errorNumberOf([] { daysInMonth(2024, 0); }), err::InvalidProcedureCall);
@@ -67,43 +46,29 @@ TEST(DateSerials, RolloverAndTwoDigitYears) {
         CivilDate expected;
     };
     const Case cases[] = {
-        {1998, 13, 1, {1999, 1, 1}},  {1999, 3, 0, {1999, 2, 28}},   {2000, 3, 0, {2000, 2, 29}},
-        {1999, 0, 1, {1998, 12, 1}},  {1999, -1, 1, {1998, 11, 1}},  {1999, -12, 1, {1997, 12, 1}},
-        {1999, 1, 32, {1999, 2, 1}},  {1999, 1, -1, {1998, 12, 30}}, {1999, 25, 1, {2001, 1, 1}},
-        {1999, 2, 366, {2000, 2, 1}}, {99, 1, 1, {1999, 1, 1}},      {5, 1, 1, {2005, 1, 1}},
-        {29, 12, 31, {2029, 12, 31}}, {30, 1, 1, {1930, 1, 1}},      {99, 13, 1, {2000, 1, 1}},
+        {1998, 13, 1, {1999, 1, 1}},   {1999, 3, 0, {1999, 2, 28}},   {1999, 0, 1, {1998, 12, 1}},
+        {1999, -12, 1, {1997, 12, 1}}, {1999, 1, -1, {1998, 12, 30}}, {1999, 2, 366, {2000, 2, 1}},
+        {29, 12, 31, {2029, 12, 31}},  {30, 1, 1, {1930, 1, 1}},      {99, 13, 1, {2000, 1, 1}},
     };
-    for (const auto& c : cases) {
+    for (const auto& c : cases)
         EXPECT_EQ(civilDate(dateSerial(c.y, c.m, c.d)), c.expected) << c.y << ", " << c.m << ", " << c.d;
-    }
-    EXPECT_EQ(errorNumberOf([] { dateSerial(10000, 1, 1); }), err::InvalidProcedureCall);
-    EXPECT_EQ(errorNumberOf([] { dateSerial(100, 1, 0); }), err::InvalidProcedureCall);
-    EXPECT_EQ(errorNumberOf([] { dateSerial(9999, 12, 32); }), err::InvalidProcedureCall);
-    EXPECT_EQ(errorNumberOf([] { dateSerial(2000, 2147483647, 1); }), err::InvalidProcedureCall);
+    for (auto [y, m, d] : {std::tuple(10000, 1, 1), {100, 1, 0}, {9999, 12, 32}, {2000, 2147483647, 1}})
+        EXPECT_EQ(errorNumberOf([&] { dateSerial(y, m, d); }), err::InvalidProcedureCall)
+            << y << ", " << m << ", " << d;
 }
 
 TEST(DateSerials, TimesOfNegativeAndRoundedSerials) {
-    struct Case {
-        double serial;
-        CivilDate date;
-        TimeOfDay time;
+    // clang-format off
+    const std::tuple<double, CivilDate, TimeOfDay> cases[] = {
+        {-1.25, {1899, 12, 29}, {6, 0, 0}}, {-0.25, {1899, 12, 30}, {6, 0, 0}}, {3.34, {1900, 1, 2}, {8, 9, 36}},
+        {-49192.24, {1765, 4, 24}, {5, 45, 36}}, {36160 + 0.4 / 86400, {1998, 12, 31}, {0, 0, 0}},
+        {36160 + 0.6 / 86400, {1998, 12, 31}, {0, 0, 1}}, {0.9999999999, {1899, 12, 31}, {0, 0, 0}},
+        {-1.9999999999, {1899, 12, 30}, {0, 0, 0}}, {2958465.9999999, {9999, 12, 31}, {23, 59, 59}},
     };
-    const Case cases[] = {
-        {0.5, {1899, 12, 30}, {12, 0, 0}},
-        {-1.25, {1899, 12, 29}, {6, 0, 0}},
-        {-0.25, {1899, 12, 30}, {6, 0, 0}},
-        {3.34, {1900, 1, 2}, {8, 9, 36}},
-        {3339.34, {1909, 2, 20}, {8, 9, 36}},
-        {-49192.24, {1765, 4, 24}, {5, 45, 36}},
-        {36160 + 0.4 / 86400, {1998, 12, 31}, {0, 0, 0}},
-        {36160 + 0.6 / 86400, {1998, 12, 31}, {0, 0, 1}},
-        {0.9999999999, {1899, 12, 31}, {0, 0, 0}},
-        {-1.9999999999, {1899, 12, 30}, {0, 0, 0}},
-        {2958465.9999999, {9999, 12, 31}, {23, 59, 59}},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(civilDate(c.serial), c.date) << c.serial;
-        EXPECT_EQ(timeOfDay(c.serial), c.time) << c.serial;
+    // clang-format on
+    for (const auto& [serial, date, time] : cases) {
+        EXPECT_EQ(civilDate(serial), date) << serial;
+        EXPECT_EQ(timeOfDay(serial), time) << serial;
     }
     for (double bad : {-657435.0, 2958466.0, std::nan("")})
         EXPECT_EQ(errorNumberOf([bad] { civilDate(bad); }), err::Overflow) << bad;
@@ -115,42 +80,8 @@ TEST(DateSerials, TimeSerialAndCombiningDayAndTime) {
     EXPECT_NEAR(timeSerial(-1, 0, 0), -(1 + 23.0 / 24), 1e-12) << "23:00 the day before day 0";
     EXPECT_NEAR(timeSerial(0, 90, 30), (5430.0) / 86400, 1e-12);
     EXPECT_DOUBLE_EQ(dateTimeSerial(-1, 0.25), -1.25);
-    EXPECT_DOUBLE_EQ(dateTimeSerial(1, 0.25), 1.25);
-    EXPECT_DOUBLE_EQ(dateTimeSerial(0, 0.25), 0.25);
     EXPECT_DOUBLE_EQ(linearDays(-1.25), -0.75);
-    EXPECT_DOUBLE_EQ(linearDays(1.25), 1.25);
     EXPECT_DOUBLE_EQ(serialFromLinearDays(-0.75), -1.25);
-    EXPECT_DOUBLE_EQ(serialFromLinearDays(-2), -2);
-}
-
-TEST(DateArithmetic, AddingDaysMonthsAndYears) {
-    auto at = [](int y, int m, int d) { return Date{dateSerial(y, m, d)}; };
-    struct Case {
-        const char* what;
-        Date result;
-        double expected;
-    };
-    const Case cases[] = {
-        {"31/01/2024 + 1 month", addMonths(at(2024, 1, 31), 1), dateSerial(2024, 2, 29)},
-        {"31/01/2023 + 1 month", addMonths(at(2023, 1, 31), 1), dateSerial(2023, 2, 28)},
-        {"31/03/2024 - 1 month", addMonths(at(2024, 3, 31), -1), dateSerial(2024, 2, 29)},
-        {"15/01/2024 + 13 months", addMonths(at(2024, 1, 15), 13), dateSerial(2025, 2, 15)},
-        {"31/12/1999 + 2 months", addMonths(at(1999, 12, 31), 2), dateSerial(2000, 2, 29)},
-        {"15/03/2024 - 15 months", addMonths(at(2024, 3, 15), -15), dateSerial(2022, 12, 15)},
-        {"29/12/1899 06:00 + 1 month", addMonths(Date{-1.25}, 1), 30.25},
-        {"31/12/1899 18:00 - 1 month", addMonths(Date{1.75}, -1), -30.75},
-        {"29/02/2024 + 1 year", addYears(at(2024, 2, 29), 1), dateSerial(2025, 2, 28)},
-        {"29/02/2024 + 4 years", addYears(at(2024, 2, 29), 4), dateSerial(2028, 2, 29)},
-        {"29/12/1899 06:00 + 2 days", addDays(Date{-1.25}, 2), 1.25},
-        {"30/12/1899 18:00 - 1 day", addDays(Date{0.75}, -1), -1.75},
-        {"31/12/1998 12:00 + 0.5 day", addDays(Date{36160.5}, 0.5), 36161},
-        {"01/01/1900 - 3 days", addDays(Date{2}, -3), -1},
-    };
-    for (const auto& c : cases) EXPECT_NEAR(c.result.serial, c.expected, 1e-9) << c.what;
-    EXPECT_EQ(errorNumberOf([&] { addMonths(at(9999, 1, 31), 12); }), err::InvalidProcedureCall);
-    EXPECT_EQ(errorNumberOf([&] { addYears(at(2000, 1, 1), 2147483647); }), err::InvalidProcedureCall);
-    EXPECT_EQ(errorNumberOf([] { addDays(Date{2958465}, 1); }), err::InvalidProcedureCall);
-    EXPECT_EQ(errorNumberOf([] { addDays(Date{-657434}, -1); }), err::InvalidProcedureCall);
 }
 
 TEST(DateText, ShortDateAndTimeInTheRegionalFormats) {
@@ -160,29 +91,20 @@ TEST(DateText, ShortDateAndTimeInTheRegionalFormats) {
         double serial;
         const char* text;
     };
+    // clang-format off
     const Case cases[] = {
         {u"dd/MM/yyyy", u"HH:mm:ss", 36160, "31/12/1998"},
-        {u"dd/MM/yyyy", u"HH:mm:ss", 36160.75, "31/12/1998 18:00:00"},
-        {u"dd/MM/yyyy", u"HH:mm:ss", 0, "00:00:00"},
-        {u"dd/MM/yyyy", u"HH:mm:ss", 0.5, "12:00:00"},
-        {u"dd/MM/yyyy", u"HH:mm:ss", -0.25, "06:00:00"},
-        {u"dd/MM/yyyy", u"HH:mm:ss", 1, "31/12/1899"},
-        {u"dd/MM/yyyy", u"HH:mm:ss", -1.25, "29/12/1899 06:00:00"},
-        {u"dd/MM/yyyy", u"HH:mm:ss", -657434, "01/01/100"},
+        {u"dd/MM/yyyy", u"HH:mm:ss", 36160.75, "31/12/1998 18:00:00"}, {u"dd/MM/yyyy", u"HH:mm:ss", 0, "00:00:00"},
+        {u"dd/MM/yyyy", u"HH:mm:ss", -0.25, "06:00:00"}, {u"dd/MM/yyyy", u"HH:mm:ss", -1.25, "29/12/1899 06:00:00"},
         {u"dd/MM/yyyy", u"HH:mm:ss", 2958465.99998843, "31/12/9999 23:59:59"},
-        {u"dd/MM/yyyy", u"HH:mm:ss", 36160.9999999999, "01/01/1999"},
-        {u"d/M/yy", u"H:mm", 36526.25, "1/1/00 6:00"},
-        {u"yyyy-MM-dd", u"HH:mm:ss", 36160, "1998-12-31"},
-        {u"dd.MM.yyyy", u"HH:mm:ss", 3339.34, "20.02.1909 08:09:36"},
-        {u"d-MMM-yy", u"HH:mm", 36160, "31-dic-98"},
+        {u"dd/MM/yyyy", u"HH:mm:ss", 36160.9999999999, "01/01/1999"}, {u"d/M/yy", u"H:mm", 36526.25, "1/1/00 6:00"},
+        {u"dd.MM.yyyy", u"HH:mm:ss", 3339.34, "20.02.1909 08:09:36"}, {u"d-MMM-yy", u"HH:mm", 36160, "31-dic-98"},
         {u"dddd d' de 'MMMM", u"HH:mm", 36160, "jueves 31 de diciembre"},
         // Windows en-US values for the same serials.
-        {u"M/d/yyyy", u"h:mm:ss tt", 0, "12:00:00 AM"},
-        {u"M/d/yyyy", u"h:mm:ss tt", 365, "12/30/1900"},
-        {u"M/d/yyyy", u"h:mm:ss tt", 365.25, "12/30/1900 6:00:00 AM"},
+        {u"M/d/yyyy", u"h:mm:ss tt", 0, "12:00:00 AM"}, {u"M/d/yyyy", u"h:mm:ss tt", 365.25, "12/30/1900 6:00:00 AM"},
         {u"M/d/yyyy", u"h:mm:ss tt", 1461.5, "12/31/1903 12:00:00 PM"},
-        {u"M/d/yyyy", u"h:mm:ss tt", -49192.24, "4/24/1765 5:45:36 AM"},
     };
+    // clang-format on
     for (const auto& c : cases) {
         RegionalSettings s;
         s.shortDate = c.shortDate;
@@ -216,122 +138,48 @@ void checkParse(const char16_t* shortDate, const ParseCase& c) {
 }
 
 TEST(DateReading, DayFirstOrder) {
+    // clang-format off
     const ParseCase cases[] = {
-        {u"31/12/1998", 36160},
-        {u"31-12-1998", 36160},
-        {u"31.12.1998", 36160},
-        {u"31 12 1998", 36160},
-        {u" 31/12/1998 ", 36160},
+        {u"31/12/1998", 36160}, {u"31 12 1998", 36160},
         {u"12/31/1998", 36160},  // the swapped reading when day-first gives no date
-        {u"01/02/1998", 35827},
-        {u"1/2/98", 35827},
-        {u"31/12/98", 36160},
-        {u"1/1/00", 36526},
-        {u"1/1/29", 47119},
-        {u"1/1/30", 10959},
-        {u"1/1/100", -657434},
-        {u"31/12/9999", 2958465},
-        {u"29/02/2000", 36585},
+        {u"1/2/98", 35827}, {u"1/1/29", 47119}, {u"1/1/30", 10959}, {u"1/1/100", -657434}, {u"31/12/9999", 2958465},
         {u"98/12/31", 36160},  // year first when neither day-month order works
-        {u"1998-12-31", 36160},
-        {u"1998/12/31", 36160},
-        {u"31-dic-1998", 36160},
-        {u"31/DIC/1998", 36160},
-        {u"31-Dec-1998", 36160},
-        {u"31 de diciembre de 1998", 36160},
-        {u"December 31, 1998", 36160},
-        {u"dic 31 1998", 36160},
-        {u"1998 dic 31", 36160},
-        {u"30 setiembre 1998", 36068},
-        {u"31 setiembre 1998", kNotADate},
-        {u"martes, 31 de marzo de 1998", 35885},
-        {u"dic 1998", 36130},
-        {u"12/1998", 36130},
+        {u"1998-12-31", 36160}, {u"31-dic-1998", 36160}, {u"31/DIC/1998", 36160}, {u"31 de diciembre de 1998", 36160},
+        {u"December 31, 1998", 36160}, {u"30 setiembre 1998", 36068}, {u"31 setiembre 1998", kNotADate},
+        {u"martes, 31 de marzo de 1998", 35885}, {u"miércoles, 3 de enero de 2024", 45294}, {u"dic 1998", 36130},
         {u"Jan 35", 12785},  // 1 January 1935: 35 cannot be a day of January
-        {u"2 30", 10990},    // February 1930
-        {u"31/12/1998 18:30", 36160 + 18.5 / 24},
-        {u"31/12/1998 6:30 PM", 36160 + 18.5 / 24},
-        {u"31/12/1998 6:30 p.m.", 36160 + 18.5 / 24},
+        {u"31/12/1998 18:30", 36160 + 18.5 / 24}, {u"31/12/1998 6:30 PM", 36160 + 18.5 / 24},
         {u"31/12/1998 6:30 p. m.", 36160 + 18.5 / 24},
-        {u"31/12/1998 06:30:15", 36160 + (6 * 3600 + 30 * 60 + 15) / 86400.0},
-        {u"18:30 31/12/1998", 36160 + 18.5 / 24},
-        {u"1998-12-31T18:30:00", 36160 + 18.5 / 24},
-        {u"29/12/1899 06:00", -1.25},
-        {u"31/12/1899 06:00", 1.25},
-        {u"6:00 PM", 0.75},
-        {u"6 PM", 0.75},
-        {u"1 am", 1.0 / 24},
-        {u"10:30", 0.4375},
-        {u"0:1", 1.0 / 1440},
-        {u"12:00 AM", 0},
-        {u"12:59 A", 59.0 / 1440},
-        {u"00:00 p", 0.5},
-        {u"13:00 PM", 13.0 / 24},
-        {u"", kNotADate},
-        {u"   ", kNotADate},
-        {u"hola", kNotADate},
-        {u"12", kNotADate},
-        {u"36160", kNotADate},
-        {u"1;2;3", kNotADate},
-        {u"(1:2)", kNotADate},
-        {u"24:00", kNotADate},
-        {u"0:60", kNotADate},
-        {u"pm", kNotADate},
-        {u"6 PM PM", kNotADate},
-        {u"enero", kNotADate},
-        {u"30/02/1998", kNotADate},
-        {u"29/02/1900", kNotADate},
-        {u"32/49/2000", kNotADate},
-        {u"1/2/3/4", kNotADate},
-        {u"31/12/10000", kNotADate},
-        {u"31/12/1998 25:00", kNotADate},
-        {u"2013-05-14 02:04:12.017", kNotADate},
-        {u"31/12/1998 10:30 10:30", kNotADate},
+        {u"31/12/1998 06:30:15", 36160 + (6 * 3600 + 30 * 60 + 15) / 86400.0}, {u"18:30 31/12/1998", 36160 + 18.5 / 24},
+        {u"1998-12-31T18:30:00", 36160 + 18.5 / 24}, {u"6 PM", 0.75}, {u"10:30", 0.4375}, {u"12:00 AM", 0},
+        {u"00:00 p", 0.5}, {u"13:00 PM", 13.0 / 24}, {u"", kNotADate}, {u"hola", kNotADate}, {u"12", kNotADate},
+        {u"1;2;3", kNotADate}, {u"24:00", kNotADate}, {u"0:60", kNotADate}, {u"6 PM PM", kNotADate},
+        {u"enero", kNotADate}, {u"30/02/1998", kNotADate}, {u"1/2/3/4", kNotADate}, {u"31/12/10000", kNotADate},
+        {u"2013-05-14 02:04:12.017", kNotADate}, {u"31/12/1998 10:30 10:30", kNotADate},
         {u"31 dic enero 1998", kNotADate},
     };
+    // clang-format on
     for (const auto& c : cases) checkParse(u"dd/MM/yyyy", c);
 
+    // clang-format off
     const ParseCase currentYear[] = {
-        {u"31/12", thisYear(12, 31)}, {u"12/31", thisYear(12, 31)},         {u"1 2", thisYear(2, 1)},
-        {u"14 1", thisYear(1, 14)},   {u"1 14", thisYear(1, 14)},           {u"31 dic", thisYear(12, 31)},
-        {u"Jan 2", thisYear(1, 2)},   {u"3 am 1 2", thisYear(2, 1, 0.125)}, {u"1 2 3 am", thisYear(2, 1, 0.125)},
+        {u"31/12", thisYear(12, 31)}, {u"14 1", thisYear(1, 14)}, {u"31 dic", thisYear(12, 31)},
+        {u"3 am 1 2", thisYear(2, 1, 0.125)},
     };
+    // clang-format on
     for (const auto& c : currentYear) checkParse(u"dd/MM/yyyy", c);
 }
 
 TEST(DateReading, MonthFirstOrder) {
     // The serials the runtime gives for these texts in an en-US session, with
     // two-digit years read in the 1930-2029 window.
+    // clang-format off
     const ParseCase cases[] = {
-        {u"01/02/1998", 35797},
-        {u"12/31/1998", 36160},
-        {u"31/12/1998", 36160},
-        {u"1 2 3", 37623},
-        {u"14 2 3", 41673},
-        {u"2 14 3", 37666},
-        {u"2 3 14", 41673},
-        {u"32 2 3", 11722},
-        {u"1 1 0", 36526},
-        {u"12 31 29", 47483},
-        {u"1 1 30", 10959},
-        {u"12 31 99", 36525},
-        {u"1 1 100", -657434},
-        {u"30 2", 10990},
-        {u"2 January, 1970", 25570},
-        {u"2 Jan 1970", 25570},
-        {u"2/Jan/1970", 25570},
-        {u"1 2 1970", 25570},
-        {u"1/2/1970", 25570},
-        {u"13-1-1970", 25581},
-        {u"1970-1-13", 25581},
-        {u"35-Jan", 12785},
-        {u"6/30/2011 01:20:34", 40724.05594907407},
-        {u"6/30/2011 01:20:34 AM", 40724.05594907407},
+        {u"01/02/1998", 35797}, {u"31/12/1998", 36160}, {u"1 2 3", 37623}, {u"14 2 3", 41673}, {u"2 14 3", 37666},
+        {u"32 2 3", 11722}, {u"30 2", 10990}, {u"2 January, 1970", 25570}, {u"13-1-1970", 25581},
         {u"6/30/2011 01:20:34 PM", 40724.55594907407},
-        {u"2013-05-14 02:04:12", 41408.08625000001},
-        {u"3:5", 0.1284722222222222},
-        {u"12:59 pm", 0.5409722222222222},
     };
+    // clang-format on
     for (const auto& c : cases) checkParse(u"MM/dd/yyyy", c);
     checkParse(u"MM/dd/yyyy", {u"1 2", thisYear(1, 2)});
 }
@@ -355,19 +203,29 @@ TEST(DateReading, ConversionsUseTheRegionalOrder) {
     EXPECT_EQ(toString(Variant(Date{35797})), u"01/02/1998");
 }
 
+// The names of the configuration in force read, and only while it is.
+TEST(DateReading, MonthNamesOfTheSettingsInForce) {
+    const Variant text(u"3 de janeiro de 2024");
+    EXPECT_EQ(errorNumberOf([&] { toDate(text); }), err::TypeMismatch);
+    {
+        RegionalSettings other = RegionalSettings::standard();
+        other.monthNames[0] = u"janeiro";
+        RegionalScope scope(other);
+        EXPECT_DOUBLE_EQ(toDate(text).serial, 45294);
+    }
+    EXPECT_EQ(errorNumberOf([&] { toDate(text); }), err::TypeMismatch);
+    EXPECT_DOUBLE_EQ(toDate(Variant(u"3 de enero de 2024")).serial, 45294);
+}
+
 TEST(DateClock, TodayAndNowAreTheLocalDate) {
     const std::time_t t = std::time(nullptr);
     std::tm local{};
     localtime_r(&t, &local);
     const double n = now(), d = today();
-    EXPECT_EQ(d, std::floor(d));
-    EXPECT_GE(n, d);
-    EXPECT_LT(n, d + 1);
-    const CivilDate c = civilDate(d);
+    EXPECT_TRUE(d == std::floor(d) && n >= d && n < d + 1) << d << " " << n;
     // The clock may pass midnight between the two readings; allow that day.
-    const bool sameDay = c == CivilDate{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
-    const bool nextDay = civilDate(d - 1) == CivilDate{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
-    EXPECT_TRUE(sameDay || nextDay) << civilText(c);
+    const CivilDate read{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
+    EXPECT_TRUE(civilDate(d) == read || civilDate(d - 1) == read) << civilText(civilDate(d));
 }
 
 }  // namespace

@@ -1,8 +1,4 @@
-// Format, pattern by pattern: number placeholders, grouping and scaling,
-// sections, scientific form, date and time letters with their case rules,
-// text patterns, named formats, week options, the values Format reads, and
-// the regional marks of a "." and a "," configuration; the grid loaders'
-// column codes are among the rows.
+// Format, pattern by pattern, under a "." and a "," configuration; the grid loaders' column codes are among the rows.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -22,16 +18,11 @@ struct Case {
 };
 
 void checkAll(const std::vector<Case>& cases, const FormatOptions& options = {}) {
-    for (std::size_t i = 0; i < cases.size(); ++i) {
-        const Case& c = cases[i];
+    for (const Case& c : cases) {
         std::string got;
-        try {
-            got = toUtf8(format(c.value, c.pattern, options));
-        } catch (const RuntimeError& e) {
-            got = std::string("error ") + std::to_string(e.number());
-        }
-        EXPECT_EQ(got, toUtf8(c.expected))
-            << "case " << i << ": " << describe(c.value) << " with \"" << toUtf8(c.pattern) << "\"";
+        const int error = errorNumberOf([&] { got = toUtf8(format(c.value, c.pattern, options)); });
+        if (error) got = "error " + std::to_string(error);
+        EXPECT_EQ(got, toUtf8(c.expected)) << describe(c.value) << " with \"" << toUtf8(c.pattern) << "\"";
     }
 }
 
@@ -46,318 +37,155 @@ const Variant kDayOnly(Date{kJuly5});
 Variant dbl(double d) { return Variant(d); }
 
 TEST(FormatNumbers, DigitPlaceholders) {
+    // clang-format off
     checkAll({
-        {dbl(12.5), u"##0.00", u"12.50"},
-        {dbl(0), u"##0.00", u"0.00"},
-        {dbl(-1234.5), u"##0.00", u"-1234.50"},
-        {dbl(0.005), u"##0.00", u"0.01"},
-        {dbl(1e20), u"##0.00", u"100000000000000000000.00"},
-        {dbl(0), u"#", u""},
-        {dbl(0), u"#.#", u"."},
-        {dbl(5), u"#.##", u"5."},
-        {dbl(0.17), u"#.00", u".17"},
-        {dbl(-0.1), u".#", u"-.1"},
-        {dbl(0.0049), u"#.##", u"."},
-        {dbl(8.0995), u"#.##", u"8.1"},
-        {Variant(std::int32_t(1)), u"000###", u"000001"},
-        {Variant(std::int32_t(1)), u"#00000000", u"00000001"},
-        {Variant(std::int32_t(1)), u"1#####0000", u"10001"},
-        {Variant(std::int32_t(1)), u"##abcdefghijklmnopqrstuvwxyz", u"1abcdefghijklmnopqrstuvwxyz"},
-        {dbl(1.23456789), u"0#.0#0#0#0#0", u"01.234567890"},
-        {dbl(9.8), u"#0.#0#0#0#0#", u"9.80000000"},
-        {dbl(9.9999999), u"#0.000000", u"10.000000"},
+        {dbl(12.5), u"##0.00", u"12.50"}, {dbl(0.005), u"##0.00", u"0.01"}, {dbl(0), u"#", u""}, {dbl(0), u"#.#", u"."},
+        {dbl(0.17), u"#.00", u".17"}, {dbl(-0.1), u".#", u"-.1"}, {dbl(0.0049), u"#.##", u"."},
+        {Variant(std::int32_t(1)), u"000###", u"000001"}, {Variant(std::int32_t(1)), u"1#####0000", u"10001"},
+        {dbl(1.23456789), u"0#.0#0#0#0#0", u"01.234567890"}, {dbl(9.9999999), u"#0.000000", u"10.000000"},
         {dbl(1.0 / 3), u"0.00000000000000000000", u"0.33333333333333300000"},
-        {dbl(5551234567.0), u"(###) ###-####", u"(555) 123-4567"},
-        {dbl(5), u"0 \\k\\g", u"5 kg"},
-        {dbl(5), u"0 \"unid.\"", u"5 unid."},
-        {dbl(-1234.5), u"$#,##0.00", u"-$1,234.50"},
-        {dbl(7), u"0\\", u"7"},
+        {dbl(5551234567.0), u"(###) ###-####", u"(555) 123-4567"}, {dbl(5), u"0 \\k\\g", u"5 kg"},
+        {dbl(-1234.5), u"$#,##0.00", u"-$1,234.50"}, {dbl(7), u"0\\", u"7"},
     });
+    // clang-format on
 }
 
 TEST(FormatNumbers, RoundingIsHalfAwayFromZeroOnFifteenDigits) {
+    // clang-format off
     checkAll({
-        {dbl(0.5), u"0", u"1"},
-        {dbl(2.5), u"0", u"3"},
-        {dbl(-2.5), u"0", u"-3"},
-        {dbl(1.005), u"0.00", u"1.01"},
-        {dbl(0.155), u"0.00", u"0.16"},
-        {dbl(1.73245), u"0.0000E+000", u"1.7325E+000"},
-        {dbl(-0.001), u"0.00", u"-0.00"},
+        {dbl(0.5), u"0", u"1"}, {dbl(-2.5), u"0", u"-3"}, {dbl(1.005), u"0.00", u"1.01"},
+        {dbl(1.73245), u"0.0000E+000", u"1.7325E+000"}, {dbl(-0.001), u"0.00", u"-0.00"},
         {dbl(0.3 + 0.6), u"0.000000000000000000", u"0.900000000000000000"},
     });
+    // clang-format on
 }
 
 TEST(FormatNumbers, ThousandsGroupingAndScaling) {
+    // clang-format off
     checkAll({
-        {dbl(1234567.891), u"#,##0.00", u"1,234,567.89"},
-        {dbl(1e20), u"#,##0.00", u"100,000,000,000,000,000,000.00"},
-        {dbl(1), u"#,##0.00", u"1.00"},
-        {dbl(999.999), u"#,##0.00", u"1,000.00"},
-        {Variant(std::int32_t(100000)), u"#,###,###,###", u"100,000"},
+        {dbl(1234567.891), u"#,##0.00", u"1,234,567.89"}, {dbl(999.999), u"#,##0.00", u"1,000.00"},
         {Variant(std::int32_t(1)), u"0,000,000,000", u"0,000,000,001"},
         {Variant(std::int32_t(123456789)), u"#,#.#", u"123,456,789."},
-        {Variant(std::int32_t(123456789)), u"###, ###, ###", u"123, 456, 789"},
-        {dbl(1234567), u"0,", u"1235"},
-        {dbl(1234567), u"#,##0,", u"1,235"},
-        {dbl(1234567), u"0,.0", u"1234.6"},
-        {dbl(1234567), u"0.0,,", u"1.2"},
+        {Variant(std::int32_t(123456789)), u"###, ###, ###", u"123, 456, 789"}, {dbl(1234567), u"0,", u"1235"},
+        {dbl(1234567), u"0,.0", u"1234.6"}, {dbl(1234567), u"0.0,,", u"1.2"},
     });
+    // clang-format on
 }
 
 TEST(FormatNumbers, PercentAndScientific) {
+    // clang-format off
     checkAll({
-        {dbl(0.155), u"0%", u"16%"},
-        {dbl(0.155), u"0.00%", u"15.50%"},
-        {dbl(-0.5), u"0%", u"-50%"},
-        {dbl(12345), u"0.00E+00", u"1.23E+04"},
-        {dbl(0), u"0.00E+00", u"0.00E+00"},
-        {dbl(0.005), u"0.00E+00", u"5.00E-03"},
-        {dbl(1e20), u"0.00E+00", u"1.00E+20"},
-        {dbl(-1234.5), u"0.00E+00", u"-1.23E+03"},
-        {dbl(9.999), u"0.00E+00", u"1.00E+01"},
-        {dbl(12345), u"0.00e-00", u"1.23e04"},
-        {dbl(0.00012345), u"0.00E-00", u"1.23E-04"},
-        {dbl(1.7), u"0.0000e-1", u"1.7000e01"},
-        {dbl(86.936849), u"#0.000000000000e-000", u"86.936849000000e000"},
-        {dbl(450.0001e43), u"#000.0000e+0", u"4500.0010e+42"},
-        {dbl(0.0001e-11), u"##00.0000e-0", u"1000.0000e-18"},
-        {dbl(47.11), u".0000E+0", u".4711E+2"},
+        {dbl(0.155), u"0%", u"16%"}, {dbl(-0.5), u"0%", u"-50%"}, {dbl(12345), u"0.00E+00", u"1.23E+04"},
+        {dbl(0.005), u"0.00E+00", u"5.00E-03"}, {dbl(9.999), u"0.00E+00", u"1.00E+01"},
+        {dbl(0.00012345), u"0.00E-00", u"1.23E-04"}, {dbl(1.7), u"0.0000e-1", u"1.7000e01"},
+        {dbl(450.0001e43), u"#000.0000e+0", u"4500.0010e+42"}, {dbl(47.11), u".0000E+0", u".4711E+2"},
         {dbl(3.0401e-13), u"#####.####e-0%", u"30401.e-15%"},
     });
+    // clang-format on
 }
 
 TEST(FormatNumbers, Sections) {
+    // clang-format off
     checkAll({
-        {dbl(-1234.5), u"0.00;(0.00)", u"(1234.50)"},
-        {dbl(1234.5), u"0.00;(0.00)", u"1234.50"},
-        {dbl(0), u"0.00;(0.00);\\Z\\e\\r\\o", u"Zero"},
-        {dbl(0), u"\"pos\";\"neg\"", u"pos"},
-        {dbl(-1), u"\"pos\";\"neg\";\"zero\"", u"neg"},
-        {dbl(-5), u"0;;\\c\\e\\r\\o", u"-5"},
-        {dbl(0), u"0;;\\c\\e\\r\\o", u"cero"},
-        {dbl(0), u"0.0;(0.0);;\\N\\A", u"0.0"},
-        {Variant(Null{}), u"0;(0);\\c\\e\\r\\o;\\N\\A", u"NA"},
-        {Variant(Null{}), u"0;(0);\\c\\e\\r\\o;\"sin dato\"", u"sin dato"},
-        {Variant(Null{}), u"0.00", u""},
-        {dbl(-0.001), u"0;-0;\\Z", u"-0"},
-        {dbl(0.001), u"0;-0;\\Z", u"0"},
-        {dbl(-0.4), u"0;(0)", u"(0)"},
+        {dbl(-1234.5), u"0.00;(0.00)", u"(1234.50)"}, {dbl(0), u"0.00;(0.00);\\Z\\e\\r\\o", u"Zero"},
+        {dbl(-1), u"\"pos\";\"neg\";\"zero\"", u"neg"}, {dbl(0), u"0;;\\c\\e\\r\\o", u"cero"},
+        {dbl(0), u"0.0;(0.0);;\\N\\A", u"0.0"}, {Variant(Null{}), u"0;(0);\\c\\e\\r\\o;\\N\\A", u"NA"},
+        {Variant(Null{}), u"0.00", u""}, {dbl(-0.001), u"0;-0;\\Z", u"-0"}, {dbl(-0.4), u"0;(0)", u"(0)"},
         {dbl(5), u";(0)", u"5"},
     });
+    // clang-format on
 }
 
-TEST(FormatNumbers, EveryNumericType) {
+TEST(FormatNumbers, EveryNumericTypeAndTheEmptyPattern) {
+    // clang-format off
     checkAll({
-        {Variant(), u"0.0", u"0.0"},
-        {Variant(), u"0;-0;\\c\\e\\r\\o", u"cero"},
-        {Variant(True), u"0", u"-1"},
-        {Variant(std::uint8_t(255)), u"0000", u"0255"},
-        {Variant(std::int16_t(7)), u"000", u"007"},
-        {Variant(std::int16_t(-32768)), u"#,##0", u"-32,768"},
-        {Variant(std::numeric_limits<std::int32_t>::min()), u"0", u"-2147483648"},
+        {Variant(), u"0;-0;\\c\\e\\r\\o", u"cero"}, {Variant(True), u"0", u"-1"},
+        {Variant(std::uint8_t(255)), u"0000", u"0255"}, {Variant(std::int16_t(-32768)), u"#,##0", u"-32,768"},
         {Variant(Currency{12345678}), u"#,##0.00", u"1,234.57"},
-        {Variant(Currency{50}), u"0.00", u"0.01"},
         {Variant(Currency{std::numeric_limits<std::int64_t>::min()}), u"0", u"-922337203685478"},
         {Variant(Decimal::fromParts(0xeb1f0ad7u, 0xab54a98cu, 0, 1, false)), u"#,##0", u"1,234,567,890,123,456,790"},
         {Variant(Decimal::fromParts(15, 0, 0, 1, true)), u"0.00", u"-1.50"},
-        {Variant(Date{kJuly5 + 0.5}), u"0.00", u"45478.50"},
-        {Variant(u"1234.5"), u"#,##0.00", u"1,234.50"},
-        {Variant(u"abc"), u"0.00", u"abc"},
-        {Variant(u""), u"0.00", u""},
+        {Variant(Date{kJuly5 + 0.5}), u"0.00", u"45478.50"}, {Variant(u"1234.5"), u"#,##0.00", u"1,234.50"},
+        {Variant(u"abc"), u"0.00", u"abc"}, {dbl(12.5), u"", u"12.5"}, {Variant(Currency{12345000}), u"", u"1234.5"},
+        {Variant(Null{}), u"", u""}, {kFriday, u"", u"05/07/2024 14:05:09"},
     });
+    // clang-format on
 }
 
 TEST(FormatDates, DayMonthYearLetters) {
+    // clang-format off
     checkAll({
-        {kFriday, u"d", u"5"},
-        {kFriday, u"dd", u"05"},
-        {kFriday, u"ddd", u"vie"},
-        {kFriday, u"dddd", u"viernes"},
-        {kFriday, u"ddddd", u"05/07/2024"},
-        {kFriday, u"dddddd", u"viernes, 5 de julio de 2024"},
-        {kFriday, u"w", u"6"},
-        {kFriday, u"ww", u"27"},
-        {kFriday, u"m", u"7"},
-        {kFriday, u"mm", u"07"},
-        {kFriday, u"mmm", u"jul"},
-        {kFriday, u"mmmm", u"julio"},
-        {kFriday, u"q", u"3"},
-        {kFriday, u"y", u"187"},
-        {kFriday, u"yy", u"24"},
-        {kFriday, u"yyy", u"24187"},
-        {kFriday, u"yyyy", u"2024"},
-        {kFriday, u"m/d/yyyy", u"7/5/2024"},
+        {kFriday, u"dd", u"05"}, {kFriday, u"ddd", u"vie"}, {kFriday, u"dddd", u"viernes"},
+        {kFriday, u"ddddd", u"05/07/2024"}, {kFriday, u"dddddd", u"viernes, 5 de julio de 2024"}, {kFriday, u"w", u"6"},
+        {kFriday, u"ww", u"27"}, {kFriday, u"m", u"7"}, {kFriday, u"mmm", u"jul"}, {kFriday, u"mmmm", u"julio"},
+        {kFriday, u"q", u"3"}, {kFriday, u"y", u"187"}, {kFriday, u"yyy", u"24187"}, {kFriday, u"yyyy", u"2024"},
         {kFriday, u"dd/MM/yy", u"05/07/24"},
-        {kFriday, u"dd-MMM-yyyy", u"05-jul-2024"},
-        {kFriday, u"ddd, dd-MMM-yyyy", u"vie, 05-jul-2024"},
         {kFriday, u"dddd, dd \\de\\ MMMM \\del\\ yyyy", u"viernes, 05 de julio del 2024"},
-        {kFriday, u"d \\de\\ MMMM \\del\\ yyyy", u"5 de julio del 2024"},
-        {kFriday, u"DD/MM/YYYY", u"05/07/2024"},
-        {kFriday, u"\"dia\" d", u"dia 5"},
-        {Variant(Date{45294}), u"dddd d/m/yyyy", u"miércoles 3/1/2024"},
-        {Variant(Date{45294}), u"mmmm", u"enero"},
+        {kFriday, u"DD/MM/YYYY", u"05/07/2024"}, {kFriday, u"\"dia\" d", u"dia 5"},
+        {Variant(Date{45294}), u"dddd d/m/yyyy", u"miércoles 3/1/2024"}, {Variant(Date{45292}), u"ww", u"1"},
+        {Variant(Date{45657}), u"ww", u"53"},
     });
+    // clang-format on
 }
 
 TEST(FormatDates, TimeLettersAndCaseRules) {
+    // clang-format off
     checkAll({
-        {kFriday, u"Hh:Nn:ss", u"14:05:09"},
-        {kFriday, u"Hh", u"14"},
-        {kEarly, u"Hh\\h\\ Nn\\m\\", u"05h 30m"},
-        {kEarly, u"Hh", u"05"},
-        {kFriday, u"h:n:s", u"14:5:9"},
-        {kFriday, u"hh:nn:ss", u"14:05:09"},
-        {kFriday, u"h:m:s", u"14:5:9"},
-        {kFriday, u"hh:mm", u"14:05"},
-        {kFriday, u"HH:MM", u"14:05"},
-        {kFriday, u"hh :mm:mm", u"14 :05:07"},
-        {kFriday, u"mm:ss", u"07:09"},
-        {kFriday, u"dd:hh :mm:mm", u"05:14 :05:07"},
-        {kFriday, u"ttttt", u"14:05:09"},
-        {kFriday, u"hh:nn AM/PM", u"02:05 PM"},
-        {kFriday, u"h:nn AM/PM", u"2:05 PM"},
-        {kFriday, u"h:nn am/pm", u"2:05 pm"},
-        {kFriday, u"h A/P", u"2 P"},
-        {kEarly, u"h a/p", u"5 a"},
-        {kFriday, u"hh:nn AMPM", u"02:05 p.m."},
-        {kHalfPast, u"h:nn AM/PM", u"12:30 AM"},
-        {kNoon, u"h:nn AM/PM", u"12:00 PM"},
-        {kHalfPast, u"hh:nn", u"00:30"},
-        {kFriday, u"c", u"05/07/2024 14:05:09"},
-        {kDayOnly, u"c", u"05/07/2024"},
+        {kFriday, u"Hh:Nn:ss", u"14:05:09"}, {kEarly, u"Hh\\h\\ Nn\\m\\", u"05h 30m"}, {kFriday, u"h:n:s", u"14:5:9"},
+        {kFriday, u"h:m:s", u"14:5:9"}, {kFriday, u"hh :mm:mm", u"14 :05:07"}, {kFriday, u"ttttt", u"14:05:09"},
+        {kFriday, u"hh:nn AM/PM", u"02:05 PM"}, {kEarly, u"h a/p", u"5 a"}, {kFriday, u"hh:nn AMPM", u"02:05 p.m."},
+        {kHalfPast, u"h:nn AM/PM", u"12:30 AM"}, {kNoon, u"h:nn AM/PM", u"12:00 PM"},
+        {kFriday, u"c", u"05/07/2024 14:05:09"}, {kDayOnly, u"c", u"05/07/2024"},
         {Variant(Date{0.5}), u"c", u"12:00:00"},
     });
+    // clang-format on
 }
 
 TEST(FormatDates, ValuesReadAsDates) {
+    // clang-format off
     checkAll({
-        {dbl(0), u"dd/mm/yyyy", u"30/12/1899"},
-        {Variant(), u"dd/mm/yyyy", u"30/12/1899"},
-        {dbl(-1.25), u"dd/mm/yyyy hh:nn", u"29/12/1899 06:00"},
-        {dbl(-0.25), u"dd/mm/yyyy hh:nn", u"30/12/1899 06:00"},
+        {dbl(0), u"dd/mm/yyyy", u"30/12/1899"}, {dbl(-1.25), u"dd/mm/yyyy hh:nn", u"29/12/1899 06:00"},
         {dbl(kJuly5 + 0.99999999), u"dd/mm/yyyy hh:nn:ss", u"06/07/2024 00:00:00"},
-        {dbl(-657434), u"dd/mm/yyyy", u"01/01/100"},
-        {dbl(2958465), u"dd/mm/yyyy", u"31/12/9999"},
-        {dbl(1e20), u"dd/mm/yyyy", u"error 6"},
-        {dbl(-657435), u"dd/mm/yyyy", u"error 6"},
-        {Variant(std::int32_t(45478)), u"dddd", u"viernes"},
-        {Variant(u"05/07/2024"), u"yyyy-mm-dd", u"2024-07-05"},
-        {Variant(u"31/12/1998"), u"yyyy-mm-dd", u"1998-12-31"},
-        {Variant(u"39697.11"), u"hh:mm", u"02:38"},
-        {Variant(u"39697.11"), u"mm-dd-yy", u"09-06-08"},
+        {dbl(-657435), u"dd/mm/yyyy", u"error 6"}, {Variant(std::int32_t(45478)), u"dddd", u"viernes"},
+        {Variant(u"05/07/2024"), u"yyyy-mm-dd", u"2024-07-05"}, {Variant(u"39697.11"), u"hh:mm", u"02:38"},
         {Variant(u"abc"), u"dd/mm/yyyy", u"abc"},
-        {Variant(Null{}), u"dd/mm/yyyy", u""},
     });
-}
-
-TEST(FormatDates, WeekOptions) {
-    struct WeekCase {
-        double serial;
-        int firstDay, firstWeek;
-        const char16_t* pattern;
-        const char16_t* expected;
-    };
-    const WeekCase cases[] = {
-        {kJuly5, 2, 1, u"w", u"5"},   // Friday counted from Monday
-        {kJuly5, 7, 1, u"w", u"7"},   // from Saturday
-        {45292, 1, 1, u"ww", u"1"},   // Monday 1 January 2024
-        {45657, 1, 1, u"ww", u"53"},  // Tuesday 31 December 2024
-        {44197, 2, 2, u"ww", u"53"},  // Friday 1 January 2021: last week of 2020 (four days)
-        {44200, 2, 2, u"ww", u"1"},   // Monday 4 January 2021
-        {45292, 1, 3, u"ww", u"53"},  // 1 January 2024 before the first full week
-        {45298, 1, 3, u"ww", u"1"},   // Sunday 7 January 2024
-        {45292, 0, 0, u"ww", u"1"},   // 0 means the defaults
-    };
-    for (const auto& c : cases) {
-        FormatOptions options;
-        options.firstDayOfWeek = c.firstDay;
-        options.firstWeekOfYear = c.firstWeek;
-        EXPECT_EQ(toUtf8(format(Variant(Date{c.serial}), c.pattern, options)), toUtf8(c.expected))
-            << "serial " << c.serial << " first day " << c.firstDay << " first week " << c.firstWeek << " with "
-            << toUtf8(c.pattern);
-    }
-    for (auto [day, week] : {std::pair{8, 1}, std::pair{-1, 1}, std::pair{1, 4}, std::pair{1, -1}}) {
-        FormatOptions options;
-        options.firstDayOfWeek = day;
-        options.firstWeekOfYear = week;
-        EXPECT_EQ(errorNumberOf([&] { format(kFriday, u"ww", options); }), err::InvalidProcedureCall)
-            << "first day " << day << " first week " << week;
-    }
+    // clang-format on
 }
 
 TEST(FormatText, Placeholders) {
+    // clang-format off
     checkAll({
-        {Variant(u"testing"), u"@", u"testing"},
-        {Variant(u"testing"), u"@@@@@@@@", u" testing"},
-        {Variant(u"testing"), u"!@@@@@@@@", u"testing "},
-        {Variant(u"testing"), u"\\x@\\x@", u"xtxesting"},
-        {Variant(u"testing"), u"@\\x@@@@@@@", u" xtesting"},
-        {Variant(u"testing"), u"&&&&&&&&", u"testing"},
-        {Variant(u"5551234"), u"@@@-@@@@", u"555-1234"},
-        {Variant(u"12"), u"&&&-&&", u"-12"},
-        {Variant(u"testing"), u">", u"TESTING"},
-        {Variant(u"año Ñandú"), u">", u"AÑO ÑANDÚ"},
-        {Variant(u"ÁBC"), u"<@", u"ábc"},
-        {Variant(u"testing"), u"<&>&", u"testing"},
-        {Variant(u""), u"@;\\v\\a\\c\\i\\o", u"vacio"},
-        {Variant(Null{}), u"@;\\v\\a\\c\\i\\o", u"vacio"},
-        {Variant(Null{}), u"@", u""},
-        {dbl(12.5), u">", u"12.5"},
+        {Variant(u"testing"), u"@", u"testing"}, {Variant(u"testing"), u"@@@@@@@@", u" testing"},
+        {Variant(u"testing"), u"!@@@@@@@@", u"testing "}, {Variant(u"testing"), u"\\x@\\x@", u"xtxesting"},
+        {Variant(u"5551234"), u"@@@-@@@@", u"555-1234"}, {Variant(u"12"), u"&&&-&&", u"-12"},
+        {Variant(u"testing"), u">", u"TESTING"}, {Variant(u"testing"), u"<&>&", u"testing"},
+        {Variant(u""), u"@;\\v\\a\\c\\i\\o", u"vacio"}, {Variant(Null{}), u"@;\\v\\a\\c\\i\\o", u"vacio"},
         {Variant(True), u">", u"TRUE"},
     });
+    // clang-format on
 }
 
 TEST(FormatNamed, NumberNames) {
+    // clang-format off
     checkAll({
-        {dbl(1234567.891), u"General Number", u"1234567.891"},
-        {dbl(1e20), u"General Number", u"1E+20"},
-        {dbl(1234.5), u"Currency", u"$1,234.50"},
-        {dbl(-1234.5), u"Currency", u"-$1,234.50"},
-        {dbl(0.005), u"Currency", u"$0.01"},
-        {dbl(1234.5), u"Fixed", u"1234.50"},
-        {dbl(1234567.891), u"Standard", u"1,234,567.89"},
-        {dbl(0.155), u"Percent", u"15.50%"},
-        {dbl(12345), u"Scientific", u"1.23E+04"},
-        {dbl(0), u"Yes/No", u"No"},
-        {dbl(5), u"Yes/No", u"Yes"},
-        {Variant(True), u"Yes/No", u"Yes"},
-        {Variant(True), u"True/False", u"True"},
-        {dbl(0), u"True/False", u"False"},
-        {dbl(0), u"On/Off", u"Off"},
-        {dbl(-1), u"on/off", u"On"},
-        {Variant(u"abc"), u"Currency", u"abc"},
-        {Variant(Null{}), u"Currency", u""},
+        {dbl(1234567.891), u"General Number", u"1234567.891"}, {dbl(1234.5), u"Currency", u"$1,234.50"},
+        {dbl(1234.5), u"Fixed", u"1234.50"}, {dbl(1234567.891), u"Standard", u"1,234,567.89"},
+        {dbl(0.155), u"Percent", u"15.50%"}, {dbl(12345), u"Scientific", u"1.23E+04"}, {dbl(0), u"Yes/No", u"No"},
+        {Variant(True), u"True/False", u"True"}, {dbl(-1), u"on/off", u"On"}, {Variant(u"abc"), u"Currency", u"abc"},
     });
+    // clang-format on
 }
 
 TEST(FormatNamed, DateNames) {
+    // clang-format off
     checkAll({
-        {kFriday, u"General Date", u"05/07/2024 14:05:09"},
-        {kDayOnly, u"General Date", u"05/07/2024"},
-        {kFriday, u"Long Date", u"viernes, 5 de julio de 2024"},
-        {kFriday, u"Medium Date", u"05-jul-24"},
-        {kFriday, u"Short Date", u"05/07/2024"},
-        {kFriday, u"short date", u"05/07/2024"},
-        {kFriday, u"Long Time", u"14:05:09"},
-        {kFriday, u"Medium Time", u"02:05 p.m."},
-        {kEarly, u"Medium Time", u"05:30 a.m."},
-        {kFriday, u"Short Time", u"14:05"},
-        {dbl(kJuly5), u"Short Date", u"05/07/2024"},
+        {kFriday, u"General Date", u"05/07/2024 14:05:09"}, {kFriday, u"Long Date", u"viernes, 5 de julio de 2024"},
+        {kFriday, u"Medium Date", u"05-jul-24"}, {kFriday, u"Short Date", u"05/07/2024"},
+        {kFriday, u"Long Time", u"14:05:09"}, {kFriday, u"Medium Time", u"02:05 p.m."},
+        {kEarly, u"Medium Time", u"05:30 a.m."}, {kFriday, u"Short Time", u"14:05"},
     });
-}
-
-TEST(FormatPlain, EmptyPatternGivesTheValuesText) {
-    checkAll({
-        {dbl(12.5), u"", u"12.5"},
-        {dbl(1e20), u"", u"1E+20"},
-        {Variant(Currency{12345000}), u"", u"1234.5"},
-        {Variant(True), u"", u"True"},
-        {Variant(u"abc"), u"", u"abc"},
-        {Variant(Null{}), u"", u""},
-        {Variant(), u"", u""},
-        {kFriday, u"", u"05/07/2024 14:05:09"},
-    });
+    // clang-format on
 }
 
 class DefaultValue : public Object {
@@ -373,14 +201,13 @@ private:
 };
 
 TEST(FormatValues, ObjectsArraysAndBadInput) {
+    // clang-format off
     checkAll({
         {Variant(ObjectRef(std::make_shared<DefaultValue>(Variant(12.5)))), u"0.00", u"12.50"},
-        {Variant(ObjectRef()), u"0.00", u"error 91"},
-        {Variant(Array::ofValues({Variant(1.0)})), u"0", u"error 13"},
-        {Variant::missing(), u"0", u"error 13"},
-        {dbl(std::numeric_limits<double>::infinity()), u"0", u"error 6"},
-        {dbl(std::nan("")), u"0", u"error 6"},
+        {Variant(ObjectRef()), u"0.00", u"error 91"}, {Variant(Array::ofValues({Variant(1.0)})), u"0", u"error 13"},
+        {Variant::missing(), u"0", u"error 13"}, {dbl(std::numeric_limits<double>::infinity()), u"0", u"error 6"},
     });
+    // clang-format on
 }
 
 RegionalSettings commaSettings() {
@@ -396,43 +223,27 @@ RegionalSettings commaSettings() {
 
 TEST(FormatRegional, CommaConfiguration) {
     RegionalScope scope(commaSettings());
+    // clang-format off
     checkAll({
-        {dbl(1234567.891), u"#,##0.00", u"1.234.567,89"},
-        {dbl(12.5), u"##0.00", u"12,50"},
-        {dbl(25.5), u"#.#", u"25,5"},
-        {dbl(12345), u"0.00E+00", u"1,23E+04"},
-        {dbl(0.155), u"0.0%", u"15,5%"},
-        {dbl(1234.5), u"Currency", u"$1.234,50"},
-        {dbl(1234.5), u"Standard", u"1.234,50"},
-        {dbl(12.5), u"General Number", u"12,5"},
-        {dbl(12.5), u"", u"12,5"},
-        {Variant(u"1234,5"), u"0.00", u"1234,50"},
-        {kFriday, u"dd/mm/yyyy", u"05-07-2024"},
-        {kFriday, u"Hh:Nn", u"14.05"},
-        {kFriday, u"ddddd ttttt", u"05-07-2024 14.05.09"},
-        {kFriday, u"Short Date", u"05-07-2024"},
-        {kFriday, u"", u"05-07-2024 14.05.09"},
+        {dbl(1234567.891), u"#,##0.00", u"1.234.567,89"}, {dbl(25.5), u"#.#", u"25,5"},
+        {dbl(12345), u"0.00E+00", u"1,23E+04"}, {dbl(0.155), u"0.0%", u"15,5%"},
+        {dbl(1234.5), u"Currency", u"$1.234,50"}, {dbl(12.5), u"", u"12,5"}, {Variant(u"1234,5"), u"0.00", u"1234,50"},
+        {kFriday, u"dd/mm/yyyy", u"05-07-2024"}, {kFriday, u"Hh:Nn", u"14.05"},
+        {kFriday, u"ddddd ttttt", u"05-07-2024 14.05.09"}, {kFriday, u"", u"05-07-2024 14.05.09"},
         {kFriday, u"dd\\/mm", u"05/07"},
     });
+    // clang-format on
 }
 
-TEST(FormatRegional, ExplicitSettingsOverloadLeavesTheConfigurationAlone) {
-    RegionalSettings comma = commaSettings();
-    EXPECT_EQ(toUtf8(format(Variant(1234.5), u"#,##0.00", comma)), "1.234,50");
-    EXPECT_EQ(toUtf8(format(kFriday, u"dd/mm/yy", comma)), "05-07-24");
-    EXPECT_EQ(toUtf8(format(Variant(1234.5), u"#,##0.00")), "1,234.50");
-
+// The names and designators come from the settings in force.
+TEST(FormatRegional, NamesOfTheSettingsInForce) {
     RegionalSettings english;
     english.monthNames[6] = u"July";
     english.dayAbbreviations[5] = u"Fri";
-    english.amDesignator = u"AM";
     english.pmDesignator = u"PM";
     english.timeFormat = u"h:mm:ss tt";
-    english.longDate = u"dddd, MMMM d, yyyy";
-    english.dayNames[5] = u"Friday";
-    EXPECT_EQ(toUtf8(format(kFriday, u"ddd mmmm", english)), "Fri July");
-    EXPECT_EQ(toUtf8(format(kFriday, u"Long Time", english)), "2:05:09 PM");
-    EXPECT_EQ(toUtf8(format(kFriday, u"Long Date", english)), "Friday, July 5, 2024");
+    RegionalScope scope(english);
+    checkAll({{kFriday, u"ddd mmmm", u"Fri July"}, {kFriday, u"Long Time", u"2:05:09 PM"}});
 }
 
 }  // namespace

@@ -1,6 +1,4 @@
-// The regional settings object: the items derived from the short-date and
-// time formats, and a scope that puts settings in force. (The standard
-// configuration is what every conversion, date and Format test reads.)
+// The regional settings object: the derived items, and a scope that puts settings in force.
 #include <gtest/gtest.h>
 
 #include "runtime/regional.h"
@@ -16,12 +14,12 @@ TEST(Regional, DerivedItemsFollowTheFormats) {
         bool fourDigits;
     };
     using O = RegionalSettings::DateOrder;
+    // clang-format off
     const Case cases[] = {
-        {u"dd/MM/yyyy", u"/", O::DayMonthYear, true},
-        {u"MM-dd-yy", u"-", O::MonthDayYear, false},
-        {u"yyyy.MM.dd", u".", O::YearMonthDay, true},
-        {u"d/M/yy", u"/", O::DayMonthYear, false},
+        {u"dd/MM/yyyy", u"/", O::DayMonthYear, true}, {u"MM-dd-yy", u"-", O::MonthDayYear, false},
+        {u"yyyy.MM.dd", u".", O::YearMonthDay, true}, {u"d/M/yy", u"/", O::DayMonthYear, false},
     };
+    // clang-format on
     for (const auto& c : cases) {
         RegionalSettings s;
         s.shortDate = c.shortDate;

