@@ -4,6 +4,8 @@
 
 #include <cstdio>
 #include <string>
+#include <tuple>
+#include <vector>
 
 #include "platform/posix/terminal_progress.h"
 
@@ -11,12 +13,7 @@ namespace telvaro::posix {
 namespace {
 
 TEST(TerminalProgress, TheLine) {
-    struct Case {
-        const char* what;
-        ProgressLine line;
-        std::string expected;
-    };
-    const std::vector<Case> cases = {
+    const std::vector<std::tuple<const char*, ProgressLine, std::string>> cases = {
         {"half way, 100 a second",
          {u"Progreso . . .      (500 de 1000)", 0, 1000, 500, 5, 0, 80},
          "Progreso . . . [############............]  50%  500 de 1000  100/s  quedan 0:05"},
@@ -36,7 +33,7 @@ TEST(TerminalProgress, TheLine) {
          {u"P", 0, 100, 60, 2, 40, 80},
          "P [########################................]  60%  60 de 100  10/s  quedan 0:04"},
     };
-    for (const auto& c : cases) EXPECT_EQ(progressLineText(c.line), c.expected) << c.what;
+    for (const auto& [what, line, expected] : cases) EXPECT_EQ(progressLineText(line), expected) << what;
 }
 
 std::string drawnOn(bool forceTerminal) {
