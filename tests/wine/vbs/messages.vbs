@@ -1,7 +1,7 @@
-' The standard messages and the error log from a script. The boxes are
-' captured, so they close at once (No for a question, OK for a notice).
-' The control passed to the error log is a script object with Name,
-' Parent and Container; the error object is the script's own Err.
+' The library's message boxes and the error log from a script. While
+' captured, the boxes close at once (No for a question, OK for a notice).
+' The control passed to the error log is a script object with Name, Parent
+' and Container; the error object is the script's own Err.
 Class Named
     ' One member a line: Wine's VBScript reads only the first of a list.
     Public Name
@@ -14,14 +14,8 @@ Dim form, frame, control, description, fso, logFile, lines, before
 fun.fn_CambiaConfRegional
 fun.CapturaMsgBox
 Check "save? No", fun.MsgGuardarRegistro(), False
-Check "delete? No", fun.MsgEliminarRegistro("¿Eliminar?"), False
-Check "ignore? No", fun.MsgRegistroNoGuardado(), False
 fun.MsgDatosGuardados
-fun.MsgDatosEliminados
-Check "changes: True comes back", fun.MsgHayCambios(True), True
-Check "no changes: the notice, False", fun.MsgHayCambios(False), False
-Check "a selected record", fun.MsgRegistroSeleccionado(False), True
-Check "a new record: the notice, False", fun.MsgRegistroSeleccionado(True), False
+Check "a warning shown and refused, Advertir given as 1", fun.fn_ValidaCedula2("1710034066", 1), False
 
 Set form = New Named
 form.Name = "frmClientes"
