@@ -23,7 +23,7 @@ inline std::string describe(const Variant& v) {
         for (const auto& item : v.array().elements()) items += (items.empty() ? "" : ", ") + describe(item);
         return type + "{" + items + "}";
     }
-    if (v.isEmpty() || v.isNull() || v.isArray() || v.isObject() || v.type() == VarType::Error) return type;
+    if (v.isEmpty() || v.isNull() || v.isObject() || v.type() == VarType::Error) return type;
     try {
         std::string text = toUtf8(toString(v));
         return type + (v.isString() ? " \"" + text + "\"" : " " + text);

@@ -30,7 +30,6 @@ public:
     std::vector<Played> played;
     std::vector<bool> captures;
     int eventsProcessed = 0;
-    int idles = 0;
     // The clock: the real one unless set; `tick` runs at every reading.
     std::function<double()> clock;
 
@@ -47,7 +46,7 @@ public:
     void captureMessageBoxes(bool capture) override { captures.push_back(capture); }
     void processEvents() override { ++eventsProcessed; }
     double now() override { return clock ? clock() : Environment::now(); }
-    void idle() override { ++idles; }
+    void idle() override {}
 };
 
 class TestPlatform : public ScriptedPlatform {

@@ -32,7 +32,6 @@ const TestClass kClasses[] = {
 };
 
 HINSTANCE module = nullptr;
-std::atomic<long> objectsAlive{0};
 
 // Paths are the caller's own Windows paths.
 data::DataServices services() {
@@ -74,10 +73,7 @@ public:
             return com::hresultOf(com::currentError().number());
         }
     }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-        objectsAlive += lock ? 1 : -1;
-        return S_OK;
-    }
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 
 private:
     std::atomic<ULONG> references_{1};
@@ -91,14 +87,8 @@ std::wstring guidText(const CLSID& clsid) {
 }
 
 bool setValue(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
-    HKEY handle;
-    if (RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &handle, nullptr) !=
-        ERROR_SUCCESS)
-        return false;
-    const LONG done = RegSetValueExW(handle, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
-                                     static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
-    RegCloseKey(handle);
-    return done == ERROR_SUCCESS;
+    return RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), name, REG_SZ, value.c_str(),
+                           static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t))) == ERROR_SUCCESS;
 }
 
 }  // namespace

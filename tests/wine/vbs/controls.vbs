@@ -35,18 +35,6 @@ Class TextBox
     Public Text
 End Class
 
-' A form's controls by position: a script class has no enumerator, so the
-' library walks it with Count and Item.
-Class Collection
-    Public Items
-    Public Property Get Count(): Count = UBound(Items) + 1: End Property
-    Public Default Property Get Item(i): Set Item = Items(i): End Property
-End Class
-
-Class Form
-    Public Controls
-End Class
-
 Dim grid, ficha, uno, dos, controles, diccionario
 
 Set grid = New MSFlexGrid

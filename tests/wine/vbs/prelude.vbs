@@ -29,6 +29,19 @@ Sub CheckError(label, expected)
     Err.Clear
 End Sub
 
+' A caller's controls by position, walked with Count and Item (a script
+' class has no enumerator), and a form holding them.
+Class Collection
+    Public Items
+    Public Property Get Count(): Count = UBound(Items) + 1: End Property
+    Public Default Property Get Item(i): Set Item = Items(i): End Property
+End Class
+
+Class Form
+    Public Name
+    Public Controls
+End Class
+
 Sub Done(name)
     WScript.Echo name & ": " & checks & " checks, " & failures & " failed"
     WScript.Quit failures

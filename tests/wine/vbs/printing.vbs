@@ -11,17 +11,6 @@ Class Label
     Public Tag
 End Class
 
-Class Controles
-    Public Items
-    Public Property Get Count(): Count = UBound(Items) + 1: End Property
-    Public Default Property Get Item(i): Set Item = Items(i): End Property
-End Class
-
-Class Form
-    Public Name
-    Public Controls
-End Class
-
 Dim letra, lineas, cuantas, corto, titulo, ficha
 
 Set letra = CreateObject("StdFont")
@@ -50,7 +39,7 @@ titulo.Visible = True
 titulo.Tag = ""
 Set ficha = New Form
 ficha.Name = "frmFactura"
-Set ficha.Controls = New Controles
+Set ficha.Controls = New Collection
 ficha.Controls.Items = Array(titulo)
 On Error Resume Next
 fun.fn_FijaImpresora "NINGUNO:"
