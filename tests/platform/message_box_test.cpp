@@ -16,11 +16,11 @@ namespace telvaro {
 namespace {
 
 // Every button set; the icon bits ignored; the second and third button as
-// the default, and a fourth that does not exist falling back to the first.
+// the default, and one past the set falling back to the first.
 TEST(MessageBox, StylesGiveButtonsAndDefaults) {
     const int cases[][3] = {{0, 1, msgbox::Ok},           {1, 2, msgbox::Ok},       {2 + 768, 3, msgbox::Abort},
                             {3 + 512, 3, msgbox::Cancel}, {4 + 256, 2, msgbox::No}, {36, 2, msgbox::Yes},
-                            {5, 2, msgbox::Retry}};
+                            {5, 2, msgbox::Retry},        {4 + 512, 2, msgbox::Yes}};
     for (const auto& [style, count, defaultAnswer] : cases) {
         EXPECT_EQ(buttonsOf(style).count, count) << style;
         EXPECT_EQ(buttonsOf(style).defaultAnswer, defaultAnswer) << style;

@@ -150,12 +150,8 @@ TEST_F(SoundOutputTest, AsynchronousLoopsUntilTheNextRequest) {
     EXPECT_EQ(log_->closes, 2);
 }
 
-TEST_F(SoundOutputTest, NoDeviceOrNoWavePlaysNothing) {
-    auto none = output(false);
-    EXPECT_FALSE(none.play(file_, sound::Asynchronous));
-    std::ofstream(std::filesystem::current_path() / "texto.wav") << "no es un sonido";
-    auto out = output();
-    EXPECT_FALSE(out.play(std::filesystem::current_path() / "texto.wav", sound::Asynchronous));
+TEST_F(SoundOutputTest, NoDevicePlaysNothing) {
+    EXPECT_FALSE(output(false).play(file_, sound::Asynchronous));
     EXPECT_EQ(bytes(), 0u);
 }
 
