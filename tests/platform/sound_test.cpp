@@ -64,60 +64,61 @@ TEST(WaveFile, FormatsAndDamage) {
     for (const auto& [what, bytes] : unreadable) EXPECT_FALSE(posix::parseWave(bytes).has_value()) << what;
 }
 
+// What the sinks were asked to do, as the player's thread reports it.
+struct SinkLog {
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::size_t bytes = 0;
+    int opens = 0, closes = 0;
+};
+
 // Counts the frames written; can refuse to open.
 class RecordingSink : public posix::PcmSink {
 public:
-    struct Log {
-        std::mutex mutex;
-        std::condition_variable changed;
-        std::size_t bytes = 0;
-        int opens = 0, closes = 0;
-    };
-    RecordingSink(std::shared_ptr<Log> log, bool opens) : log_(std::move(log)), opens_(opens) {}
+    RecordingSink(SinkLog& log, bool opens) : log_(log), opens_(opens) {}
     bool open(const WaveSound&) override {
-        std::lock_guard lock(log_->mutex);
-        ++log_->opens;
+        std::lock_guard lock(log_.mutex);
+        ++log_.opens;
         return opens_;
     }
     bool write(std::string_view frames) override {
         std::this_thread::sleep_for(std::chrono::microseconds(200));
-        std::lock_guard lock(log_->mutex);
-        log_->bytes += frames.size();
-        log_->changed.notify_all();
+        std::lock_guard lock(log_.mutex);
+        log_.bytes += frames.size();
+        log_.changed.notify_all();
         return true;
     }
     void close(bool) override {
-        std::lock_guard lock(log_->mutex);
-        ++log_->closes;
-        log_->changed.notify_all();
+        std::lock_guard lock(log_.mutex);
+        ++log_.closes;
+        log_.changed.notify_all();
     }
 
 private:
-    std::shared_ptr<Log> log_;
+    SinkLog& log_;
     bool opens_;
 };
 
 class SoundOutputTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        file_ = std::filesystem::current_path() / "tono.wav";
         std::ofstream(file_, std::ios::binary) << riff(fmt(1, 1, 8000, 8) + chunk("data", std::string(kBytes, '\x80')));
     }
     posix::SoundOutput output(bool opens = true) {
         return posix::SoundOutput([this, opens] { return std::make_unique<RecordingSink>(log_, opens); });
     }
     std::size_t bytes() {
-        std::lock_guard lock(log_->mutex);
-        return log_->bytes;
+        std::lock_guard lock(log_.mutex);
+        return log_.bytes;
     }
     bool waitFor(std::size_t atLeast) {
-        std::unique_lock lock(log_->mutex);
-        return log_->changed.wait_for(lock, std::chrono::seconds(10), [&] { return log_->bytes >= atLeast; });
+        std::unique_lock lock(log_.mutex);
+        return log_.changed.wait_for(lock, std::chrono::seconds(10), [&] { return log_.bytes >= atLeast; });
     }
 
     static constexpr std::size_t kBytes = 1000;  // 1/8 s at 8000 Hz, three slices
-    std::filesystem::path file_;
-    std::shared_ptr<RecordingSink::Log> log_ = std::make_shared<RecordingSink::Log>();
+    const std::filesystem::path file_ = std::filesystem::current_path() / "tono.wav";
+    SinkLog log_;
 };
 
 // Without Asynchronous the call plays the whole file once and returns, Loop or not.
@@ -125,10 +126,10 @@ TEST_F(SoundOutputTest, SynchronousPlaysEverythingOnce) {
     auto out = output();
     EXPECT_TRUE(out.play(file_, sound::Synchronous));
     EXPECT_EQ(bytes(), kBytes);
-    EXPECT_EQ(log_->closes, 1);
+    EXPECT_EQ(log_.closes, 1);
     EXPECT_TRUE(out.play(file_, sound::Loop));
     EXPECT_EQ(bytes(), 2 * kBytes);
-    EXPECT_EQ(log_->closes, 2);
+    EXPECT_EQ(log_.closes, 2);
 }
 
 // A loop runs until the next request: one for a file that is not there
@@ -141,13 +142,13 @@ TEST_F(SoundOutputTest, AsynchronousLoopsUntilTheNextRequest) {
     const std::size_t after = bytes();
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     EXPECT_EQ(bytes(), after);
-    EXPECT_EQ(log_->closes, 1);
+    EXPECT_EQ(log_.closes, 1);
     EXPECT_TRUE(out.play(file_, sound::Asynchronous));
     ASSERT_TRUE(waitFor(after + kBytes));
     out.stop();
     EXPECT_EQ(bytes(), after + kBytes);
-    EXPECT_EQ(log_->opens, 2);
-    EXPECT_EQ(log_->closes, 2);
+    EXPECT_EQ(log_.opens, 2);
+    EXPECT_EQ(log_.closes, 2);
 }
 
 TEST_F(SoundOutputTest, NoDevicePlaysNothing) {
