@@ -31,6 +31,18 @@ Class MSFlexGrid
     Public Property Let TextMatrix(r, c, value): Cells(r, c) = value: End Property
 End Class
 
+' The caller's controls by position, walked with Count and Item.
+Class Collection
+    Public Items
+    Public Property Get Count(): Count = UBound(Items) + 1: End Property
+    Public Default Property Get Item(i): Set Item = Items(i): End Property
+End Class
+
+Class Form
+    Public Name
+    Public Controls
+End Class
+
 Class TextBox
     Public Text
 End Class

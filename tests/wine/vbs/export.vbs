@@ -1,9 +1,7 @@
-' The exports from a script where no spreadsheet application is installed
-' (Wine has none): "Excel.Application" is then the embedded spreadsheet,
-' writing .xlsx files into the user's Documents\Telvaro\exports. A script
-' grid is filled from the test database and exported, then a query is
-' exported; the runner reads both files back with openpyxl (EXPORTS in
-' run_wine_tests.py holds what it expects of them).
+' The exports where no spreadsheet application is installed (Wine has none):
+' the embedded spreadsheet writes .xlsx files into Documents\Telvaro\exports.
+' A grid filled from the test database and a query are exported; the runner
+' reads both files back (EXPORTS in run_wine_tests.py).
 Class GridFont
     Public Name
     Public Size

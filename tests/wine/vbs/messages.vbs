@@ -1,7 +1,5 @@
-' The library's message boxes and the error log from a script. While
-' captured, the boxes close at once (No for a question, OK for a notice).
-' The control passed to the error log is a script object with Name, Parent
-' and Container; the error object is the script's own Err.
+' The message boxes, captured (No for a question, OK for a notice), and the
+' error log given a script control and the script's own Err.
 Class Named
     ' One member a line: Wine's VBScript reads only the first of a list.
     Public Name
@@ -9,7 +7,7 @@ Class Named
     Public Container
 End Class
 
-Dim form, frame, control, description, fso, logFile, lines, before
+Dim form, frame, control, description, fso, logFile, lines
 
 fun.fn_CambiaConfRegional
 fun.CapturaMsgBox
@@ -43,13 +41,11 @@ Check "the entry", lines(0), Right("0" & Day(Date), 2) & "/" & Right("0" & Month
     " - Módulo: frmClientes - Contenedor: Frame1 - Control: txtCodigo - Procedimiento: Validar - Error: " & description
 Check "the separator", lines(1), String(127, "-")
 
-' A control without a form: the error reaches the script, nothing is logged.
-before = fso.GetFile(logFile).Size
+' A text is no control: the error reaches the script.
 On Error Resume Next
 fun.fn_LogErrores "txtCodigo", Err
 CheckError "a text is no control", 424
 On Error Goto 0
-Check "nothing more logged", fso.GetFile(logFile).Size, before
 fun.CapturaMsgBox True
 
 Done "messages"

@@ -1,6 +1,5 @@
-' The checks every script below shares; the runner puts this text before
-' each script. A script ends with Done, which exits with the number of
-' failed checks.
+' The checks the runner puts before each script; Done exits with the number
+' of failed checks.
 Option Explicit
 Dim fun, checks, failures
 Set fun = CreateObject("Telvaro.Fun")
@@ -28,19 +27,6 @@ Sub CheckError(label, expected)
     If Err.Number <> expected Then Fail label, "error " & Err.Number & " (" & Err.Description & "), expected " & expected
     Err.Clear
 End Sub
-
-' A caller's controls by position, walked with Count and Item (a script
-' class has no enumerator), and a form holding them.
-Class Collection
-    Public Items
-    Public Property Get Count(): Count = UBound(Items) + 1: End Property
-    Public Default Property Get Item(i): Set Item = Items(i): End Property
-End Class
-
-Class Form
-    Public Name
-    Public Controls
-End Class
 
 Sub Done(name)
     WScript.Echo name & ": " & checks & " checks, " & failures & " failed"

@@ -1,17 +1,5 @@
-' Text cut to a printed width, measured by the platform in the caller's
-' font (a StdFont), and printing with no printer: Wine has none here, so a
-' port matches nothing and ImprimeForm skips every statement that needs one.
-Class Label
-    Public Caption
-    Public Left
-    Public Top
-    Public Width
-    Public Height
-    Public Visible
-    Public Tag
-End Class
-
-Dim letra, lineas, cuantas, corto, titulo, ficha
+' Text cut to a printed width, measured by the platform in the caller's font.
+Dim letra, lineas, cuantas, corto
 
 Set letra = CreateObject("StdFont")
 letra.Name = "Arial"
@@ -29,22 +17,4 @@ lineas = fun.SeparaEnLineasImprimir(cuantas, "uno dos tres", 1000, letra)
 Check "SeparaEnLineasImprimir gives an array", IsArray(lineas), True
 Check "SeparaEnLineasImprimir breaks between words", cuantas >= 2, True
 
-Set titulo = New Label
-titulo.Caption = "FACTURA"
-titulo.Left = 600
-titulo.Top = 300
-titulo.Width = 3000
-titulo.Height = 300
-titulo.Visible = True
-titulo.Tag = ""
-Set ficha = New Form
-ficha.Name = "frmFactura"
-Set ficha.Controls = New Collection
-ficha.Controls.Items = Array(titulo)
-On Error Resume Next
-fun.fn_FijaImpresora "NINGUNO:"
-CheckError "a port that matches no printer", 0
-fun.ImprimeForm ficha, ""
-CheckError "ImprimeForm skips what it cannot print", 0
-On Error GoTo 0
 Done "printing"

@@ -5,7 +5,6 @@ Dim folder, records, ini, key, r
 folder = "C:\telvaro-tests\data\a\b"
 fun.fsoCrearCarpeta folder
 Check "folder created level by level", fun.fsoExisteCarpeta(folder), True
-Check "a folder is no file", fun.fsoExisteArchivo(folder), False
 Check "temporary folder", Len(fun.fsoCarpetaSistema(2)) > 3, True
 Check "unknown special folder", fun.fsoCarpetaSistema(3), ""
 
