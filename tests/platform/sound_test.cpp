@@ -1,6 +1,5 @@
-// Wave files read as the sound output needs them, and the output's
-// requests (synchronous, asynchronous, looping, stopping) on a recording
-// sink.
+// Wave files read as the sound output needs them, and the output's requests
+// (synchronous, asynchronous, looping, stopping) on a recording sink.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -14,8 +13,6 @@
 namespace telvaro {
 namespace {
 
-using posix::WaveSound;
-
 std::string le(std::uint32_t v, int size) {
     std::string s;
     for (int i = 0; i < size; ++i) s += static_cast<char>((v >> (8 * i)) & 0xFF);
@@ -28,9 +25,9 @@ std::string chunk(const std::string& id, const std::string& body, std::uint32_t 
     return c;
 }
 
-std::string fmt(int tag, int channels, int rate, int bits, bool extensible = false, int subTag = 1) {
+std::string fmt(int tag, int channels, int rate, int bits, bool extensible = false, int subTag = 1, int block = 0) {
     std::string f = le(extensible ? 0xFFFE : tag, 2) + le(channels, 2) + le(rate, 4) +
-                    le(rate * channels * bits / 8, 4) + le(channels * bits / 8, 2) + le(bits, 2);
+                    le(rate * channels * bits / 8, 4) + le(block ? block : channels * bits / 8, 2) + le(bits, 2);
     if (extensible) f += le(22, 2) + le(bits, 2) + le(0, 4) + le(subTag, 2) + std::string(14, 'x');
     return chunk("fmt ", f);
 }
@@ -51,14 +48,10 @@ TEST(WaveFile, FormatsAndDamage) {
         EXPECT_EQ(w->frames.size(), 8u) << what;
     }
     const std::pair<const char*, std::string> unreadable[] = {
-        {"block size not the frame size",
-         riff(chunk("fmt ", le(1, 2) + le(2, 2) + le(8000, 4) + le(32000, 4) + le(1, 2) + le(16, 2)) +
-              chunk("data", pcm))},
+        {"block size not the frame size", riff(fmt(1, 2, 8000, 16, false, 1, 1) + chunk("data", pcm))},
         {"float samples", riff(fmt(3, 1, 8000, 32) + chunk("data", pcm))},
         {"24-bit", riff(fmt(1, 1, 8000, 24) + chunk("data", pcm))},
         {"extensible float", riff(fmt(0, 1, 8000, 16, true, 3) + chunk("data", pcm))},
-        {"data before fmt", riff(chunk("data", pcm) + fmt(1, 1, 8000, 8))},
-        {"truncated fmt", riff("fmt " + le(16, 4) + "abc")},
         {"a chunk larger than the file", riff(chunk("LIST", "ab", 0x7FFFFFF0) + fmt(1, 1, 8000, 8))},
         {"not RIFF", "RIFX" + riff("").substr(4)}};
     for (const auto& [what, bytes] : unreadable) EXPECT_FALSE(posix::parseWave(bytes).has_value()) << what;
@@ -70,29 +63,24 @@ struct SinkLog {
     std::condition_variable changed;
     std::size_t bytes = 0;
     int opens = 0, closes = 0;
+    bool note(std::size_t written, int opened, int closed) {
+        std::lock_guard lock(mutex);
+        bytes += written, opens += opened, closes += closed;
+        changed.notify_all();
+        return true;
+    }
 };
 
 // Counts the frames written; can refuse to open.
 class RecordingSink : public posix::PcmSink {
 public:
     RecordingSink(SinkLog& log, bool opens) : log_(log), opens_(opens) {}
-    bool open(const WaveSound&) override {
-        std::lock_guard lock(log_.mutex);
-        ++log_.opens;
-        return opens_;
-    }
+    bool open(const posix::WaveSound&) override { return log_.note(0, 1, 0) && opens_; }
     bool write(std::string_view frames) override {
         std::this_thread::sleep_for(std::chrono::microseconds(200));
-        std::lock_guard lock(log_.mutex);
-        log_.bytes += frames.size();
-        log_.changed.notify_all();
-        return true;
+        return log_.note(frames.size(), 0, 0);
     }
-    void close(bool) override {
-        std::lock_guard lock(log_.mutex);
-        ++log_.closes;
-        log_.changed.notify_all();
-    }
+    void close(bool) override { log_.note(0, 0, 1); }
 
 private:
     SinkLog& log_;
@@ -121,27 +109,25 @@ protected:
     SinkLog log_;
 };
 
-// Without Asynchronous the call plays the whole file once and returns, Loop or not.
-TEST_F(SoundOutputTest, SynchronousPlaysEverythingOnce) {
+// Without a device nothing plays; without Asynchronous the call plays the
+// whole file once and returns, even with Loop.
+TEST_F(SoundOutputTest, SynchronousPlaysOnceAndNoDeviceNothing) {
+    EXPECT_FALSE(output(false).play(file_, sound::Asynchronous));
+    EXPECT_EQ(bytes(), 0u);
     auto out = output();
-    EXPECT_TRUE(out.play(file_, sound::Synchronous));
+    EXPECT_TRUE(out.play(file_, sound::Loop));
     EXPECT_EQ(bytes(), kBytes);
     EXPECT_EQ(log_.closes, 1);
-    EXPECT_TRUE(out.play(file_, sound::Loop));
-    EXPECT_EQ(bytes(), 2 * kBytes);
-    EXPECT_EQ(log_.closes, 2);
 }
 
-// A loop runs until the next request: one for a file that is not there
-// plays nothing; one without Loop plays once.
+// A loop runs until the next request: one for a missing file plays nothing;
+// one without Loop plays once (no more after it, so the loop had stopped).
 TEST_F(SoundOutputTest, AsynchronousLoopsUntilTheNextRequest) {
     auto out = output();
     EXPECT_TRUE(out.play(file_, sound::Asynchronous | sound::Loop));
     ASSERT_TRUE(waitFor(2 * kBytes));
     EXPECT_FALSE(out.play(std::filesystem::current_path() / "1", sound::Synchronous));
     const std::size_t after = bytes();
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_EQ(bytes(), after);
     EXPECT_EQ(log_.closes, 1);
     EXPECT_TRUE(out.play(file_, sound::Asynchronous));
     ASSERT_TRUE(waitFor(after + kBytes));
@@ -149,11 +135,6 @@ TEST_F(SoundOutputTest, AsynchronousLoopsUntilTheNextRequest) {
     EXPECT_EQ(bytes(), after + kBytes);
     EXPECT_EQ(log_.opens, 2);
     EXPECT_EQ(log_.closes, 2);
-}
-
-TEST_F(SoundOutputTest, NoDevicePlaysNothing) {
-    EXPECT_FALSE(output(false).play(file_, sound::Asynchronous));
-    EXPECT_EQ(bytes(), 0u);
 }
 
 }  // namespace
