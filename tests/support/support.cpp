@@ -33,11 +33,8 @@ void checkCalls(const std::vector<MethodCase>& cases) {
 
 namespace {
 
-// Every test program starts in an empty home folder, which is also its
-// working folder: what the library writes, relative paths included, stays
-// there, and nothing is left from an earlier run. The folder is
-// $TELVARO_TEST_HOME (emptied first), else a new temporary one; the user's
-// own TELVARO_HOME is never used.
+// Every test program starts in an empty home and working folder:
+// $TELVARO_TEST_HOME (emptied first), else a new temporary one.
 class FreshHome : public ::testing::Environment {
 public:
     void SetUp() override {

@@ -1,7 +1,5 @@
-// A platform for tests: scripted message boxes, the real files, registry and
-// regional store under the test's home folder, and an environment that
-// records what it is asked to do instead of doing it, with a clock the test
-// sets.
+// A platform for tests: scripted message boxes, the real stores under the
+// test's home folder, and an environment recording what it is asked to do.
 #pragma once
 
 #include <functional>
@@ -14,14 +12,10 @@ namespace telvaro::fakes {
 
 class RecordingEnvironment : public Environment {
 public:
-    struct Opened {
-        String file, parameters, folder;
-        int showCommand;
-    };
-    struct Played {
-        String file;
-        int flags;
-    };
+    // clang-format off
+    struct Opened { String file, parameters, folder; int showCommand; };
+    struct Played { String file; int flags; };
+    // clang-format on
 
     String computer = u"CAJA01";
     String user = u"operador";
