@@ -16,8 +16,9 @@ import sys
 try:
     import openpyxl
 except ImportError:  # Debian's python3-openpyxl (scripts/setup) belongs to the system's interpreter
-    if os.path.realpath(sys.executable) != "/usr/bin/python3":
-        os.execv("/usr/bin/python3", ["/usr/bin/python3", *sys.argv])
+    SYSTEM_PYTHON = "/usr/bin/python3"
+    if os.path.exists(SYSTEM_PYTHON) and os.path.realpath(sys.executable) != os.path.realpath(SYSTEM_PYTHON):
+        os.execv(SYSTEM_PYTHON, [SYSTEM_PYTHON, *sys.argv])
     raise
 
 from wine_prefix import DLL, FOLDER, new_prefix  # noqa: E402
