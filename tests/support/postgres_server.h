@@ -1,7 +1,6 @@
-// A private PostgreSQL server for the ODBC tests and benchmarks: its own
-// cluster in a temporary folder (initdb with trust authentication, run as
-// the postgres user when the program runs as root), on loopback and a free
-// port, fsync off, no systemd.
+// A private PostgreSQL server for the ODBC tests and benchmarks, started on
+// first use and stopped at exit: its own cluster in a temporary folder, on
+// loopback and a free port. One that cannot start fails the tests using it.
 #pragma once
 
 #include <filesystem>
@@ -11,9 +10,6 @@
 
 namespace telvaro::data::testing {
 
-// The PostgreSQL server of this program: started on first use in a
-// temporary folder on loopback and stopped when the program ends. A server
-// that cannot start fails the tests that ask for it.
 class PostgresServer {
 public:
     static PostgresServer& instance();

@@ -1,15 +1,13 @@
 #include "support/support.h"
-#include "frame/invoke.h"
-#include "host/default_platform.h"
 
 #include <gtest/gtest.h>
-
 #include <stdlib.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "context/fun.h"
+#include "frame/invoke.h"
+#include "host/default_platform.h"
 
 namespace telvaro {
 
@@ -33,16 +31,10 @@ void checkCalls(const std::vector<MethodCase>& cases) {
     }
 }
 
-}  // namespace telvaro
-
-namespace telvaro {
 namespace {
 
-// Every test program starts in an empty home folder, which is also its
-// working folder: what the library writes, relative paths included, stays
-// there, and nothing is left from an earlier run. The folder is
-// $TELVARO_TEST_HOME (emptied first), else a new temporary one; the user's
-// own TELVARO_HOME is never used.
+// Every test program starts in an empty home and working folder:
+// $TELVARO_TEST_HOME (emptied first), else a new temporary one.
 class FreshHome : public ::testing::Environment {
 public:
     void SetUp() override {
@@ -53,9 +45,9 @@ public:
             home = given;
             fs::remove_all(home, ec);
             fs::create_directories(home, ec);
-        } else {
-            std::string pattern = (fs::temp_directory_path() / "telvaro-test-XXXXXX").string();
-            if (::mkdtemp(pattern.data())) home = pattern;
+        } else if (std::string pattern = (fs::temp_directory_path() / "telvaro-test-XXXXXX").string();
+                   ::mkdtemp(pattern.data())) {
+            home = pattern;
         }
         ::setenv("TELVARO_HOME", home.c_str(), 1);
         fs::current_path(home, ec);

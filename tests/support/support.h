@@ -1,5 +1,4 @@
-// Helpers shared by the test programs: readable printing of Variants and
-// texts in failure messages, and the error number a call raises.
+// Helpers shared by the test programs.
 #pragma once
 
 #include <cstdlib>
@@ -23,7 +22,7 @@ inline std::string describe(const Variant& v) {
         for (const auto& item : v.array().elements()) items += (items.empty() ? "" : ", ") + describe(item);
         return type + "{" + items + "}";
     }
-    if (v.isEmpty() || v.isNull() || v.isArray() || v.isObject() || v.type() == VarType::Error) return type;
+    if (v.isEmpty() || v.isNull() || v.isObject() || v.type() == VarType::Error) return type;
     try {
         std::string text = toUtf8(toString(v));
         return type + (v.isString() ? " \"" + text + "\"" : " " + text);
@@ -44,8 +43,7 @@ inline int errorNumberOf(const std::function<void()>& f) {
     return 0;
 }
 
-// One late-bound call and what it must give: a result of exactly that type
-// and value, or the run-time error `error` when it is not 0.
+// A late-bound call and its result (same type and value), or its error when not 0.
 struct MethodCase {
     const char* method;
     std::vector<Variant> args;
@@ -53,12 +51,10 @@ struct MethodCase {
     int error = 0;
 };
 
-// Calls each case through a fresh Fun and checks it, naming the call in
-// every failure.
+// Calls each case through a fresh Fun, naming the call in every failure.
 void checkCalls(const std::vector<MethodCase>& cases);
 
-// Sets (or, with nullptr, removes) an environment variable for the lifetime
-// of the object, then puts back what was there.
+// Sets (or, with nullptr, removes) an environment variable while the object lives.
 class ScopedVariable {
 public:
     ScopedVariable(const char* name, const char* value) : name_(name) {

@@ -1,7 +1,5 @@
-// A platform for tests: scripted message boxes, the real files, registry and
-// regional store under the test's home folder, and an environment that
-// records what it is asked to do instead of doing it, with a clock the test
-// sets.
+// A platform for tests: scripted message boxes, the real stores under the
+// test's home folder, and an environment recording what it is asked to do.
 #pragma once
 
 #include <functional>
@@ -14,14 +12,10 @@ namespace telvaro::fakes {
 
 class RecordingEnvironment : public Environment {
 public:
-    struct Opened {
-        String file, parameters, folder;
-        int showCommand;
-    };
-    struct Played {
-        String file;
-        int flags;
-    };
+    // clang-format off
+    struct Opened { String file, parameters, folder; int showCommand; };
+    struct Played { String file; int flags; };
+    // clang-format on
 
     String computer = u"CAJA01";
     String user = u"operador";
@@ -30,7 +24,6 @@ public:
     std::vector<Played> played;
     std::vector<bool> captures;
     int eventsProcessed = 0;
-    int idles = 0;
     // The clock: the real one unless set; `tick` runs at every reading.
     std::function<double()> clock;
 
@@ -47,7 +40,7 @@ public:
     void captureMessageBoxes(bool capture) override { captures.push_back(capture); }
     void processEvents() override { ++eventsProcessed; }
     double now() override { return clock ? clock() : Environment::now(); }
-    void idle() override { ++idles; }
+    void idle() override {}
 };
 
 class TestPlatform : public ScriptedPlatform {

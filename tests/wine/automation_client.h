@@ -1,6 +1,5 @@
 // What a compiled client of Telvaro.Fun needs: the object created by
-// ProgID, a method's v-table slot, VARIANT arguments, and Invoke with the
-// arguments in their natural order.
+// ProgID, a method's v-table slot, VARIANT arguments, and Invoke.
 #pragma once
 
 #include <windows.h>
@@ -51,14 +50,6 @@ inline HRESULT invokeReversed(IDispatch* object, DISPID id, std::vector<VARIANT>
     VariantInit(result);
     return object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &params, result,
                           exception, &bad);
-}
-
-// Invoke with arguments in natural order; the arguments are cleared after.
-inline HRESULT invoke(IDispatch* object, DISPID id, std::vector<VARIANT> args, VARIANT* result, EXCEPINFO* exception) {
-    std::vector<VARIANT> reversed(args.rbegin(), args.rend());
-    const HRESULT hr = invokeReversed(object, id, reversed, result, exception);
-    for (auto& a : args) VariantClear(&a);
-    return hr;
 }
 
 // A new Telvaro.Fun through its ProgID, or null with the failure in `hr`.

@@ -8,20 +8,17 @@
 
 namespace wine_test {
 
-inline int& failures() {
-    static int count = 0;
-    return count;
-}
+inline int failures = 0;
 
 inline void check(bool ok, const std::string& what, const std::string& detail = {}) {
     if (ok) return;
-    ++failures();
+    ++failures;
     std::printf("FAIL %s%s%s\n", what.c_str(), detail.empty() ? "" : ": ", detail.c_str());
 }
 
 inline int finish(const char* program) {
-    std::printf("%s: %s (%d failed)\n", program, failures() ? "FAILED" : "passed", failures());
-    return failures();
+    std::printf("%s: %s (%d failed)\n", program, failures ? "FAILED" : "passed", failures);
+    return failures;
 }
 
 inline std::string hex(long value) {

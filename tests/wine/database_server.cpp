@@ -1,9 +1,7 @@
-// A test-only in-process automation server that offers the library's own
-// data objects under the ProgIDs "ADODB.Connection", "ADODB.Recordset" and
-// "ADODB.Stream", so that automation clients under Wine (where the real
-// database objects cannot run) reach databases as they would on Windows:
-// through ODBC, which Wine passes on to the host's driver manager. Only the
-// test prefix registers it; the product never does.
+// A test-only server offering the library's own data objects under the
+// database ProgIDs, so that scripts under Wine (where the real objects cannot
+// run) reach databases through ODBC, which Wine passes on to the host's
+// driver manager. Only the test prefix registers it.
 #include <windows.h>
 #include <olectl.h>
 
@@ -19,27 +17,16 @@ using namespace telvaro;
 
 namespace {
 
-struct TestClass {
+const struct {
     const wchar_t* progId;
     CLSID clsid;
-};
-
-// {9B1D6E70-2C4A-4E0B-8E55-0A1F3C7D5E01} and the two that follow.
-const TestClass kClasses[] = {
+} kClasses[] = {
     {L"ADODB.Connection", {0x9b1d6e70, 0x2c4a, 0x4e0b, {0x8e, 0x55, 0x0a, 0x1f, 0x3c, 0x7d, 0x5e, 0x01}}},
     {L"ADODB.Recordset", {0x9b1d6e70, 0x2c4a, 0x4e0b, {0x8e, 0x55, 0x0a, 0x1f, 0x3c, 0x7d, 0x5e, 0x02}}},
     {L"ADODB.Stream", {0x9b1d6e70, 0x2c4a, 0x4e0b, {0x8e, 0x55, 0x0a, 0x1f, 0x3c, 0x7d, 0x5e, 0x03}}},
 };
 
 HINSTANCE module = nullptr;
-std::atomic<long> objectsAlive{0};
-
-// Paths are the caller's own Windows paths.
-data::DataServices services() {
-    return {[](StringView windowsPath) {
-        return std::filesystem::path(std::wstring(windowsPath.begin(), windowsPath.end()));
-    }};
-}
 
 class Factory final : public IClassFactory {
 public:
@@ -64,7 +51,10 @@ public:
         if (outer) return CLASS_E_NOAGGREGATION;
         try {
             const std::u16string name(progId_, progId_ + wcslen(progId_));
-            ObjectRef object = data::createDataObject(name, services());
+            // Paths are the caller's own Windows paths.
+            const data::DataServices services{
+                [](StringView path) { return std::filesystem::path(std::wstring(path.begin(), path.end())); }};
+            ObjectRef object = data::createDataObject(name, services);
             if (!object) return CLASS_E_CLASSNOTAVAILABLE;
             IDispatch* face = com::dispatchFaceOf(std::move(object));
             const HRESULT hr = face->QueryInterface(iid, out);
@@ -74,10 +64,7 @@ public:
             return com::hresultOf(com::currentError().number());
         }
     }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-        objectsAlive += lock ? 1 : -1;
-        return S_OK;
-    }
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 
 private:
     std::atomic<ULONG> references_{1};
@@ -91,14 +78,8 @@ std::wstring guidText(const CLSID& clsid) {
 }
 
 bool setValue(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
-    HKEY handle;
-    if (RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &handle, nullptr) !=
-        ERROR_SUCCESS)
-        return false;
-    const LONG done = RegSetValueExW(handle, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
-                                     static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
-    RegCloseKey(handle);
-    return done == ERROR_SUCCESS;
+    return RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), name, REG_SZ, value.c_str(),
+                           static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t))) == ERROR_SUCCESS;
 }
 
 }  // namespace
@@ -124,7 +105,6 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** out) {
 // The library's objects may still be referenced by a client's caches.
 STDAPI DllCanUnloadNow() { return S_FALSE; }
 
-// The classes take the ProgIDs over in the test prefix.
 STDAPI DllRegisterServer() {
     wchar_t path[MAX_PATH];
     GetModuleFileNameW(module, path, MAX_PATH);

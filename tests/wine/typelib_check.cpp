@@ -1,9 +1,7 @@
-// Loads the registered type library of Telvaro and compares it with the
-// catalogue of the core, member by member: the library's identity and
-// version, the flags of _Fun, of the class and of the two earlier
-// interface versions, every method's name, DISPID, v-table offset,
-// parameter names, types, flags and defaults, every enumeration member and
-// every record field.
+// The registered type library, read by the platform, against the core's
+// catalogue: identity, version and flags of the library, _Fun, the class and
+// the earlier interface versions; every method, parameter, enumeration
+// member and record field.
 #include <windows.h>
 #include <oleauto.h>
 
@@ -160,7 +158,6 @@ void checkInterface(ITypeLib* library) {
           "_Fun dispatch flags", hex(a->wTypeFlags));
     dispatch->ReleaseTypeAttr(a);
 
-    // The v-table side of the dual interface.
     HREFTYPE ref = 0;
     ITypeInfo* vtable = nullptr;
     check(SUCCEEDED(dispatch->GetRefTypeOfImplType(-1, &ref)) && SUCCEEDED(dispatch->GetRefTypeInfo(ref, &vtable)),
@@ -185,8 +182,8 @@ void checkAliasesAndClass(ITypeLib* library) {
         if (!alias) continue;
         TYPEATTR* a = nullptr;
         alias->GetTypeAttr(&a);
-        check(a->typekind == TKIND_ALIAS && (a->wTypeFlags & TYPEFLAG_FHIDDEN), std::string(name) + " hidden alias");
-        check(nameOf(alias) == name, std::string(name) + " name");
+        check(a->typekind == TKIND_ALIAS && (a->wTypeFlags & TYPEFLAG_FHIDDEN) && nameOf(alias) == name,
+              std::string(name) + " hidden alias");
         alias->ReleaseTypeAttr(a);
         alias->Release();
     }
@@ -198,55 +195,59 @@ void checkAliasesAndClass(ITypeLib* library) {
     check(a->typekind == TKIND_COCLASS && nameOf(coclass) == "Fun", "coclass Fun");
     check(a->wTypeFlags == (TYPEFLAG_FCANCREATE | TYPEFLAG_FAPPOBJECT | TYPEFLAG_FPREDECLID),
           "Fun is creatable, an application object and pre-declared", hex(a->wTypeFlags));
+    // A client binding a bare method name to the application object finds it on the default interface.
+    HREFTYPE ref = 0;
+    ITypeInfo* first = nullptr;
+    INT implFlags = 0;
+    coclass->GetImplTypeFlags(0, &implFlags);
+    const bool isFun = SUCCEEDED(coclass->GetRefTypeOfImplType(0, &ref)) &&
+                       SUCCEEDED(coclass->GetRefTypeInfo(ref, &first)) && nameOf(first) == "_Fun";
+    check(isFun && (implFlags & IMPLTYPEFLAG_FDEFAULT), "the default interface of Fun is _Fun", hex(implFlags));
+    if (first) first->Release();
     coclass->ReleaseTypeAttr(a);
     coclass->Release();
 }
 
-void checkEnumerations(ITypeLib* library) {
-    for (const EnumInfo& e : enumerations()) {
-        ITypeInfo* info = typeNamed(library, std::string(e.name).c_str());
-        check(info != nullptr, std::string(e.name) + " present");
-        if (!info) continue;
-        TYPEATTR* a = nullptr;
-        info->GetTypeAttr(&a);
-        check(a->typekind == TKIND_ENUM && a->cVars == e.members.size(), std::string(e.name) + " members");
-        for (UINT i = 0; i < a->cVars && i < e.members.size(); ++i) {
-            VARDESC* v = nullptr;
-            info->GetVarDesc(i, &v);
-            const std::string where = std::string(e.name) + "." + std::string(e.members[i].name);
-            check(nameOf(info, v->memid) == e.members[i].name, where + " name");
-            VARIANT value;
-            VariantInit(&value);
-            check(SUCCEEDED(VariantChangeType(&value, v->lpvarValue, 0, VT_I4)) && V_I4(&value) == e.members[i].value,
-                  where + " value");
-            info->ReleaseVarDesc(v);
-        }
-        info->ReleaseTypeAttr(a);
-        info->Release();
+// The enumeration or record `name` of `kind` with `members`; `each` checks
+// a member against its variable description, `size` (when not 0) the size.
+template <class Members, class Each>
+void checkVariables(ITypeLib* library, std::string_view name, TYPEKIND kind, const Members& members, std::size_t size,
+                    Each each) {
+    ITypeInfo* info = typeNamed(library, std::string(name).c_str());
+    check(info != nullptr, std::string(name) + " present");
+    if (!info) return;
+    TYPEATTR* a = nullptr;
+    info->GetTypeAttr(&a);
+    check(a->typekind == kind && a->cVars == members.size(), std::string(name) + " members");
+    check(!size || a->cbSizeInstance == size, std::string(name) + " size", std::to_string(a->cbSizeInstance));
+    for (UINT i = 0; i < a->cVars && i < members.size(); ++i) {
+        VARDESC* v = nullptr;
+        info->GetVarDesc(i, &v);
+        const std::string where = std::string(name) + "." + std::string(members[i].name);
+        check(nameOf(info, v->memid) == members[i].name, where + " name");
+        each(members[i], *v, where);
+        info->ReleaseVarDesc(v);
     }
+    info->ReleaseTypeAttr(a);
+    info->Release();
 }
 
-void checkRecords(ITypeLib* library) {
+void checkEnumerationsAndRecords(ITypeLib* library) {
+    for (const EnumInfo& e : enumerations()) {
+        checkVariables(library, e.name, TKIND_ENUM, e.members, 0, [](const auto& m, VARDESC& v, const std::string& at) {
+            VARIANT value;
+            VariantInit(&value);
+            check(SUCCEEDED(VariantChangeType(&value, v.lpvarValue, 0, VT_I4)) && V_I4(&value) == m.value,
+                  at + " value");
+        });
+    }
     for (const RecordInfo& r : records()) {
-        ITypeInfo* info = typeNamed(library, std::string(r.name).c_str());
-        check(info != nullptr, std::string(r.name) + " present");
-        if (!info) continue;
-        TYPEATTR* a = nullptr;
-        info->GetTypeAttr(&a);
         std::size_t size = 0;
         for (const auto& f : r.fields) size += f.typeName == "Long" ? 4 : sizeof(VARIANT);
-        check(a->typekind == TKIND_RECORD && a->cVars == r.fields.size(), std::string(r.name) + " fields");
-        check(a->cbSizeInstance == size, std::string(r.name) + " size", std::to_string(a->cbSizeInstance));
-        for (UINT i = 0; i < a->cVars && i < r.fields.size(); ++i) {
-            VARDESC* v = nullptr;
-            info->GetVarDesc(i, &v);
-            const std::string where = std::string(r.name) + "." + std::string(r.fields[i].name);
-            check(nameOf(info, v->memid) == r.fields[i].name, where + " name");
-            check(v->elemdescVar.tdesc.vt == (r.fields[i].typeName == "Long" ? VT_I4 : VT_VARIANT), where + " type");
-            info->ReleaseVarDesc(v);
-        }
-        info->ReleaseTypeAttr(a);
-        info->Release();
+        checkVariables(library, r.name, TKIND_RECORD, r.fields, size,
+                       [](const auto& f, VARDESC& v, const std::string& at) {
+                           check(v.elemdescVar.tdesc.vt == (f.typeName == "Long" ? VT_I4 : VT_VARIANT), at + " type");
+                       });
     }
 }
 
@@ -268,8 +269,7 @@ int main() {
         SysFreeString(name);
         checkInterface(library);
         checkAliasesAndClass(library);
-        checkEnumerations(library);
-        checkRecords(library);
+        checkEnumerationsAndRecords(library);
         library->Release();
     }
     CoUninitialize();

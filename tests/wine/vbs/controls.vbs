@@ -1,6 +1,6 @@
-' The grid, form and control helpers from a script, with script classes
-' standing for the caller's controls: the grid notes every member called on
-' it, in order, so the script can check the order the methods keep.
+' The grid and form helpers from a script, with script classes standing for
+' the caller's controls: the grid notes every member called on it, in
+' order, so the script can check the order the method keeps.
 Class MSFlexGrid
     Public Calls
     Public CurrentRow
@@ -8,7 +8,6 @@ Class MSFlexGrid
     Public Cells
     Public Shown
     Private Sub Class_Initialize()
-        Calls = ""
         CurrentRow = 1
         CurrentCol = 1
         ReDim Cells(3, 2)
@@ -16,88 +15,39 @@ Class MSFlexGrid
     Private Sub Note(name)
         Calls = Calls & name & " "
     End Sub
-    Public Property Get Rows()
-        Note "Rows"
-        Rows = 4
-    End Property
-    Public Property Get Row()
-        Note "Row"
-        Row = CurrentRow
-    End Property
-    Public Property Let Row(value)
-        Note "Row=" & value
-        CurrentRow = value
-    End Property
-    Public Property Get Col()
-        Note "Col"
-        Col = CurrentCol
-    End Property
-    Public Property Let Col(value)
-        Note "Col=" & value
-        CurrentCol = value
-    End Property
-    Public Property Let Redraw(value)
-        Note "Redraw=" & value
-    End Property
-    Public Property Let CellBackColor(value)
-        Note "CellBackColor=" & value
-    End Property
-    Public Property Let CellForeColor(value)
-        Note "CellForeColor=" & value
-    End Property
-    Public Property Let CellFontBold(value)
-        Note "CellFontBold="
-    End Property
-    Public Property Let CellFontName(value)
-        Note "CellFontName="
-    End Property
-    Public Property Let CellFontSize(value)
-        Note "CellFontSize="
-    End Property
-    Public Property Let CellAlignment(value)
-        Note "CellAlignment=" & value
-    End Property
-    Public Property Let CellPictureAlignment(value)
-        Note "CellPictureAlignment=" & value
-    End Property
-    Public Property Set CellPicture(value)
-        Note "CellPicture="
-        Set Shown = value
-    End Property
-    Public Property Get TextMatrix(r, c)
-        TextMatrix = Cells(r, c) & ""
-    End Property
-    Public Property Let TextMatrix(r, c, value)
-        Cells(r, c) = value
-    End Property
+    Public Property Get Row(): Note "Row": Row = CurrentRow: End Property
+    Public Property Let Row(value): Note "Row=" & value: CurrentRow = value: End Property
+    Public Property Get Col(): Note "Col": Col = CurrentCol: End Property
+    Public Property Let Col(value): Note "Col=" & value: CurrentCol = value: End Property
+    Public Property Let Redraw(value): Note "Redraw=" & value: End Property
+    Public Property Let CellForeColor(value): Note "CellForeColor=" & value: End Property
+    Public Property Let CellFontBold(value): Note "CellFontBold=": End Property
+    Public Property Let CellFontName(value): Note "CellFontName=": End Property
+    Public Property Let CellFontSize(value): Note "CellFontSize=": End Property
+    Public Property Let CellAlignment(value): Note "CellAlignment=" & value: End Property
+    Public Property Let CellPictureAlignment(value): Note "CellPictureAlignment=" & value: End Property
+    Public Property Set CellPicture(value): Note "CellPicture=": Set Shown = value: End Property
+    Public Property Get TextMatrix(r, c): TextMatrix = Cells(r, c) & "": End Property
+    Public Property Let TextMatrix(r, c, value): Cells(r, c) = value: End Property
+End Class
+
+' The caller's controls by position, walked with Count and Item.
+Class Collection
+    Public Items
+    Public Property Get Count(): Count = UBound(Items) + 1: End Property
+    Public Default Property Get Item(i): Set Item = Items(i): End Property
+End Class
+
+Class Form
+    Public Name
+    Public Controls
 End Class
 
 Class TextBox
     Public Text
 End Class
 
-' A form's controls by position: a script class has no enumerator, so the
-' library walks it with Count and Item.
-Class Collection
-    Public Items
-    Public Property Get Count()
-        Count = UBound(Items) + 1
-    End Property
-    Public Default Property Get Item(i)
-        Set Item = Items(i)
-    End Property
-End Class
-
-Class Form
-    Public Controls
-End Class
-
 Dim grid, ficha, uno, dos, controles, diccionario
-
-Set grid = New MSFlexGrid
-fun.fn_PintaColumnaGrid grid, 2, 255, 0, 1, 2
-Check "fn_PintaColumnaGrid keeps the cell and paints row by row", grid.Calls, _
-      "Col Row Col=2 Row=1 CellBackColor=255 CellForeColor=0 Row=2 CellBackColor=255 CellForeColor=0 Col=1 Row=1 "
 
 Set grid = New MSFlexGrid
 grid.TextMatrix(2, 1) = "1"

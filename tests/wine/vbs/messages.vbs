@@ -1,7 +1,5 @@
-' The standard messages and the error log from a script. The boxes are
-' captured, so they close at once (No for a question, OK for a notice).
-' The control passed to the error log is a script object with Name,
-' Parent and Container; the error object is the script's own Err.
+' The message boxes, captured (No for a question, OK for a notice), and the
+' error log given a script control and the script's own Err.
 Class Named
     ' One member a line: Wine's VBScript reads only the first of a list.
     Public Name
@@ -9,19 +7,13 @@ Class Named
     Public Container
 End Class
 
-Dim form, frame, control, description, fso, logFile, lines, before
+Dim form, frame, control, description, fso, logFile, lines
 
 fun.fn_CambiaConfRegional
 fun.CapturaMsgBox
 Check "save? No", fun.MsgGuardarRegistro(), False
-Check "delete? No", fun.MsgEliminarRegistro("¿Eliminar?"), False
-Check "ignore? No", fun.MsgRegistroNoGuardado(), False
 fun.MsgDatosGuardados
-fun.MsgDatosEliminados
-Check "changes: True comes back", fun.MsgHayCambios(True), True
-Check "no changes: the notice, False", fun.MsgHayCambios(False), False
-Check "a selected record", fun.MsgRegistroSeleccionado(False), True
-Check "a new record: the notice, False", fun.MsgRegistroSeleccionado(True), False
+Check "a warning shown and refused, Advertir given as 1", fun.fn_ValidaCedula2("1710034066", 1), False
 
 Set form = New Named
 form.Name = "frmClientes"
@@ -49,13 +41,11 @@ Check "the entry", lines(0), Right("0" & Day(Date), 2) & "/" & Right("0" & Month
     " - Módulo: frmClientes - Contenedor: Frame1 - Control: txtCodigo - Procedimiento: Validar - Error: " & description
 Check "the separator", lines(1), String(127, "-")
 
-' A control without a form: the error reaches the script, nothing is logged.
-before = fso.GetFile(logFile).Size
+' A text is no control: the error reaches the script.
 On Error Resume Next
 fun.fn_LogErrores "txtCodigo", Err
 CheckError "a text is no control", 424
 On Error Goto 0
-Check "nothing more logged", fso.GetFile(logFile).Size, before
 fun.CapturaMsgBox True
 
 Done "messages"

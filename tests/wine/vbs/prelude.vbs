@@ -1,6 +1,5 @@
-' The checks every script below shares; the runner puts this text before
-' each script. A script ends with Done, which exits with the number of
-' failed checks.
+' The checks the runner puts before each script; Done exits with the number
+' of failed checks.
 Option Explicit
 Dim fun, checks, failures
 Set fun = CreateObject("Telvaro.Fun")
