@@ -227,27 +227,6 @@ Date toDate(const Variant& v) {
     }
 }
 
-Variant coerce(const Variant& v, VarType to) {
-    switch (to) {
-        case VarType::Variant: return v;
-        case VarType::Empty: return Variant();
-        case VarType::Null: return Variant(Null{});
-        case VarType::String: return toString(v);
-        case VarType::Integer: return toInteger(v);
-        case VarType::Long: return toLong(v);
-        case VarType::Double: return toDouble(v);
-        case VarType::Currency: return toCurrency(v);
-        case VarType::Date: return toDate(v);
-        case VarType::Boolean: return toBoolean(v);
-        case VarType::Byte: return toByteValue(v);
-        case VarType::Decimal: return toDecimal(v);
-        case VarType::Object:
-            if (!v.isObject()) raise(err::TypeMismatch);
-            return v;
-        default: raise(err::TypeMismatch);
-    }
-}
-
 double val(StringView text) {
     // Blanks, tabs and line feeds are dropped wherever they stand; any other
     // character the number cannot use ends it.
@@ -327,30 +306,6 @@ String str(const Variant& number) {
             return text;
         }
         default: return str(Variant(toDouble(number)));
-    }
-}
-
-Variant strValue(const Variant& number) {
-    if (number.isNull()) return Variant(Null{});
-    return str(number);
-}
-
-bool isNumeric(const Variant& v) {
-    switch (v.type()) {
-        case VarType::Empty:
-        case VarType::Boolean:
-        case VarType::Byte:
-        case VarType::Integer:
-        case VarType::Long:
-        case VarType::Double:
-        case VarType::Currency:
-        case VarType::Decimal: return true;
-        // A number too large for any type is still a number.
-        case VarType::String: return scanText(v).has_value();
-        case VarType::Object:
-            if (!v.get<ObjectRef>()) return false;
-            return isNumeric(defaultValue(v));
-        default: return false;
     }
 }
 

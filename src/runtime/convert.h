@@ -34,10 +34,6 @@ Currency toCurrency(const Variant& v);       // CCur
 Decimal toDecimal(const Variant& v);         // CDec
 Date toDate(const Variant& v);               // CDate
 
-// Convert to the given type (one of the scalar types, or Variant for "as
-// is"). Used by dispatch to coerce an argument to its declared type.
-Variant coerce(const Variant& v, VarType to);
-
 // Text of a Double as the runtime writes it (15 significant digits,
 // regional decimal mark).
 String doubleToString(double d);
@@ -56,15 +52,12 @@ double val(StringView text);
 // "Error " and its number; anything else (text, Boolean, Empty, an object's
 // default value) is first converted to Double. Null raises error 94.
 String str(const Variant& number);
-// Str in its Variant form: Null gives Null, anything else the String above.
-Variant strValue(const Variant& number);
 
 // Locale-aware reading of a number from text; empty when the text is not a
 // number (a blank or empty text is not a number).
 std::optional<double> parseNumber(StringView text);
 
-// IsNumeric and IsDate.
-bool isNumeric(const Variant& v);
+// IsDate.
 bool isDate(const Variant& v);
 
 }  // namespace telvaro

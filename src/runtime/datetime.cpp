@@ -52,21 +52,6 @@ void checkResult(double serial) {
     if (!inRange(serial)) raise(err::InvalidProcedureCall);
 }
 
-Date addMonthsTo(Date d, std::int64_t months) {
-    if (!inRange(d.serial)) raise(err::Overflow);
-    const double whole = std::trunc(d.serial);
-    const double time = std::fabs(d.serial - whole);
-    const CivilDate c = civilFromDays(static_cast<std::int64_t>(whole) + kDay0);
-    if (months > 200000 || months < -200000) raise(err::InvalidProcedureCall);
-    const std::int64_t total = std::int64_t(c.year) * 12 + (c.month - 1) + months;
-    const std::int64_t y = floorDiv(total, 12);
-    const int m = static_cast<int>(floorMod(total, 12)) + 1;
-    if (y < 100 || y > 9999) raise(err::InvalidProcedureCall);
-    const int day = std::min(c.day, daysInMonth(static_cast<int>(y), m));
-    const double base = static_cast<double>(daysFromCivil(y, m, day) - kDay0);
-    return Date{dateTimeSerial(base, time)};
-}
-
 }  // namespace
 
 Moment momentOf(double serial) {
@@ -155,16 +140,6 @@ int dayOfYear(double serial) {
 int day(const Variant& v) { return civilDate(toDate(v).serial).day; }
 int month(const Variant& v) { return civilDate(toDate(v).serial).month; }
 int year(const Variant& v) { return civilDate(toDate(v).serial).year; }
-
-Date addDays(Date d, double days) {
-    const double serial = serialFromLinearDays(linearDays(d.serial) + days);
-    checkResult(serial);
-    return Date{serial};
-}
-
-Date addMonths(Date d, int months) { return addMonthsTo(d, months); }
-
-Date addYears(Date d, int years) { return addMonthsTo(d, std::int64_t(years) * 12); }
 
 double now() {
     const std::time_t t = std::time(nullptr);

@@ -72,14 +72,6 @@ int day(const Variant& v);
 int month(const Variant& v);
 int year(const Variant& v);
 
-// Add to a date (DateAdd with "d", "m", "yyyy"): days on the straight line
-// (the time of day is kept across day 0), months keep the day or clamp it to
-// the month's last day (31 January + 1 month is 28 or 29 February), and
-// keep the time. Error 5 outside the valid range.
-Date addDays(Date d, double days);
-Date addMonths(Date d, int months);
-Date addYears(Date d, int years);
-
 // Read a date and/or time from text ("31/12/1998", "31-12-1998 10:30",
 // "1998-12-31", "31-dic-1998", "31 de diciembre de 1998", "6:30 PM"):
 // day, month and year numbers separated by "/", "-", ".", "," or blanks in

@@ -477,12 +477,6 @@ std::strong_ordering operator<=>(const Decimal& a, const Decimal& b) {
     return a.isNegative() ? 0 <=> magnitude : magnitude;
 }
 
-Decimal Decimal::round(int decimals) const {
-    if (decimals < 0) raise(err::InvalidProcedureCall);
-    if (decimals >= scale_) return *this;
-    return fromMantissa(roundOff(Wide::mantissaOf(*this), scale_ - decimals, false), decimals, negative_);
-}
-
 Decimal Decimal::truncate() const {
     Wide m = Wide::mantissaOf(*this);
     m.scaleDown(scale_);

@@ -65,9 +65,6 @@ public:
     friend std::strong_ordering operator<=>(const Decimal& a, const Decimal& b);
     friend bool operator==(const Decimal& a, const Decimal& b) { return (a <=> b) == 0; }
 
-    // Rounded half to even to `decimals` places; unchanged when it has no
-    // more places than that; error 5 for negative `decimals`.
-    Decimal round(int decimals) const;
     // Whole part, toward zero.
     Decimal truncate() const;
 

@@ -1,11 +1,8 @@
 // The runtime's text comparison and string functions.
 //
-// Equality, search, replacement and Like fold each UTF-16 unit with the
+// Equality, search and replacement fold each UTF-16 unit with the
 // platform's simple case folding, so "A" equals "a" and "Á" equals "á" while
-// "á" and "a" stay different letters. Ordering uses the platform's Spanish
-// order (case ignored, accents counted), with ties broken on
-// the folded units so that textCompare answers 0 exactly when textEquals
-// holds. Searches fold their pattern once and the searched text unit by unit
+// "á" and "a" stay different letters. Searches fold their pattern once and the searched text unit by unit
 // as they go (Knuth-Morris-Pratt), so every call is linear in the text and
 // stops at the first match: callers run them in loops over long texts.
 #include "runtime/text.h"
@@ -125,14 +122,6 @@ bool textEquals(StringView a, StringView b) {
     return true;
 }
 
-int textCompare(StringView a, StringView b) {
-    if (textEquals(a, b)) return 0;
-    if (const int order = unicode::collate(a, b)) return order;
-    // Equal in the Spanish order (or no order known) but different folded texts:
-    // the folded units decide, so that only equal texts compare as 0.
-    return folded(a) < folded(b) ? -1 : 1;
-}
-
 std::int32_t inStr(std::int32_t start, StringView s, StringView find) {
     if (start < 1) raise(err::InvalidProcedureCall);
     const auto n = static_cast<std::int64_t>(s.size());
@@ -189,107 +178,6 @@ String replaceText(StringView s, StringView find, StringView with) {
         });
     out.append(s.substr(copied));
     return out;
-}
-
-namespace {
-
-// One element of a Like pattern, its letters folded.
-struct LikeToken {
-    enum Kind { Literal, AnyOne, AnyMany, Digit, Set };
-    Kind kind = Literal;
-    char16_t ch = 0;
-    bool negated = false;
-    std::vector<std::pair<char16_t, char16_t>> ranges;
-
-    explicit LikeToken(Kind k, char16_t c = 0) : kind(k), ch(c) {}
-
-    // Whether the (folded) unit c fits this one-unit token.
-    bool matches(char16_t c) const {
-        switch (kind) {
-            case Literal: return c == ch;
-            case AnyOne: return true;
-            case Digit: return c >= u'0' && c <= u'9';
-            case Set: {
-                const bool in = std::any_of(ranges.begin(), ranges.end(),
-                                            [c](const auto& r) { return c >= r.first && c <= r.second; });
-                return in != negated;
-            }
-            case AnyMany: break;
-        }
-        return false;
-    }
-};
-
-// "?" one unit, "*" any run, "#" one digit, "[list]" and "[!list]" one unit
-// in or out of a list of units and ranges "a-z"; any other unit stands for
-// itself. "[" without its "]" and a descending range are malformed (93);
-// "[]" matches nothing and is dropped; "-" first or last in a list is itself.
-std::vector<LikeToken> parseLike(StringView p) {
-    std::vector<LikeToken> tokens;
-    for (std::size_t i = 0; i < p.size(); ++i) {
-        const char16_t c = p[i];
-        if (c == u'?') {
-            tokens.emplace_back(LikeToken::AnyOne);
-        } else if (c == u'*') {
-            if (tokens.empty() || tokens.back().kind != LikeToken::AnyMany) tokens.emplace_back(LikeToken::AnyMany);
-        } else if (c == u'#') {
-            tokens.emplace_back(LikeToken::Digit);
-        } else if (c == u'[') {
-            const std::size_t close = p.find(u']', i + 1);
-            if (close == StringView::npos) raise(kInvalidPatternString);
-            LikeToken set(LikeToken::Set);
-            std::size_t k = i + 1;
-            if (k < close && p[k] == u'!') {
-                set.negated = true;
-                ++k;
-            }
-            i = close;
-            if (k == close && !set.negated) continue;
-            while (k < close) {
-                const char16_t lo = fold(p[k]);
-                char16_t hi = lo;
-                if (k + 2 < close && p[k + 1] == u'-') {
-                    hi = fold(p[k + 2]);
-                    if (hi < lo) raise(kInvalidPatternString);
-                    k += 3;
-                } else {
-                    ++k;
-                }
-                set.ranges.emplace_back(lo, hi);
-            }
-            tokens.push_back(std::move(set));
-        } else {
-            tokens.emplace_back(LikeToken::Literal, fold(c));
-        }
-    }
-    return tokens;
-}
-
-}  // namespace
-
-bool likeText(StringView s, StringView pattern) {
-    const auto tokens = parseLike(pattern);
-    const String text = folded(s);
-    // Every token but "*" takes exactly one unit, so matching greedily and
-    // on failure letting the last "*" take one unit more is complete.
-    constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
-    std::size_t si = 0, ti = 0, starToken = none, starText = 0;
-    while (si < text.size()) {
-        if (ti < tokens.size() && tokens[ti].kind == LikeToken::AnyMany) {
-            starToken = ti++;
-            starText = si;
-        } else if (ti < tokens.size() && tokens[ti].matches(text[si])) {
-            ++ti;
-            ++si;
-        } else if (starToken != none) {
-            ti = starToken + 1;
-            si = ++starText;
-        } else {
-            return false;
-        }
-    }
-    while (ti < tokens.size() && tokens[ti].kind == LikeToken::AnyMany) ++ti;
-    return ti == tokens.size();
 }
 
 String mid(StringView s, std::int32_t start) {

@@ -17,9 +17,6 @@ String upperCase(StringView s);  // UCase
 String lowerCase(StringView s);  // LCase
 
 bool textEquals(StringView a, StringView b);
-// Order under the current locale's collation, case-insensitive:
-// negative, 0 or positive (StrComp with text comparison).
-int textCompare(StringView a, StringView b);
 
 // InStr(start, s, find, vbTextCompare): position of `find` in `s` from
 // `start`, 0 when not found; an empty `s` gives 0, an empty `find` in a
@@ -39,9 +36,6 @@ std::vector<std::int32_t> textOccurrences(StringView s, StringView find);
 // to right pass (replaced text is not searched again). An empty `find`
 // leaves `s` unchanged.
 String replaceText(StringView s, StringView find, StringView with);
-// s Like pattern under text comparison: ? * # [list] [!list] ranges.
-// Error 93 for a malformed pattern (an unclosed "[").
-bool likeText(StringView s, StringView pattern);
 
 // Mid, Left, Right with the runtime's argument checks (error 5 for a start
 // below 1 or a negative length).

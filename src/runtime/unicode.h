@@ -1,6 +1,6 @@
 // The platform's Unicode tables, one UTF-16 unit at a time: simple case
-// mappings and the Spanish text order. ICU supplies them on Linux, the
-// Win32 national-language functions on Windows. Surrogates and mappings
+// mappings. ICU supplies them on Linux, the Win32 national-language
+// functions on Windows. Surrogates and mappings
 // that leave the basic plane come back unchanged.
 #pragma once
 
@@ -11,9 +11,5 @@ namespace telvaro::unicode {
 char16_t foldCase(char16_t c);
 char16_t toUpper(char16_t c);
 char16_t toLower(char16_t c);
-
-// The order of two texts in Spanish with case ignored and accents counted:
-// -1, 1, or 0 when they are equal for it or the platform cannot tell.
-int collate(StringView a, StringView b);
 
 }  // namespace telvaro::unicode

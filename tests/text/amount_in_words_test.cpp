@@ -73,7 +73,9 @@ TEST(Numero2Letra, InvoicesAndCheques) {
     for (const auto& c : cases) {
         Variant got;
         EXPECT_EQ(errorNumberOf([&] { got = amount(c.args); }), c.error) << toUtf8(toString(c.args[0]));
-        if (c.text) EXPECT_TRUE(identical(got, Variant(String(c.text)))) << toUtf8(toString(c.args[0]));
+        if (c.text) {
+            EXPECT_TRUE(identical(got, Variant(String(c.text)))) << toUtf8(toString(c.args[0]));
+        }
     }
 }
 

@@ -1,10 +1,9 @@
-// Case mappings and the Spanish order from the Win32 national-language
+// Case mappings from the Win32 national-language
 // functions. The case tables of the whole basic plane are built once, each
 // with a single LCMapStringEx call, so a mapping is an array lookup.
 #include <windows.h>
 
 #include <array>
-#include <climits>
 
 #include "runtime/unicode.h"
 
@@ -57,20 +56,10 @@ const Table& foldTable() {
     return t;
 }
 
-int length(StringView s) { return s.size() > INT_MAX ? INT_MAX : static_cast<int>(s.size()); }
-
 }  // namespace
 
 char16_t foldCase(char16_t c) { return foldTable()[c]; }
 char16_t toUpper(char16_t c) { return upperTable()[c]; }
 char16_t toLower(char16_t c) { return lowerTable()[c]; }
-
-int collate(StringView a, StringView b) {
-    const int r = CompareStringEx(L"es-ES", NORM_IGNORECASE, reinterpret_cast<LPCWSTR>(a.data()), length(a),
-                                  reinterpret_cast<LPCWSTR>(b.data()), length(b), nullptr, nullptr, 0);
-    if (r == CSTR_LESS_THAN) return -1;
-    if (r == CSTR_GREATER_THAN) return 1;
-    return 0;
-}
 
 }  // namespace telvaro::unicode
