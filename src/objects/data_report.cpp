@@ -126,14 +126,7 @@ Variant ReportControl::dispatch(int id, const MemberCall& call) {
         case CDataMember: return text(call, dataMember);
         case CDataField: return text(call, dataField);
         case CCaption: return text(call, caption);
-        case CFunctionType:
-            return property(
-                call, [&] { return Variant(functionType); },
-                [&](const Variant& v) {
-                    const std::int16_t type = integerValue(v);
-                    if (type < 0 || type > 7) raise(err::InvalidPropertyValue);
-                    functionType = type;
-                });
+        case CFunctionType: return choiceProperty(call, functionType, 7);
     }
     raiseNoSuchMember();
 }

@@ -50,7 +50,7 @@ Variant Form::dispatch(int id, const MemberCall& call) {
                 return Variant(
                     ObjectRef(std::make_shared<ControlCollection>(std::static_pointer_cast<Form>(shared_from_this()))));
             });
-        case ScaleMode: return scaleModeProperty(call, scaleMode);
+        case ScaleMode: return choiceProperty(call, scaleMode, 7);
         case Changed:
             return property(
                 call, [&] { return Variant(Boolean(changed)); },

@@ -23,14 +23,7 @@ Variant Label::dispatch(int id, const MemberCall& call) {
         case Caption:
             return property(
                 call, [&] { return Variant(caption); }, [&](const Variant& v) { caption = textValue(v); });
-        case Alignment:
-            return property(
-                call, [&] { return Variant(alignment); },
-                [&](const Variant& v) {
-                    const auto a = integerValue(v);
-                    if (a < 0 || a > 2) raise(err::InvalidPropertyValue);
-                    alignment = a;
-                });
+        case Alignment: return choiceProperty(call, alignment, 2);
     }
     raiseNoSuchMember();
 }

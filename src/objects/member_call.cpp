@@ -71,13 +71,13 @@ Variant twipsProperty(const MemberCall& call, double& field, bool mayBeNegative)
         });
 }
 
-Variant scaleModeProperty(const MemberCall& call, std::int16_t& field) {
+Variant choiceProperty(const MemberCall& call, std::int16_t& field, std::int16_t highest) {
     return property(
         call, [&] { return Variant(field); },
         [&](const Variant& v) {
-            const auto mode = integerValue(v);
-            if (mode < 0 || mode > 7) raise(err::InvalidPropertyValue);
-            field = mode;
+            const auto choice = integerValue(v);
+            if (choice < 0 || choice > highest) raise(err::InvalidPropertyValue);
+            field = choice;
         });
 }
 

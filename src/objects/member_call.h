@@ -62,10 +62,11 @@ Variant property(const MemberCall& call, Get get, Set set) {
 
 // The property shapes the controls share: a Boolean, a position or size in
 // twips (error 380 outside a Long; negative only where `mayBeNegative`), and
-// a ScaleMode (error 380 outside 0 to 7).
+// one of the numbered choices 0 to `highest` (ScaleMode, Alignment; error
+// 380 outside them).
 Variant flagProperty(const MemberCall& call, bool& field);
 Variant twipsProperty(const MemberCall& call, double& field, bool mayBeNegative);
-Variant scaleModeProperty(const MemberCall& call, std::int16_t& field);
+Variant choiceProperty(const MemberCall& call, std::int16_t& field, std::int16_t highest);
 
 // A read-only property without indices.
 template <typename Get>

@@ -46,7 +46,7 @@ Variant PictureBox::dispatch(int id, const MemberCall& call) {
         case Image: return readOnlyProperty(call, [&] { return Variant(ObjectRef(image())); });
         case AutoRedraw: return flagProperty(call, autoRedraw);
         case AutoSize: return flagProperty(call, autoSize);
-        case ScaleMode: return scaleModeProperty(call, scaleMode);
+        case ScaleMode: return choiceProperty(call, scaleMode, 7);
         case HDC: return readOnlyProperty(call, [&] { return Variant(hdc_); });
         case Cls: call.arguments(0, 0); return image_.reset(), Variant();
     }

@@ -40,10 +40,7 @@ Function Joined(items)
 End Function
 
 Dim cn, lista, codigos, rs, adjunto, leidos
-Set cn = CreateObject("ADODB.Connection")
-' A client cursor counts its rows, as the list loaders need.
-cn.CursorLocation = 3
-cn.Open "Driver={SQLite3};Database=" & TestDatabase & ";"
+Set cn = OpenTestDatabase()
 cn.Execute "CREATE TABLE clientes (codigo INTEGER, nombre TEXT)"
 cn.Execute "INSERT INTO clientes VALUES (7, 'Ana'), (12, 'Luis'), (9, 'María')"
 

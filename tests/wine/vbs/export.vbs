@@ -54,10 +54,7 @@ Class MSFlexGrid
 End Class
 
 Dim cn, tabla
-Set cn = CreateObject("ADODB.Connection")
-' A client cursor counts its rows, as the grid loader needs.
-cn.CursorLocation = 3
-cn.Open "Driver={SQLite3};Database=" & TestDatabase & ";"
+Set cn = OpenTestDatabase()
 cn.Execute "CREATE TABLE productos (codigo INTEGER, nombre TEXT, precio REAL)"
 cn.Execute "INSERT INTO productos VALUES (7, 'Jabón de avena', 12.5), (12, 'Café molido', 3.25), (30, 'Ñame', 0.75)"
 

@@ -32,3 +32,11 @@ Sub Done(name)
     WScript.Echo name & ": " & checks & " checks, " & failures & " failed"
     WScript.Quit failures
 End Sub
+
+' A connection to the script's own database on the test ADO server, with a
+' client cursor: it counts its rows, as the list and grid loaders need.
+Function OpenTestDatabase()
+    Set OpenTestDatabase = CreateObject("ADODB.Connection")
+    OpenTestDatabase.CursorLocation = 3
+    OpenTestDatabase.Open "Driver={SQLite3};Database=" & TestDatabase & ";"
+End Function
