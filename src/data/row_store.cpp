@@ -1,27 +1,13 @@
 #include "data/row_store.h"
 
 #include <bit>
-#include <cstring>
-#include <limits>
 
 #include "data/byte_array.h"
 #include "runtime/error.h"
+#include "runtime/ustring.h"
 
 namespace telvaro::data {
 
-namespace {
-
-// Texts and byte strings: the offset into the column's buffer in the high
-// half of the payload, the length in the low half.
-std::uint64_t span(std::size_t offset, std::size_t length) {
-    constexpr std::size_t kLimit = std::numeric_limits<std::uint32_t>::max();
-    if (offset > kLimit || length > kLimit) raise(err::OutOfMemory);
-    return (std::uint64_t(offset) << 32) | std::uint64_t(length);
-}
-std::size_t offsetOf(std::uint64_t payload) { return static_cast<std::size_t>(payload >> 32); }
-std::size_t lengthOf(std::uint64_t payload) { return static_cast<std::size_t>(payload & 0xFFFFFFFFu); }
-
-}  // namespace
 
 RowStore::RowStore(std::size_t columns) : columns_(columns) {}
 
@@ -66,23 +52,25 @@ void RowStore::setDecimal(std::size_t column, const Decimal& value) {
 
 void RowStore::setText(std::size_t column, StringView text) {
     Column& c = columns_.at(column);
-    const std::uint64_t payload = span(c.text.size(), text.size());
-    c.text.append(text);
-    set(column, CellKind::Text, payload);
+    set(column, CellKind::Text, c.texts.append(std::span<const char16_t>(text.data(), text.size())));
+}
+
+void RowStore::setUtf8Text(std::size_t column, std::string_view text) {
+    Column& c = columns_.at(column);
+    set(column, CellKind::Utf8Text, c.utf8Texts.append(std::span<const char>(text.data(), text.size())));
 }
 
 void RowStore::setBytes(std::size_t column, std::span<const std::uint8_t> bytes) {
     Column& c = columns_.at(column);
-    const std::uint64_t payload = span(c.bytes.size(), bytes.size());
-    c.bytes.insert(c.bytes.end(), bytes.begin(), bytes.end());
-    set(column, CellKind::Bytes, payload);
+    set(column, CellKind::Bytes, c.bytes.append(bytes));
 }
 
 void RowStore::clear() {
     for (auto& column : columns_) {
         column.kinds.clear();
         column.payloads.clear();
-        column.text.clear();
+        column.texts.clear();
+        column.utf8Texts.clear();
         column.bytes.clear();
         column.decimals.clear();
     }
@@ -109,9 +97,15 @@ Variant RowStore::value(std::size_t row, std::size_t column) const {
         case CellKind::Boolean: return Variant(Boolean(p != 0));
         case CellKind::Byte: return Variant(static_cast<std::uint8_t>(p));
         case CellKind::Decimal: return Variant(c.decimals[static_cast<std::size_t>(p)]);
-        case CellKind::Text: return Variant(String(c.text, offsetOf(p), lengthOf(p)));
-        case CellKind::Bytes:
-            return byteArray(std::span<const std::uint8_t>(c.bytes.data() + offsetOf(p), lengthOf(p)));
+        case CellKind::Text: {
+            const auto text = c.texts.view(p);
+            return Variant(String(text.data(), text.size()));
+        }
+        case CellKind::Utf8Text: {
+            const auto text = c.utf8Texts.view(p);
+            return Variant(fromUtf8(std::string_view(text.data(), text.size())));
+        }
+        case CellKind::Bytes: return byteArray(c.bytes.view(p));
     }
     return Variant(Null{});
 }
@@ -129,8 +123,13 @@ std::int32_t RowStore::actualSize(std::size_t row, std::size_t column) const {
         case CellKind::Currency:
         case CellKind::Date: return 8;
         case CellKind::Decimal: return 16;
-        case CellKind::Text: return static_cast<std::int32_t>(std::min<std::size_t>(lengthOf(p) * 2, INT32_MAX));
-        case CellKind::Bytes: return static_cast<std::int32_t>(std::min<std::size_t>(lengthOf(p), INT32_MAX));
+        case CellKind::Text: return static_cast<std::int32_t>(std::min<std::size_t>(c.texts.view(p).size() * 2, INT32_MAX));
+        case CellKind::Utf8Text: {
+            const auto text = c.utf8Texts.view(p);
+            const std::size_t units = fromUtf8(std::string_view(text.data(), text.size())).size();
+            return static_cast<std::int32_t>(std::min<std::size_t>(units * 2, INT32_MAX));
+        }
+        case CellKind::Bytes: return static_cast<std::int32_t>(std::min<std::size_t>(c.bytes.view(p).size(), INT32_MAX));
     }
     return 0;
 }
@@ -138,8 +137,8 @@ std::int32_t RowStore::actualSize(std::size_t row, std::size_t column) const {
 std::size_t RowStore::memoryUsed() const {
     std::size_t total = sizeof(*this) + columns_.capacity() * sizeof(Column);
     for (const auto& c : columns_) {
-        total += c.kinds.capacity() * sizeof(CellKind) + c.payloads.capacity() * sizeof(std::uint64_t) +
-                 c.text.capacity() * sizeof(char16_t) + c.bytes.capacity() + c.decimals.capacity() * sizeof(Decimal);
+        total += c.kinds.memoryUsed() + c.payloads.memoryUsed() + c.texts.memoryUsed() + c.utf8Texts.memoryUsed() + c.bytes.memoryUsed() +
+                 c.decimals.memoryUsed();
     }
     return total;
 }

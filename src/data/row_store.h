@@ -1,19 +1,35 @@
 // The rows a recordset holds, stored by column: per cell one byte of kind
-// and eight bytes of payload; texts and byte strings go to one buffer per
+// and eight bytes of payload; texts and byte strings go to paged buffers per
 // column, so a row set costs about nine bytes a cell plus its texts, never
-// one Variant a cell or a byte. Values become Variants only when read.
+// one Variant a cell or a byte, and growing never copies the rows already
+// read. Values become Variants only when read.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <vector>
 
+#include "data/paged_store.h"
 #include "runtime/variant.h"
 
 namespace telvaro::data {
 
-enum class CellKind : std::uint8_t { Null, Integer, Long, Double, Currency, Date, Boolean, Byte, Decimal, Text, Bytes };
+enum class CellKind : std::uint8_t {
+    Null,
+    Integer,
+    Long,
+    Double,
+    Currency,
+    Date,
+    Boolean,
+    Byte,
+    Decimal,
+    Text,
+    Utf8Text,
+    Bytes
+};
 
 class RowStore {
 public:
@@ -35,6 +51,9 @@ public:
     void setByte(std::size_t column, std::uint8_t value);
     void setDecimal(std::size_t column, const Decimal& value);
     void setText(std::size_t column, StringView text);
+    // A text as a provider gives it in UTF-8: kept so (half the room for
+    // most texts) and made UTF-16 only when read.
+    void setUtf8Text(std::size_t column, std::string_view text);
     void setBytes(std::size_t column, std::span<const std::uint8_t> bytes);
 
     // Drops every row and keeps the buffers for the next ones.
@@ -51,11 +70,12 @@ public:
 
 private:
     struct Column {
-        std::vector<CellKind> kinds;
-        std::vector<std::uint64_t> payloads;
-        String text;
-        std::vector<std::uint8_t> bytes;
-        std::vector<Decimal> decimals;
+        PagedVector<CellKind> kinds;
+        PagedVector<std::uint64_t> payloads;
+        PagedRuns<char16_t> texts;
+        PagedRuns<char> utf8Texts;
+        PagedRuns<std::uint8_t> bytes;
+        PagedVector<Decimal, 256> decimals;
     };
     void set(std::size_t column, CellKind kind, std::uint64_t payload);
     const Column& cellColumn(std::size_t row, std::size_t column) const;

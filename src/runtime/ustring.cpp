@@ -8,6 +8,16 @@ String fromUtf8(std::string_view in) {
     std::size_t i = 0;
     while (i < in.size()) {
         unsigned char c = static_cast<unsigned char>(in[i]);
+        if (c < 0x80) {
+            // A run of ASCII goes across in one step.
+            std::size_t end = i + 1;
+            while (end < in.size() && static_cast<unsigned char>(in[end]) < 0x80) ++end;
+            const std::size_t at = out.size();
+            out.resize(at + (end - i));
+            for (std::size_t k = i; k < end; ++k) out[at + (k - i)] = static_cast<char16_t>(in[k]);
+            i = end;
+            continue;
+        }
         char32_t cp = 0xFFFD;
         std::size_t extra = 0;
         if (c < 0x80) {

@@ -150,7 +150,8 @@ void SheetData::spillRows(std::int32_t keep) {
             return;
         }
     }
-    std::vector<char> bytes;
+    std::vector<char>& bytes = spillBuffer_;
+    bytes.clear();
     std::vector<std::pair<std::size_t, std::uint32_t>> sent;  // (row index, record size)
     std::size_t r = spillScan_;
     std::size_t left = heldCells_;
@@ -256,7 +257,11 @@ std::uint32_t SheetData::storeText(std::string_view utf8) {
     const std::size_t needed = utf8.size() + 1;
     if (texts_.empty() || texts_.back().size() + needed > texts_.back().capacity()) {
         if (texts_.size() >= (std::size_t{1} << (32 - kPageBits))) raise(err::OutOfMemory);
-        texts_.emplace_back().reserve(std::max(kPage, needed));
+        // A page let go of earlier is used again rather than fresh memory.
+        std::string& fresh = texts_.emplace_back();
+        if (sparePage_.capacity() >= needed) fresh.swap(sparePage_);
+        fresh.clear();
+        fresh.reserve(std::max(kPage, needed));
         pageLive_.push_back(0);
     }
     std::string& page = texts_.back();
@@ -271,7 +276,10 @@ std::uint32_t SheetData::storeText(std::string_view utf8) {
 void SheetData::releaseText(const Cell& cell) {
     if (cell.kind != CellKind::Text) return;
     const std::size_t page = cell.text.offset >> kPageBits;
-    if (--pageLive_[page] == 0 && page + 1 < texts_.size()) std::string().swap(texts_[page]);
+    if (--pageLive_[page] == 0 && page + 1 < texts_.size()) {
+        if (texts_[page].capacity() > sparePage_.capacity()) sparePage_.swap(texts_[page]);
+        std::string().swap(texts_[page]);
+    }
 }
 
 void SheetData::store(Cell& cell, const CellValue& value) {
@@ -412,6 +420,7 @@ void SheetData::forEachCell(const std::function<void(std::int32_t row, const Cel
 std::size_t SheetData::memoryInUse() const {
     std::size_t bytes = rows_.memoryInUse() + styles_.size() * sizeof(CellStyle) * 3;
     for (const std::string& page : texts_) bytes += page.capacity();
+    bytes += sparePage_.capacity() + spillBuffer_.capacity();
     bytes += spills_.capacity() * sizeof(SpillEntry) + readTexts_.capacity() + readCells_.capacity() * sizeof(Cell);
     bytes += rules_.size() * sizeof(StyleRule) + pending_.size() * 64;
     for (const auto& [column, info] : columns_) bytes += sizeof(ColumnInfo) + 48 + info.changes.size() * 48;

@@ -197,6 +197,7 @@ private:
     std::vector<std::string> texts_;
     std::string utf8_;                     // a text being stored, in UTF-8: one buffer for them all
     std::vector<std::uint32_t> pageLive_;  // text cells held per page
+    std::string sparePage_;                // a freed page's memory, kept for the next page
 
     std::filesystem::path spillFolder_;
     std::unique_ptr<SpillFile> spillFile_;
@@ -204,6 +205,7 @@ private:
     std::size_t heldCells_ = 0;
     std::size_t spillScan_ = 0;  // rows below are away or empty
     std::vector<SpillEntry> spills_;
+    std::vector<char> spillBuffer_;  // the rows being sent, kept between sends
     using PendingKey = std::tuple<StyleId, std::int32_t, std::uint64_t, std::uint32_t>;
     mutable std::map<PendingKey, StyleId> pending_;
     mutable std::vector<std::pair<PendingKey, StyleId>> lastPending_;  // by column: the last answer

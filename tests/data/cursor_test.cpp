@@ -73,5 +73,31 @@ TEST(Cursors, MovesCountsAndPositions) {
     }
 }
 
+// Enough rows and text to fill many pages of the row store, with texts long
+// enough to get pages of their own: every value reads back as stored, on a
+// loaded cursor and on one that reads a row at a time.
+TEST(Cursors, LongResultsReadBackExactly) {
+    const std::vector<String> setup = {
+        u"CREATE TABLE t (id INTEGER, name TEXT)",
+        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 6000) "
+        u"INSERT INTO t SELECT i, 'ñ' || printf('%.*c', CASE WHEN i % 1500 = 0 THEN 20000 ELSE i % 300 + 1 END, 'x') "
+        u"FROM n"};
+    for (const std::int32_t location : {3, 2}) {
+        SCOPED_TRACE("location " + std::to_string(location));
+        ObjectRef rs = openRecordset(memoryConnection(setup, location), u"SELECT id, name FROM t ORDER BY id");
+        std::int32_t rows = 0;
+        while (!toBoolean(rs->get(u"EOF")).isTrue()) {
+            ++rows;
+            const std::size_t length = rows % 1500 == 0 ? 20000 : static_cast<std::size_t>(rows % 300 + 1);
+            const ObjectRef name = rs->get(u"Fields", {Variant(1)}).get<ObjectRef>();
+            ASSERT_EQ(toLong(rs->get(u"Fields", {Variant(0)}).get<ObjectRef>()->get(u"Value")), rows);
+            ASSERT_EQ(name->get(u"Value").get<String>(), u"ñ" + String(length, u'x')) << "row " << rows;
+            ASSERT_EQ(toLong(name->get(u"ActualSize")), static_cast<std::int32_t>(2 * (length + 1)));
+            rs->call(u"MoveNext");
+        }
+        EXPECT_EQ(rows, 6000);
+    }
+}
+
 }  // namespace
 }  // namespace telvaro::data::testing

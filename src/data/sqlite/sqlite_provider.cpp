@@ -172,10 +172,11 @@ private:
                 }
                 case SQLITE_FLOAT: rows.setDouble(i, sqlite3_column_double(s, c)); break;
                 case SQLITE_TEXT: {
-                    const void* text = sqlite3_column_text16(s, c);
+                    // Kept in the database's own UTF-8.
+                    const unsigned char* text = sqlite3_column_text(s, c);
                     if (!text) raise(err::OutOfMemory);
-                    const auto units = static_cast<std::size_t>(sqlite3_column_bytes16(s, c)) / 2;
-                    rows.setText(i, StringView(static_cast<const char16_t*>(text), units));
+                    const auto bytes = static_cast<std::size_t>(sqlite3_column_bytes(s, c));
+                    rows.setUtf8Text(i, std::string_view(reinterpret_cast<const char*>(text), bytes));
                     break;
                 }
                 case SQLITE_BLOB: {
