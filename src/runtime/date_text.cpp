@@ -71,12 +71,13 @@ constexpr StringView kSpanishDays[] = {u"domingo", u"lunes", u"martes", u"miérc
 // stands for: the regional month names and abbreviations, the Spanish and
 // English month names or their first three letters, "setiembre" and "set"
 // (the other Spanish spelling of September), and the same for the days. A
-// word then takes one look-up however many names there are.
+// word then takes one look-up however many names there are. The
+// configuration's separators are kept with them.
 class DateWords {
 public:
     static constexpr int kDay = 13;
 
-    explicit DateWords(const RegionalSettings& s) {
+    explicit DateWords(const RegionalSettings& s) : marks_(s) {
         // Added from the weakest claim to the strongest, each overwriting:
         // a month beats a day of the same name, an earlier month a later one.
         for (std::size_t d = 0; d < 7; ++d) {
@@ -95,6 +96,9 @@ public:
             add(s.monthNames[i], m + 1);
         }
     }
+
+    // The separators of the same configuration, kept with its words.
+    const Separators& marks() const { return marks_; }
 
     // 1 to 12 for a month, kDay for a day, 0 for neither.
     int lookUp(StringView word) const {
@@ -130,6 +134,7 @@ private:
         using is_transparent = void;
         std::size_t operator()(StringView v) const { return std::hash<StringView>{}(v); }
     };
+    Separators marks_;
     std::unordered_map<String, int, Hash, std::equal_to<>> words_;
     std::size_t longest_ = 0;
 };
@@ -234,8 +239,8 @@ bool readTime(StringView t, std::size_t& i, int hour, const Separators& marks, D
 }
 
 bool tokenize(StringView t, const RegionalSettings& s, DateText& p) {
-    const Separators marks(s);
     const DateWordsFor words(s);
+    const Separators& marks = (*words).marks();
     std::size_t i = 0;
     bool numberJustBefore = false;
     while (i < t.size()) {

@@ -77,9 +77,19 @@ std::uint64_t SheetData::rulesCovering(std::int32_t row, std::int32_t column) co
 
 // A place no rule covers starts with its column's style; one a rule covers,
 // with every change that covers it, applied to the default look in order.
+// Places of a column under the same rules start alike until the next
+// change, so the answer is kept per column.
 StyleId SheetData::startingStyle(std::int32_t row, std::int32_t column) const {
-    if (rules_.empty() || rulesCovering(row, column) == 0) return columnStyle(column);
-    return pendingStyle(kDefaultStyle, row, column, 0);
+    if (rules_.empty()) return columnStyle(column);
+    const std::uint64_t rules = rulesCovering(row, column);
+    if (rules == 0) return columnStyle(column);
+    const auto place = static_cast<std::size_t>(column);
+    if (place < lastStarting_.size() && lastStarting_[place].order == nextOrder_ && lastStarting_[place].rules == rules)
+        return lastStarting_[place].style;
+    const StyleId style = pendingStyle(kDefaultStyle, row, column, 0);
+    if (place >= lastStarting_.size()) lastStarting_.resize(place + 1);
+    lastStarting_[place] = {nextOrder_, rules, style};
+    return style;
 }
 
 Cell& SheetData::cellAt(std::int32_t row, std::int32_t column) {

@@ -23,6 +23,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <limits>
 #include <map>
 #include <memory>
 #include <string>
@@ -209,6 +210,12 @@ private:
     using PendingKey = std::tuple<StyleId, std::int32_t, std::uint64_t, std::uint32_t>;
     mutable std::map<PendingKey, StyleId> pending_;
     mutable std::vector<std::pair<PendingKey, StyleId>> lastPending_;  // by column: the last answer
+    struct StartingStyle {
+        std::uint32_t order = std::numeric_limits<std::uint32_t>::max();  // nextOrder_ when it was found
+        std::uint64_t rules = 0;
+        StyleId style = kDefaultStyle;
+    };
+    mutable std::vector<StartingStyle> lastStarting_;  // by column: the last starting style found
     mutable std::vector<Cell> readCells_;
     mutable std::vector<char> readTexts_;
 };
