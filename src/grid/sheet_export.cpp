@@ -35,8 +35,12 @@ void ExportProgress::step(const std::function<Variant()>& total) {
     if (!form_) return;
     onError_([&] { form_->setValue(Variant(Int32::of(toLong(form_->value()) + std::int64_t{1}).value())); });
     onError_([&] {
-        form_->setCaption(
-            Variant(u"Progreso . . .      (" + toString(form_->value()) + u" de " + toString(total()) + u")"));
+        String caption = u"Progreso . . .      (";
+        caption += toString(form_->value());
+        caption += u" de ";
+        caption += toString(total());
+        caption += u')';
+        form_->setCaption(Variant(std::move(caption)));
     });
 }
 

@@ -129,6 +129,8 @@ std::int16_t toInteger(const Variant& v) {
 
 std::int32_t toLong(const Variant& v) {
     switch (v.type()) {
+        case VarType::Long: return v.get<std::int32_t>();
+        case VarType::Integer: return v.get<std::int16_t>();
         case VarType::Double:
         case VarType::Date:
         case VarType::String:

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <new>
 
 #include "runtime/error.h"
 
@@ -40,10 +42,24 @@ Variant invokeListed(Object& object, StringView member, InvokeKind kind, std::in
         if (last) args.push_back(std::move(*last));
         return object.invoke(member, kind, args);
     }
-    std::array<Variant, kFewArguments> args;
-    std::copy(listed.begin(), listed.end(), args.begin());
-    if (last) args[listed.size()] = std::move(*last);
-    return object.invoke(member, kind, std::span<Variant>(args.data(), count));
+    // Only the arguments given are made (and unmade).
+    struct Arguments {
+        alignas(Variant) std::byte room[kFewArguments * sizeof(Variant)];
+        std::size_t made = 0;
+        Variant* at(std::size_t i) { return std::launder(reinterpret_cast<Variant*>(room) + i); }
+        ~Arguments() {
+            while (made > 0) at(--made)->~Variant();
+        }
+    } args;
+    for (const Variant& v : listed) {
+        new (reinterpret_cast<Variant*>(args.room) + args.made) Variant(v);
+        ++args.made;
+    }
+    if (last) {
+        new (reinterpret_cast<Variant*>(args.room) + args.made) Variant(std::move(*last));
+        ++args.made;
+    }
+    return object.invoke(member, kind, std::span<Variant>(count ? args.at(0) : nullptr, count));
 }
 
 }  // namespace

@@ -174,22 +174,24 @@ void SheetData::spillRows(std::int32_t keep) {
         for (const Cell& cell : cells)
             if (cell.kind == CellKind::Text) textBytes += cell.text.length + 1;
         const auto count = static_cast<std::uint32_t>(cells.size());
-        bytes.resize(start + sizeof count + sizeof textBytes + count * sizeof(Cell) + textBytes);
-        char* out = bytes.data() + start;
-        std::memcpy(out, &count, sizeof count);
-        std::memcpy(out + sizeof count, &textBytes, sizeof textBytes);
-        char* outCells = out + sizeof count + sizeof textBytes;
-        char* outTexts = outCells + count * sizeof(Cell);
+        // The record: the counts, the cells (a text cell's offset now
+        // counting in the record's texts), then the texts.
+        const auto append = [&bytes](const void* from, std::size_t size) {
+            const char* first = static_cast<const char*>(from);
+            bytes.insert(bytes.end(), first, first + size);
+        };
+        append(&count, sizeof count);
+        append(&textBytes, sizeof textBytes);
         std::uint32_t used = 0;
-        for (std::uint32_t i = 0; i < count; ++i) {
-            Cell cell = cells[i];
+        for (Cell cell : cells) {
             if (cell.kind == CellKind::Text) {
-                std::memcpy(outTexts + used, textOf(RowView{}, cell), cell.text.length + 1);
                 cell.text.offset = used;
                 used += cell.text.length + 1;
             }
-            std::memcpy(outCells + i * sizeof(Cell), static_cast<const void*>(&cell), sizeof cell);
+            append(&cell, sizeof cell);
         }
+        for (const Cell& cell : cells)
+            if (cell.kind == CellKind::Text) append(textOf(RowView{}, cell), cell.text.length + 1);
         sent.emplace_back(r, static_cast<std::uint32_t>(bytes.size() - start));
         left -= cells.size();
     }
