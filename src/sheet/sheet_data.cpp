@@ -264,23 +264,37 @@ StyleId SheetData::pendingStyle(StyleId style, std::int32_t row, std::int32_t co
     return id;
 }
 
-std::uint32_t SheetData::storeText(std::string_view utf8) {
+std::string& SheetData::pageWithRoom(std::size_t bytes) {
     constexpr std::size_t kPage = std::size_t{1} << kPageBits;
-    const std::size_t needed = utf8.size() + 1;
-    if (texts_.empty() || texts_.back().size() + needed > texts_.back().capacity()) {
+    if (texts_.empty() || texts_.back().size() + bytes > texts_.back().capacity()) {
         if (texts_.size() >= (std::size_t{1} << (32 - kPageBits))) raise(err::OutOfMemory);
         // A page let go of earlier is used again rather than fresh memory.
         std::string& fresh = texts_.emplace_back();
-        if (sparePage_.capacity() >= needed) fresh.swap(sparePage_);
+        if (sparePage_.capacity() >= bytes) fresh.swap(sparePage_);
         fresh.clear();
-        fresh.reserve(std::max(kPage, needed));
+        fresh.reserve(std::max(kPage, bytes));
         pageLive_.push_back(0);
     }
-    std::string& page = texts_.back();
+    ++pageLive_.back();
+    return texts_.back();
+}
+
+std::uint32_t SheetData::storeText(std::string_view utf8) {
+    std::string& page = pageWithRoom(utf8.size() + 1);
     const auto offset = static_cast<std::uint32_t>(((texts_.size() - 1) << kPageBits) | page.size());
     page += utf8;
     page += '\0';
-    ++pageLive_.back();
+    return offset;
+}
+
+// Encoded straight into the page: a UTF-16 unit takes at most three bytes.
+std::uint32_t SheetData::storeText(StringView text, std::uint32_t& length) {
+    std::string& page = pageWithRoom(text.size() * 3 + 1);
+    const std::size_t start = page.size();
+    const auto offset = static_cast<std::uint32_t>(((texts_.size() - 1) << kPageBits) | start);
+    appendUtf8(page, text);
+    length = static_cast<std::uint32_t>(page.size() - start);
+    page += '\0';
     return offset;
 }
 
@@ -297,11 +311,8 @@ void SheetData::releaseText(const Cell& cell) {
 void SheetData::store(Cell& cell, const CellValue& value) {
     releaseText(cell);
     if (value.kind == CellKind::Text) {
-        utf8_.clear();
-        appendUtf8(utf8_, value.text);
-        if (utf8_.size() > std::numeric_limits<std::uint32_t>::max() / 2) raise(err::OutOfMemory);
-        cell.text.offset = storeText(utf8_);
-        cell.text.length = static_cast<std::uint32_t>(utf8_.size());
+        if (value.text.size() > std::numeric_limits<std::uint32_t>::max() / 6) raise(err::OutOfMemory);
+        cell.text.offset = storeText(value.text, cell.text.length);
     } else {
         cell.number = value.number;
     }

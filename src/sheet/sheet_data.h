@@ -174,7 +174,9 @@ private:
     const Cell* findCell(const RowView& view, std::int32_t column) const;
     const char* textOf(const RowView& view, const Cell& cell) const;
     void store(Cell& cell, const CellValue& value);
+    std::string& pageWithRoom(std::size_t bytes);
     std::uint32_t storeText(std::string_view utf8);
+    std::uint32_t storeText(StringView text, std::uint32_t& length);
     void releaseText(const Cell& cell);
     bool away(std::size_t row) const { return row <= spills_.size() && spills_[row - 1].away(); }
     void spillRows(std::int32_t keep);
@@ -196,7 +198,6 @@ private:
     // may add it.
     mutable StyleTable styles_;
     std::vector<std::string> texts_;
-    std::string utf8_;                     // a text being stored, in UTF-8: one buffer for them all
     std::vector<std::uint32_t> pageLive_;  // text cells held per page
     std::string sparePage_;                // a freed page's memory, kept for the next page
 
