@@ -33,7 +33,19 @@ void ExportProgress::start(const Variant& maximum) {
 
 void ExportProgress::step(const std::function<Variant()>& total) {
     if (!form_) return;
-    onError_([&] { form_->setValue(Variant(Int32::of(toLong(form_->value()) + std::int64_t{1}).value())); });
+    // A bar that refused a value refuses it again while it still reads the
+    // value it read then: nothing else sets the bar while the rows are
+    // copied. A long export without a count (Max stays 100) so does not
+    // raise and skip one error a row.
+    std::optional<std::int32_t> next;
+    bool set = false;
+    onError_([&] {
+        next = Int32::of(toLong(form_->value()) + std::int64_t{1}).value();
+        if (next == refused_) return;
+        form_->setValue(Variant(*next));
+        set = true;
+    });
+    if (next && !set) refused_ = next;
     onError_([&] {
         String caption = u"Progreso . . .      (";
         caption += toString(form_->value());

@@ -64,6 +64,7 @@ public:
 private:
     SkipErrors& onError_;
     std::optional<callers::ProgressForm> form_;
+    std::optional<std::int32_t> refused_;  // the value the bar last refused
 };
 
 }  // namespace telvaro::grid

@@ -120,5 +120,25 @@ TEST(QueryExport, BadQueriesAndListsReachTheCaller) {
     }
 }
 
+// On a server cursor the count is -1: the bar refuses that maximum and keeps
+// 100, counts the first 100 records and then refuses every further value,
+// each refusal skipped; the caption keeps telling the bar's value.
+TEST(QueryExport, ProgressWithoutACountStopsAtTheBarsMaximum) {
+    Session session;
+    (void)host::takeExportReport();
+    const Outcome out = session.run("ExportExcelReg", {Variant(clientConnection(150, 2)), v(u"Codigo"), v(u"8"),
+                                                       v(u"SELECT codigo FROM clientes"), v(u"Clientes")});
+    ASSERT_EQ(out.error, 0) << toUtf8(out.description);
+    ASSERT_EQ(host::takeExportReport().files.size(), 1u);
+    const std::string step = "Caption=Progreso . . .      (";
+    std::vector<std::string> expected = {"Load", "PB.Value=0", "Show", "ZOrder 0"};
+    for (int k = 1; k <= 150; ++k) {
+        if (k <= 100) expected.push_back("PB.Value=" + std::to_string(k));
+        expected.push_back(step + std::to_string(std::min(k, 100)) + " de -1)");
+    }
+    expected.push_back("Unload");
+    EXPECT_EQ(session.progress(), expected);
+}
+
 }  // namespace
 }  // namespace telvaro::dbtest
