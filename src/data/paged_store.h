@@ -15,6 +15,14 @@
 
 namespace telvaro::data {
 
+// The bytes the pages hold room for.
+template <typename T>
+std::size_t pagesMemory(const std::vector<std::vector<T>>& pages) {
+    std::size_t bytes = pages.capacity() * sizeof(pages[0]);
+    for (const auto& page : pages) bytes += page.capacity() * sizeof(T);
+    return bytes;
+}
+
 // A sequence of T indexed like a vector.
 template <typename T, std::size_t PageSize = 4096>
 class PagedVector {
@@ -41,11 +49,7 @@ public:
         size_ = 0;
     }
 
-    std::size_t memoryUsed() const {
-        std::size_t bytes = pages_.capacity() * sizeof(pages_[0]);
-        for (const auto& page : pages_) bytes += page.capacity() * sizeof(T);
-        return bytes;
-    }
+    std::size_t memoryUsed() const { return pagesMemory(pages_); }
 
 private:
     std::vector<std::vector<T>> pages_;
@@ -95,11 +99,7 @@ public:
         open_ = pages_.empty() ? kNone : 0;
     }
 
-    std::size_t memoryUsed() const {
-        std::size_t bytes = pages_.capacity() * sizeof(pages_[0]);
-        for (const auto& page : pages_) bytes += page.capacity() * sizeof(T);
-        return bytes;
-    }
+    std::size_t memoryUsed() const { return pagesMemory(pages_); }
 
 private:
     // A handle: the page, the place in it and the length (all ones: the

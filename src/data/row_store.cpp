@@ -8,7 +8,6 @@
 
 namespace telvaro::data {
 
-
 RowStore::RowStore(std::size_t columns) : columns_(columns) {}
 
 void RowStore::addRow() {
@@ -123,13 +122,15 @@ std::int32_t RowStore::actualSize(std::size_t row, std::size_t column) const {
         case CellKind::Currency:
         case CellKind::Date: return 8;
         case CellKind::Decimal: return 16;
-        case CellKind::Text: return static_cast<std::int32_t>(std::min<std::size_t>(c.texts.view(p).size() * 2, INT32_MAX));
+        case CellKind::Text:
+            return static_cast<std::int32_t>(std::min<std::size_t>(c.texts.view(p).size() * 2, INT32_MAX));
         case CellKind::Utf8Text: {
             const auto text = c.utf8Texts.view(p);
             const std::size_t units = fromUtf8(std::string_view(text.data(), text.size())).size();
             return static_cast<std::int32_t>(std::min<std::size_t>(units * 2, INT32_MAX));
         }
-        case CellKind::Bytes: return static_cast<std::int32_t>(std::min<std::size_t>(c.bytes.view(p).size(), INT32_MAX));
+        case CellKind::Bytes:
+            return static_cast<std::int32_t>(std::min<std::size_t>(c.bytes.view(p).size(), INT32_MAX));
     }
     return 0;
 }
@@ -137,8 +138,8 @@ std::int32_t RowStore::actualSize(std::size_t row, std::size_t column) const {
 std::size_t RowStore::memoryUsed() const {
     std::size_t total = sizeof(*this) + columns_.capacity() * sizeof(Column);
     for (const auto& c : columns_) {
-        total += c.kinds.memoryUsed() + c.payloads.memoryUsed() + c.texts.memoryUsed() + c.utf8Texts.memoryUsed() + c.bytes.memoryUsed() +
-                 c.decimals.memoryUsed();
+        total += c.kinds.memoryUsed() + c.payloads.memoryUsed() + c.texts.memoryUsed() + c.utf8Texts.memoryUsed() +
+                 c.bytes.memoryUsed() + c.decimals.memoryUsed();
     }
     return total;
 }

@@ -1,9 +1,9 @@
 #include "runtime/object.h"
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
 #include <new>
+#include <utility>
+#include <vector>
 
 #include "runtime/error.h"
 
@@ -46,19 +46,15 @@ Variant invokeListed(Object& object, StringView member, InvokeKind kind, std::in
     struct Arguments {
         alignas(Variant) std::byte room[kFewArguments * sizeof(Variant)];
         std::size_t made = 0;
+        void add(const Variant& value) { new (room + made++ * sizeof(Variant)) Variant(value); }
+        void add(Variant&& value) { new (room + made++ * sizeof(Variant)) Variant(std::move(value)); }
         Variant* at(std::size_t i) { return std::launder(reinterpret_cast<Variant*>(room) + i); }
         ~Arguments() {
             while (made > 0) at(--made)->~Variant();
         }
     } args;
-    for (const Variant& v : listed) {
-        new (reinterpret_cast<Variant*>(args.room) + args.made) Variant(v);
-        ++args.made;
-    }
-    if (last) {
-        new (reinterpret_cast<Variant*>(args.room) + args.made) Variant(std::move(*last));
-        ++args.made;
-    }
+    for (const Variant& v : listed) args.add(v);
+    if (last) args.add(std::move(*last));
     return object.invoke(member, kind, std::span<Variant>(count ? args.at(0) : nullptr, count));
 }
 

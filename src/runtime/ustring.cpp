@@ -20,9 +20,7 @@ String fromUtf8(std::string_view in) {
         }
         char32_t cp = 0xFFFD;
         std::size_t extra = 0;
-        if (c < 0x80) {
-            cp = c;
-        } else if ((c & 0xE0) == 0xC0) {
+        if ((c & 0xE0) == 0xC0) {
             cp = c & 0x1F;
             extra = 1;
         } else if ((c & 0xF0) == 0xE0) {
